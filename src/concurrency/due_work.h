@@ -1,0 +1,24 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+
+#include <compare>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace tavrin {
+
+/// The order in which work runs: by due time, then by order of posting.
+struct DueKey {
+    double due; // seconds
+    std::uint64_t sequence;
+    auto operator<=>(const DueKey&) const = default;
+};
+
+/// Work whose copies share one state, as a timer needs that stays listed while its work runs.
+inline Work sharedWork(Work work) {
+    return [shared = std::make_shared<Work>(std::move(work))] { (*shared)(); };
+}
+
+} // namespace tavrin
