@@ -1,0 +1,25 @@
+#pragma once
+
+#include "desktop/desktop_file.h"
+#include "desktop/object_reader.h"
+
+namespace mac_model {
+
+// The parts of a desktop file, each from its JSON value. What is wrong goes to `FirstFault`; the value
+// returned after a fault is good for nothing.
+
+ApplicationSpec readApplication(const nlohmann::json&, const std::string& pointer, FirstFault&);
+std::vector<MenuItemSpec> readMenu(ObjectReader& owner, std::string_view key);
+std::vector<ScreenSpec> readScreens(const nlohmann::json&, const std::string& pointer, MacOSVersion,
+                                    FirstFault&);
+Uncertainties readUncertainties(const nlohmann::json&, const std::string& pointer, Uncertainties,
+                                FirstFault&);
+
+struct StoredPreferences {
+    PreferenceDomains ordinary;
+    PreferenceDomains byHost;
+};
+
+StoredPreferences readPreferences(const nlohmann::json&, const std::string& pointer, FirstFault&);
+
+} // namespace mac_model

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "platform/geometry.h"
+
+#include <nlohmann/json.hpp>
+
+namespace mac_model {
+
+// The shapes in which replies give numbers: seconds, whole ones without a fraction, frames as [x, y, width,
+// height].
+
+nlohmann::json number(double);
+nlohmann::json timeShape(tavrin::Seconds); // to the nanosecond
+nlohmann::json pointShape(tavrin::Point);
+nlohmann::json frameShape(tavrin::Rect);
+
+} // namespace mac_model

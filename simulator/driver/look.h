@@ -1,0 +1,14 @@
+#pragma once
+
+#include "driver/world_state.h"
+#include "model/mac.h"
+#include "surfaces/screen_content.h"
+
+#include <nlohmann/json.hpp>
+
+namespace mac_model {
+
+/// Everything that a person could see: the reply to "look".
+nlohmann::json lookAt(Mac&, const ScreenContent&, const WorldState&);
+
+} // namespace mac_model

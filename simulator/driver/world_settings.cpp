@@ -1,0 +1,188 @@
+#include "driver/world_settings.h"
+
+#include "desktop/desktop_loader.h"
+
+#include <array>
+#include <utility>
+
+namespace mac_model {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr double latencySecondsMax = 60;
+constexpr std::array<std::string_view, 3> behindNotchNames{"no", "presentItems", "allItems"};
+
+/// A message of the desktop file's readers names the place itself.
+void noteLine(const std::string& line, const std::string& pointer, FirstFault& faults) {
+    const auto prefix = line.find(": ");
+    if (line.starts_with(pointer) && prefix != std::string::npos)
+        return faults.note(line.substr(0, prefix), line.substr(prefix + 2));
+    faults.note(pointer, line);
+}
+
+std::string runningBundle(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    if (!value.is_string())
+        faults.note(pointer, "must be a bundle identifier, not " + std::string(kindOf(value)));
+    auto bundle = value.is_string() ? value.get<std::string>() : std::string();
+    if (value.is_string() && world.mac.processes().withBundle(bundle).empty())
+        faults.note(pointer, "names " + inQuotes(bundle) + ", which doesn't run");
+    return bundle;
+}
+
+bool flagOf(const json& value, const std::string& pointer, FirstFault& faults) {
+    if (!value.is_boolean()) faults.note(pointer, "must be true or false, not " + std::string(kindOf(value)));
+    return value.is_boolean() && value.get<bool>();
+}
+
+template <class Action>
+Change onBundle(World world, const json& value, const std::string& pointer, FirstFault& faults,
+                Action action) {
+    return [world, bundle = runningBundle(world, value, pointer, faults), action] {
+        // The check has found what these could fail for.
+        (void)action(world.mac, bundle);
+    };
+}
+
+Change quit(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return onBundle(world, value, pointer, faults,
+                    [](Mac& mac, const std::string& b) { return mac.quit(b); });
+}
+
+Change hang(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return onBundle(world, value, pointer, faults,
+                    [](Mac& mac, const std::string& b) { return mac.processes().hang(b); });
+}
+
+Change resume(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return onBundle(world, value, pointer, faults,
+                    [](Mac& mac, const std::string& b) { return mac.processes().resume(b); });
+}
+
+Change removeItem(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto bundle = runningBundle(world, value, pointer, faults);
+    bool hasItem = false;
+    for (const auto process : world.mac.processes().withBundle(bundle))
+        for (const auto* item : world.mac.statusArea().itemsOf(process)) hasItem = hasItem || item->isVisible;
+    if (!hasItem) faults.note(pointer, "names " + inQuotes(bundle) + ", which has no item in the menu bar");
+    return [world, bundle] { (void)world.mac.statusArea().removeItems(bundle); };
+}
+
+Change latency(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    std::vector<std::pair<std::string, double>> latencies;
+    ObjectReader reader(value, pointer, faults);
+    for (const auto& [bundle, seconds] : value.items()) {
+        if (!value.is_object()) break;
+        (void)runningBundle(world, bundle, reader.at(bundle), faults);
+        if (const auto number = reader.number(bundle, {0, latencySecondsMax}, Need::Required))
+            latencies.emplace_back(bundle, *number);
+    }
+    return [world, latencies] {
+        for (const auto& [bundle, seconds] : latencies)
+            (void)world.mac.processes().setLatency(bundle, tavrin::Seconds{seconds});
+    };
+}
+
+Change launch(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    auto application = parseApplication(value, pointer);
+    if (!application) {
+        noteLine(application.error(), pointer, faults);
+        return nullptr;
+    }
+    const int process = application->processIdentifier;
+    if (process != 0 && world.mac.processes().find(process))
+        faults.note(pointerTo(pointer, "processIdentifier"), "is in use");
+    return [world, application = *application] { (void)world.mac.processes().launch(application); };
+}
+
+Change screens(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    auto screens = parseScreens(value, pointer, world.mac.version());
+    if (!screens) {
+        noteLine(screens.error(), pointer, faults);
+        return nullptr;
+    }
+    return [world, screens = *screens] { world.mac.screens().set(screens); };
+}
+
+Change model(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    auto model = parseUncertainties(value, pointer, world.mac.uncertainties());
+    if (!model) {
+        noteLine(model.error(), pointer, faults);
+        return nullptr;
+    }
+    return [world, model = *model] { world.mac.setUncertainties(model); };
+}
+
+Change trusted(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return [world, isOn = flagOf(value, pointer, faults)] { world.mac.permission().setTrusted(isOn); };
+}
+
+/// A bundle, whose items of the moment go behind the notch, or bundles with what shall happen to their items.
+Change behindNotch(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    std::vector<std::pair<std::string, BehindNotch>> wanted;
+    if (value.is_object()) {
+        ObjectReader reader(value, pointer, faults);
+        for (const auto& [bundle, how] : value.items()) {
+            (void)runningBundle(world, bundle, reader.at(bundle), faults);
+            wanted.emplace_back(bundle, reader.choice(bundle, behindNotchNames, BehindNotch::No));
+        }
+    } else {
+        wanted.emplace_back(runningBundle(world, value, pointer, faults), BehindNotch::PresentItems);
+    }
+    const auto* primary = world.mac.screens().primary();
+    if (!primary || !primary->hasNotch())
+        faults.note(pointer, "needs a notch, and the primary screen has none");
+    return [world, wanted] {
+        for (const auto& [bundle, how] : wanted) (void)world.mac.statusArea().setBehindNotch(bundle, how);
+    };
+}
+
+Change refuseDrags(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return [world, bundle = runningBundle(world, value, pointer, faults)] {
+        world.mac.faults().refuseDrags.insert(bundle);
+    };
+}
+
+template <bool Faults::* Fault>
+Change fault(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return [world, isOn = flagOf(value, pointer, faults)] {
+        world.mac.faults().*Fault = isOn;
+        world.mac.statusArea().refresh();
+    };
+}
+
+Change visibilityService(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto index =
+        indexIn(visibilityServiceNames.data(), visibilityServiceNames.size(), value, pointer, faults);
+    return [world, service = static_cast<VisibilityService>(index.value_or(0))] {
+        world.state.visibilityService = service;
+    };
+}
+
+Change reducedMotion(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return [world, isOn = flagOf(value, pointer, faults)] { world.state.reducedMotion = isOn; };
+}
+
+constexpr std::array settings{WorldSetting{"model", model},
+                              WorldSetting{"occlusionLag", fault<&Faults::occlusionLag>},
+                              WorldSetting{"dropsOwnersOfLongItems", fault<&Faults::dropsOwnersOfLongItems>},
+                              WorldSetting{"screensVanishBriefly", fault<&Faults::screensVanishBriefly>},
+                              WorldSetting{"refuseDrags", refuseDrags},
+                              WorldSetting{"visibilityService", visibilityService},
+                              WorldSetting{"reducedMotion", reducedMotion},
+                              WorldSetting{"trusted", trusted},
+                              WorldSetting{"screens", screens},
+                              WorldSetting{"latency", latency},
+                              WorldSetting{"hang", hang},
+                              WorldSetting{"resume", resume},
+                              WorldSetting{"behindNotch", behindNotch},
+                              WorldSetting{"removeItem", removeItem},
+                              WorldSetting{"quit", quit},
+                              WorldSetting{"launch", launch}};
+
+} // namespace
+
+std::span<const WorldSetting> worldSettings() { return settings; }
+
+} // namespace mac_model

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "driver/arguments.h"
+#include "driver/world_state.h"
+#include "model/mac.h"
+
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <span>
+#include <string_view>
+
+namespace mac_model {
+
+/// Something to change that has passed all checks.
+using Change = std::function<void()>;
+
+struct World {
+    Mac& mac;
+    WorldState& state;
+};
+
+/// One key of the command "set".
+struct WorldSetting {
+    std::string_view key;
+    /// Checks the value and says what to do; after a fault the change is good for nothing.
+    Change (*prepare)(World, const nlohmann::json& value, const std::string& pointer, FirstFault&);
+};
+
+/// In the order in which the changes of one command happen.
+std::span<const WorldSetting> worldSettings();
+
+} // namespace mac_model

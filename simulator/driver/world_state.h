@@ -1,0 +1,13 @@
+#pragma once
+
+#include "desktop/desktop_file.h"
+
+namespace mac_model {
+
+/// What a driver has set that nothing on this Mac acts on yet.
+struct WorldState {
+    VisibilityService visibilityService = VisibilityService::Absent;
+    bool reducedMotion = false;
+};
+
+} // namespace mac_model

@@ -1,0 +1,228 @@
+#include "main_tour.h"
+
+#include "driver/tour.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace mac_model {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::string_view onboardingTitle = "Welcome to Tavrin";
+
+bool hasText(const json& node, std::string_view text) {
+    if (node.value("text", "") == text) return true;
+    return node.contains("children") &&
+           std::ranges::any_of(node["children"], [&](const json& child) { return hasText(child, text); });
+}
+
+bool shows(const Seen& seen, std::string_view text) {
+    return std::ranges::any_of(seen.look["surfaces"],
+                               [&](const json& surface) { return hasText(surface, text); });
+}
+
+bool hasWindow(const Seen& seen, std::string_view title) {
+    return std::ranges::any_of(seen.look["surfaces"],
+                               [&](const json& surface) { return surface.value("title", "") == title; });
+}
+
+std::ptrdiff_t countOffScreen(const Seen& seen) {
+    return std::ranges::count_if(seen.look["menuBar"],
+                                 [](const json& item) { return item.value("why", "") == "offscreen"; });
+}
+
+/// The name of the symbol on the program's control; empty while it has no item that is drawn.
+std::string controlSymbol(const Seen& seen, const std::string& bundle) {
+    for (const auto& item : seen.look["menuBar"])
+        if (item["owner"] == bundle && item.value("drawn", false) && item.contains("symbol"))
+            return item["symbol"];
+    return {};
+}
+
+bool isStored(const Seen& seen, const std::string& key, const json& value) {
+    return seen.defaults.contains(key) && seen.defaults[key] == value;
+}
+
+Expectation text(const std::string& words) {
+    return {"“" + words + "”", [words](const Seen& seen) { return shows(seen, words); }};
+}
+
+Expectation collapsed(const std::string& bundle) {
+    return {"the items are off the screen, and the control points right", [bundle](const Seen& seen) {
+                return countOffScreen(seen) > 0 && controlSymbol(seen, bundle) == "chevron.right.2";
+            }};
+}
+
+Expectation expanded(const std::string& bundle) {
+    return {"no item is off the screen, and the control points left", [bundle](const Seen& seen) {
+                return countOffScreen(seen) == 0 && controlSymbol(seen, bundle) == "chevron.left.2";
+            }};
+}
+
+Expectation noControl(const std::string& bundle) {
+    return {"Tavrin has no item in the menu bar", [bundle](const Seen& seen) {
+                return std::ranges::none_of(seen.look["menuBar"],
+                                            [&](const json& item) { return item["owner"] == bundle; });
+            }};
+}
+
+Expectation stored(const std::string& key, const json& value) {
+    return {key + " is " + value.dump(),
+            [key, value](const Seen& seen) { return isStored(seen, key, value); }};
+}
+
+Expectation window(std::string_view title) {
+    return {"the window “" + std::string(title) + "”",
+            [title](const Seen& seen) { return hasWindow(seen, title); }};
+}
+
+Expectation noWindow(std::string_view title) {
+    return {"the window “" + std::string(title) + "” is gone",
+            [title](const Seen& seen) { return !hasWindow(seen, title); }};
+}
+
+json press(const std::string& words) { return {{"do", "press"}, {"text", words}}; }
+
+json wait(double seconds) { return {{"do", "wait"}, {"seconds", seconds}}; }
+
+json click(const std::string& bundle, const std::string& button = "left") {
+    return {{"do", "click"}, {"item", bundle}, {"button", button}};
+}
+
+json key(const std::string& name, const json& modifiers = json::array()) {
+    return {{"do", "key"}, {"key", name}, {"modifiers", modifiers}};
+}
+
+const std::string hint = "Your menu bar items are tucked away here. Click to choose which ones show.";
+const std::string startCollapsed = "Skerrow.shouldStartCollapsed";
+
+std::vector<TourStep> onboarding(const std::string& bundle) {
+    return {
+        {"Tavrin starts for the first time and asks for Accessibility access.",
+         {wait(1)},
+         {window(onboardingTitle), text("Allow Tavrin to tidy your menu bar"), noControl(bundle)}},
+        {"Its button leads to System Settings.",
+         {press("Open System Settings")},
+         {window("Accessibility"), noControl(bundle)}},
+        {"The person turns Tavrin’s switch on, and Tavrin says farewell to the window.",
+         {press("Tavrin"), wait(1)},
+         {text("Accessibility is on. Tavrin is starting in your menu bar.")}},
+        {"The person closes System Settings. Tavrin has tucked all items away that can be, and says where.",
+         {key("w", {"command"}), wait(4)},
+         {noWindow(onboardingTitle),
+          noWindow("Accessibility"),
+          collapsed(bundle),
+          text(hint),
+          stored(startCollapsed, true),
+          {"Skerrow.hiddenItemIdentifiers names the hidden items",
+           [](const Seen& seen) {
+               return !seen.defaults.value("Skerrow.hiddenItemIdentifiers", json{}).empty();
+           }}}},
+    };
+}
+
+std::vector<TourStep> hidingAndRevealing(const std::string& bundle) {
+    return {
+        {"The first click on the control answers the hint: it opens the list of items instead of revealing "
+         "them.",
+         {click(bundle), wait(1)},
+         {{"the hint is gone", [](const Seen& seen) { return !shows(seen, hint); }},
+          text("Menu Bar Items"),
+          expanded(bundle),
+          stored("Skerrow.pendingFirstRunHint", false)}},
+        {"Escape closes the list, and the items are tucked away again.",
+         {key("escape"), wait(1)},
+         {collapsed(bundle)}},
+        {"A click on the control reveals them.",
+         {click(bundle), wait(1)},
+         {expanded(bundle), stored(startCollapsed, false)}},
+        {"Another click hides them.",
+         {click(bundle), wait(2)},
+         {collapsed(bundle), stored(startCollapsed, true)}},
+    };
+}
+
+std::vector<TourStep> quitting(const std::string& bundle) {
+    return {
+        {"A right click opens the control’s menu.",
+         {click(bundle, "right")},
+         {text("Configure Items…"), text("Show All Items"), text("Settings…"), text("Quit Tavrin"),
+          collapsed(bundle)}},
+        {"“Quit Tavrin” gives every item back and forgets nothing.",
+         {press("Quit Tavrin"), wait(2)},
+         {noControl(bundle),
+          {"no item is off the screen", [](const Seen& seen) { return countOffScreen(seen) == 0; }},
+          {"Tavrin doesn’t run", [](const Seen& seen) { return !seen.look["world"]["running"].get<bool>(); }},
+          stored(startCollapsed, true)}},
+        {"Started again, Tavrin hides the items by itself.",
+         {{{"do", "start"}}, wait(4)},
+         {noWindow(onboardingTitle), collapsed(bundle), stored(startCollapsed, true)}},
+    };
+}
+
+std::vector<TourStep> nextMorning(const std::string& bundle) {
+    return {{"The Mac was switched off and on again. Tavrin has kept the choice and hides the items.",
+             {wait(4)},
+             {noWindow(onboardingTitle), collapsed(bundle), stored(startCollapsed, true)}}};
+}
+
+std::vector<TourStep> firstDay(const std::string& bundle) {
+    auto steps = onboarding(bundle);
+    for (auto& step : hidingAndRevealing(bundle)) steps.push_back(std::move(step));
+    for (auto& step : quitting(bundle)) steps.push_back(std::move(step));
+    return steps;
+}
+
+class TemporaryProfile {
+  public:
+    TemporaryProfile() {
+        std::error_code error;
+        auto pattern = (std::filesystem::temp_directory_path(error) / "tavrin-tour-XXXXXX").string();
+        if (!error && ::mkdtemp(pattern.data())) path_ = pattern;
+    }
+
+    TemporaryProfile(const TemporaryProfile&) = delete;
+    TemporaryProfile& operator=(const TemporaryProfile&) = delete;
+
+    ~TemporaryProfile() {
+        std::error_code ignored;
+        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    }
+
+    /// Empty when no folder could be made.
+    const std::filesystem::path& path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+} // namespace
+
+bool playTavrinTour(const Boot& boot, const std::string& bundle, std::ostream& out) {
+    const TemporaryProfile profile;
+    if (profile.path().empty()) {
+        out << "No temporary folder can be made for the profile.\n";
+        return false;
+    }
+    std::size_t shown = 0;
+    for (const auto& day : {firstDay(bundle), nextMorning(bundle)}) {
+        const auto mac = boot(profile.path());
+        if (!mac) {
+            out << mac.error() << "\n";
+            return false;
+        }
+        if (!playTour((*mac)->driver(), day, shown + 1, out)) return false;
+        shown += day.size();
+    }
+    out << "\nEach step's outcome was seen.\n";
+    return true;
+}
+
+} // namespace mac_model

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/defaults.h"
+
+#include <expected>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+
+namespace mac_model {
+
+/// What a profile keeps of one domain.
+struct StoredDomain {
+    tavrin::DefaultsDictionary values;
+    std::set<std::string, std::less<>> removed; // keys that the desktop file must not bring back
+};
+
+/// The preferences in a profile folder: `Preferences/<domain>.json` and `Preferences/ByHost/<domain>.json`,
+/// each an object of values (defaults_json.h) in which {"$removed": true} stands for a removed key. Errors
+/// are one sentence for the user that names the path.
+class PreferencesFiles {
+  public:
+    /// Makes the folders, if need be, and tries whether they can be written to.
+    static std::expected<PreferencesFiles, std::string> open(const std::filesystem::path& profile);
+
+    std::expected<std::map<tavrin::DefaultsDomain, StoredDomain>, std::string> readAll() const;
+    std::expected<void, std::string> write(const tavrin::DefaultsDomain&, const StoredDomain&) const;
+
+  private:
+    using Host = tavrin::DefaultsDomain::Host;
+
+    explicit PreferencesFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    std::filesystem::path folderOf(Host host) const {
+        return host == Host::Any ? folder_ : folder_ / "ByHost";
+    }
+
+    std::expected<void, std::string> readFolder(Host, std::map<tavrin::DefaultsDomain, StoredDomain>&) const;
+
+    std::filesystem::path folder_;
+};
+
+} // namespace mac_model

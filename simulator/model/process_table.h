@@ -1,0 +1,72 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
+#include "desktop/desktop_file.h"
+#include "platform/accessibility.h"
+
+#include <expected>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+/// A running process. Policy, latency and whether it responds are its application's fields, as they are now.
+struct Process {
+    tavrin::ProcessIdentifier identifier = 0;
+    ApplicationSpec application;
+};
+
+/// The processes with a connection to the window server. The truth, at once: the program hears of changes
+/// through its workspace, when its main loop turns. Signals call directly. Pointers hold until the process
+/// ends.
+class ProcessTable {
+  public:
+    explicit ProcessTable(const std::vector<ApplicationSpec>& applications);
+
+    /// In the order of their launch.
+    std::vector<const Process*> processes() const;
+    const Process* find(tavrin::ProcessIdentifier) const;
+    std::vector<tavrin::ProcessIdentifier> withBundle(std::string_view bundleIdentifier) const;
+
+    /// Gives a process identifier never used before when the application names none; refuses one in use. A
+    /// regular application becomes the frontmost.
+    std::expected<tavrin::ProcessIdentifier, std::string> launch(ApplicationSpec);
+    void end(tavrin::ProcessIdentifier);
+
+    // These mean every process of the bundle; the error is a sentence for the user. The program's own process
+    // ends through `ProgramHost`.
+    std::expected<void, std::string> quit(std::string_view bundleIdentifier);
+    std::expected<void, std::string> hang(std::string_view bundleIdentifier);
+    std::expected<void, std::string> resume(std::string_view bundleIdentifier);
+    /// Time that each Accessibility message to the process takes.
+    std::expected<void, std::string> setLatency(std::string_view bundleIdentifier, tavrin::Seconds);
+
+    void setPolicy(tavrin::ProcessIdentifier, Policy);
+
+    /// Makes it the frontmost process; nothing happens for background processes.
+    void activate(tavrin::ProcessIdentifier);
+    /// Null when nothing is active.
+    const Process* frontmost() const;
+    /// Whose menus the menu bar shows: the regular process that was active last.
+    const Process* menuBarOwner() const;
+
+    tavrin::Signal<tavrin::ProcessIdentifier> onLaunched;
+    tavrin::Signal<tavrin::ProcessIdentifier> onEnded; // it is in the table no more
+    tavrin::Signal<> onFrontChanged; // another process is active, or other menus are in the menu bar
+
+  private:
+    template <class Change>
+    std::expected<void, std::string> forEach(std::string_view bundleIdentifier, const Change& change);
+
+    std::vector<std::unique_ptr<Process>> inOrder_;
+    std::map<tavrin::ProcessIdentifier, Process*> byIdentifier_;
+    std::vector<tavrin::ProcessIdentifier> activations_; // each once, the most recent last
+    tavrin::ProcessIdentifier highest_ = 0;
+};
+
+} // namespace mac_model

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "concurrency/virtual_scheduler.h"
+#include "platform/accessibility.h"
+
+#include <functional>
+#include <memory>
+
+namespace mac_model {
+
+/// One life of the program's process, as the rest of the Mac sees it. It closes before anything of the
+/// program is destroyed: whatever the program's objects do after that (or leave undone, in a crash) reaches
+/// nothing. All that the Mac hands to the program keeps this and asks `isOpen` first.
+class ProgramConnection : public std::enable_shared_from_this<ProgramConnection> {
+  public:
+    ProgramConnection(tavrin::VirtualScheduler& scheduler, tavrin::ProcessIdentifier process)
+        : scheduler_(scheduler)
+        , process_(process) {}
+
+    tavrin::ProcessIdentifier process() const { return process_; }
+
+    bool isOpen() const { return isOpen_; }
+
+    void close() { isOpen_ = false; }
+
+    /// Calls into the program when its main loop turns; dropped when the process has ended by then.
+    void post(tavrin::Work work) {
+        scheduler_.post([self = shared_from_this(), work = std::move(work)] {
+            if (self->isOpen()) work();
+        });
+    }
+
+    /// Posts `handler` for each emission, unless it was unsubscribed meanwhile.
+    tavrin::Subscription relay(tavrin::Signal<>& signal, std::function<void()> handler);
+
+  private:
+    tavrin::VirtualScheduler& scheduler_;
+    tavrin::ProcessIdentifier process_;
+    bool isOpen_ = true;
+};
+
+} // namespace mac_model

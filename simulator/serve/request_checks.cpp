@@ -1,0 +1,48 @@
+#include "serve/request_checks.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace mac_model {
+
+namespace {
+
+bool isOwnHost(const std::string& host, int port) {
+    constexpr std::array<std::string_view, 3> names{"127.0.0.1", "localhost", "[::1]"};
+    return std::ranges::any_of(
+        names, [&](std::string_view name) { return host == std::string(name) + ":" + std::to_string(port); });
+}
+
+bool isOwnOrigin(const std::string& origin, int port) {
+    constexpr std::string_view scheme = "http://";
+    return origin.starts_with(scheme) && isOwnHost(origin.substr(scheme.size()), port);
+}
+
+std::string trimmed(const std::string& text) {
+    const auto first = text.find_first_not_of(" \t");
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+} // namespace
+
+std::optional<Refusal> checkOrigin(const RequestOrigin& request, int port) {
+    if (request.hosts.size() != 1 || !isOwnHost(request.hosts.front(), port))
+        return Refusal{403, "Only this computer may ask, by the address 127.0.0.1 or localhost."};
+    for (const auto& origin : request.origins)
+        if (!isOwnOrigin(origin, port)) return Refusal{403, "Pages of other sites may not ask."};
+    const bool isFollowedLink = request.destination == "document";
+    if ((request.site == "cross-site" || request.site == "same-site") && !isFollowedLink)
+        return Refusal{403, "Pages of other sites may not ask."};
+    return std::nullopt;
+}
+
+std::optional<Refusal> checkContentType(const std::string& contentType) {
+    auto type = trimmed(contentType.substr(0, contentType.find(';')));
+    std::ranges::transform(type, type.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
+    if (type == "application/json") return std::nullopt;
+    return Refusal{415, "A command is sent as application/json."};
+}
+
+} // namespace mac_model

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace mac_model {
+
+/// A menu entry that ran.
+struct ChosenEntry {
+    tavrin::Seconds time{0};
+    std::string owner;             // bundle identifier
+    std::string menu;              // the title in the menu bar, or the name of the status item
+    std::vector<std::string> path; // titles from the outermost menu inwards
+};
+
+/// Which menu entries of other applications ran, oldest first.
+class ChosenEntries {
+  public:
+    void record(ChosenEntry entry) {
+        entries_.push_back(std::move(entry));
+        onRecorded.emit(entries_.back());
+    }
+
+    /// Those since the last call.
+    std::vector<ChosenEntry> drain() { return std::exchange(entries_, {}); }
+
+    tavrin::Signal<ChosenEntry> onRecorded;
+
+  private:
+    std::vector<ChosenEntry> entries_;
+};
+
+} // namespace mac_model

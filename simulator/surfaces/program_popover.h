@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/presentation.h"
+#include "surfaces/program_callbacks.h"
+#include "surfaces/program_presentation.h"
+
+#include <optional>
+
+namespace mac_model {
+
+class ProgramPopover final : public tavrin::Popover {
+  public:
+    ProgramPopover(ProgramPresentation&, tavrin::PopoverBehavior, ProgramCallbacks);
+    ~ProgramPopover() override;
+    ProgramPopover(const ProgramPopover&) = delete;
+    ProgramPopover& operator=(const ProgramPopover&) = delete;
+
+    void setContent(tavrin::View content) override;
+    bool show(tavrin::StatusItem& item, tavrin::Rect area) override;
+    void close() override;
+
+    bool isShown() const override { return surface_ != SurfaceIdentifier::None; }
+
+    void followItem();
+
+  private:
+    void layOut(Surface&) const;
+
+    ProgramPresentation& presentation_;
+    tavrin::PopoverBehavior behavior_;
+    ProgramCallbacks callbacks_;
+    tavrin::View content_;
+    SurfaceIdentifier surface_{};
+    StatusItemIdentifier item_{};
+    tavrin::Rect area_;
+    tavrin::Point itemOrigin_; // when `area_` was valid
+};
+
+} // namespace mac_model

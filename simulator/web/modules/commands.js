@@ -1,0 +1,45 @@
+// Commands go to the server one after the other, in order; of pointer moves that wait only the newest is sent.
+
+const waiting = [];
+let isSending = false;
+let complain = () => {};
+
+export function onRefusal(handler) {
+    complain = handler;
+}
+
+export function send(command) {
+    return new Promise((resolve) => {
+        const last = waiting.at(-1);
+        if (command.do === "move" && last?.command.do === "move") {
+            last.resolve({ ok: true });
+            waiting.pop();
+        }
+        waiting.push({ command, resolve });
+        if (!isSending) sendWaiting();
+    });
+}
+
+async function sendWaiting() {
+    isSending = true;
+    while (waiting.length > 0) {
+        const { command, resolve } = waiting.shift();
+        const reply = await answered(command);
+        if (!reply.ok) complain(reply.error);
+        resolve(reply);
+    }
+    isSending = false;
+}
+
+async function answered(command) {
+    try {
+        const response = await fetch("command", {
+            method: "POST",
+            headers: { "Content-Type": "application/json" },
+            body: JSON.stringify(command),
+        });
+        return await response.json();
+    } catch {
+        return { ok: false, error: "The modelled Mac doesn’t answer." };
+    }
+}

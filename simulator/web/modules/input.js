@@ -1,0 +1,88 @@
+import { send } from "./commands.js";
+
+// What the person does with pointer and keyboard over the displays goes to the Mac as it happens; the browser itself
+// reacts to nothing there.
+
+const modifierOfProperty = { ctrlKey: "control", altKey: "option", shiftKey: "shift", metaKey: "command" };
+const keyNames = {
+    Enter: "return", Escape: "escape", ArrowUp: "up", ArrowDown: "down", ArrowLeft: "left", ArrowRight: "right",
+    " ": "space", Tab: "tab", Backspace: "delete",
+};
+const buttonNames = { 0: "left", 2: "right" };
+
+// On other computers than Macs the Command key is often taken: the page offers a key that stays held, and Control serves
+// as well for a drag.
+export class Input {
+    constructor(room, desk) {
+        this.desk = desk;
+        this.room = room;
+        this.isCommandHeld = false;
+        this.moveAsked = null;
+        room.addEventListener("pointermove", (event) => this.moved(event));
+        room.addEventListener("pointerdown", (event) => this.pressed(event));
+        room.addEventListener("pointerup", (event) => this.released(event));
+        room.addEventListener("pointercancel", (event) => this.released(event));
+        room.addEventListener("contextmenu", (event) => event.preventDefault());
+        room.addEventListener("dragstart", (event) => event.preventDefault());
+        room.addEventListener("wheel", (event) => this.scrolled(event), { passive: false });
+        document.addEventListener("keydown", (event) => this.keyed(event));
+    }
+
+    modifiers(event) {
+        const held = Object.entries(modifierOfProperty).filter(([property]) => event[property]).map(([, name]) => name);
+        if (this.isCommandHeld && !held.includes("command")) held.push("command");
+        return held;
+    }
+
+    // One move for each picture the browser draws.
+    moved(event) {
+        const at = this.desk.pointAt(event);
+        if (!at) return;
+        this.desk.hand = at;
+        const isAsked = this.moveAsked !== null;
+        this.moveAsked = at;
+        if (!isAsked) requestAnimationFrame(() => this.sendMove());
+    }
+
+    sendMove() {
+        if (this.moveAsked) send({ do: "move", at: this.moveAsked });
+        this.moveAsked = null;
+    }
+
+    pressed(event) {
+        const button = buttonNames[event.button];
+        const at = this.desk.pointAt(event);
+        if (!button || !at) return;
+        event.preventDefault();
+        this.room.focus({ preventScroll: true });
+        this.room.setPointerCapture(event.pointerId);
+        this.desk.hand = at;
+        this.moveAsked = null;
+        send({ do: "down", at, button, modifiers: this.modifiers(event) });
+    }
+
+    released(event) {
+        const button = buttonNames[event.button];
+        const at = this.desk.pointAt(event);
+        if (!button || !at) return;
+        this.moveAsked = null;
+        send({ do: "up", at, button });
+    }
+
+    scrolled(event) {
+        event.preventDefault();
+        if (event.deltaY !== 0) send({ do: "scroll", dy: -event.deltaY / this.desk.scale, precise: true });
+    }
+
+    keyed(event) {
+        const isElsewhere = event.target !== document.body && !this.room.contains(event.target);
+        if (isElsewhere || event.isComposing || ["Shift", "Control", "Alt", "Meta"].includes(event.key)) return;
+        const isPressOfControl = event.target.matches("button, input") && [" ", "Enter"].includes(event.key);
+        const isFocusMove = event.key === "Tab";
+        if (isPressOfControl || isFocusMove) return;
+        const key = keyNames[event.key] ?? (event.key.length === 1 ? event.key.toLowerCase() : null);
+        if (!key) return;
+        event.preventDefault();
+        send({ do: "key", key, modifiers: this.modifiers(event) });
+    }
+}

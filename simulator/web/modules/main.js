@@ -1,0 +1,44 @@
+import { onRefusal } from "./commands.js";
+import { Desk } from "./desk.js";
+import { Input } from "./input.js";
+import { Panel } from "./panel.js";
+import { follow } from "./stream.js";
+import { Tooltips } from "./tooltips.js";
+
+const room = document.querySelector("#room");
+const connection = document.querySelector("#connection");
+const desk = new Desk(room);
+const input = new Input(room, desk);
+const panel = new Panel(document.querySelector("#panel"), input);
+new Tooltips(room);
+
+let isDrawingAsked = false;
+let newest = null;
+
+function draw() {
+    isDrawingAsked = false;
+    const isDark = panel.isDark();
+    document.documentElement.classList.toggle("dark", isDark);
+    document.documentElement.classList.toggle("calm", newest.world?.reducedMotion === true);
+    room.classList.toggle("pointer-hidden", newest.pointer.visible === false);
+    desk.update(newest);
+    panel.update(newest);
+}
+
+follow({
+    onWhole: (trace) => panel.restart(trace),
+    onTrace: (entries) => panel.note(entries),
+    onState(state) {
+        newest = state;
+        if (isDrawingAsked) return;
+        isDrawingAsked = true;
+        requestAnimationFrame(draw);
+    },
+    onConnection(isConnected) {
+        connection.textContent = isConnected ? "" : "Waiting for the modelled Mac…";
+        connection.classList.toggle("lost", !isConnected);
+    },
+});
+
+panel.onAppearance = () => newest && draw();
+onRefusal((sentence) => panel.complain(sentence));

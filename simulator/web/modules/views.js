@@ -1,0 +1,156 @@
+import { h, icon } from "./dom.js";
+import { middle, place } from "./geometry.js";
+import { send } from "./commands.js";
+import { pictureFor } from "./symbols.js";
+import { fitting } from "./text_fit.js";
+
+// Views come laid out: each stands exactly at its frame, and the browser lays out nothing. Roles become elements
+// of the document, so that names and roles reach the browser's accessibility tree.
+
+export function view(node, parentOrigin, state) {
+    const origin = [node.frame[0], node.frame[1]];
+    const draw = drawings[node.role] ?? drawGroup;
+    const { tag, properties = {}, content = [] } = draw(node, state);
+    const classes = ["view", properties.class, node.tone && `tone-${node.tone}`, node.focused && "focused"];
+    return h(tag, {
+        ...labels(node), ...properties, class: classes.filter(Boolean).join(" "),
+        style: { ...place(node.frame, parentOrigin), ...properties.style },
+    }, content, (node.children ?? []).map((child) => view(child, origin, state)));
+}
+
+function labels(node) {
+    const label = node.label ?? (node.role === "AXStaticText" ? undefined : node.text);
+    const rowActions = node.role === "AXGroup" ? node.actions?.join(", ") : undefined;
+    return {
+        "aria-label": label || node.help || undefined,
+        "aria-description": node.help && node.help !== label ? node.help : rowActions || undefined,
+        "data-help": node.help,
+    };
+}
+
+// Assistive technology and the keyboard press a control without the pointer: its middle is clicked for them.
+function pressedWithoutPointer(node) {
+    return (event) => {
+        event.preventDefault();
+        if (event.detail === 0) send({ do: "click", at: middle(node.frame) });
+    };
+}
+
+const drawings = {
+    AXStaticText: drawText,
+    AXButton: drawButton,
+    AXCheckBox: drawCheckbox,
+    AXImage: drawImage,
+    AXScrollArea: drawScroll,
+    AXSplitter: () => ({ tag: "hr", properties: { class: "divider" } }),
+    AXBusyIndicator: () => ({
+        tag: "div", properties: { class: "progress", role: "progressbar", "aria-label": "Busy" },
+        content: Array.from({ length: 8 }, (_, index) => h("i", { style: { rotate: `${index * 45}deg` } })),
+    }),
+    AXTextField: drawTextField,
+    AXSlider: (node) => ({ tag: "div", properties: { class: "slider", role: "slider", "aria-valuenow": node.value } }),
+    AXList: (node) => drawGroup(node, undefined, "list"),
+    AXRow: (node) => drawGroup(node, undefined, "listitem"),
+};
+
+function drawGroup(node, _, role) {
+    return {
+        tag: "div",
+        properties: { class: node.card ? "card" : undefined, role: role ?? (node.text || node.label ? "group" : undefined) },
+    };
+}
+
+const styleSizes = { body: 13, title: 22, heading: 15, caption: 11 };
+
+export function linesOf(node, indent = 0) {
+    const style = node.textStyle ?? "body";
+    return (node.lines ?? [node.text ?? ""]).map((line) => {
+        const spacing = fitting(line, style, node.frame[2] - indent);
+        return h("span", { class: "line", style: spacing ? { "letter-spacing": `${spacing}px` } : {} }, line);
+    });
+}
+
+const tagOfStyle = { title: "h2", heading: "h3" };
+
+function drawText(node) {
+    const style = node.textStyle ?? "body";
+    return {
+        tag: tagOfStyle[style] ?? "p",
+        properties: { class: `text style-${style}${node.centered ? " centered" : ""}` },
+        content: linesOf(node),
+    };
+}
+
+function drawButton(node) {
+    return {
+        tag: "button",
+        properties: {
+            type: "button", class: `button ${node.default ? "prominent" : node.buttonStyle ?? "bordered"}`,
+            disabled: node.enabled === false, onclick: pressedWithoutPointer(node),
+        },
+        content: [node.symbol && symbol(node), isTitled(node) && h("span", { class: "title" }, node.text)],
+    };
+}
+
+// Without a title of its own a control's text is what a screen reader says.
+const isTitled = (node) => node.titled !== false && Boolean(node.text);
+
+function drawCheckbox(node) {
+    return {
+        tag: "label",
+        properties: { class: `checkbox${node.enabled === false ? " disabled" : ""}`, "aria-label": undefined },
+        content: [
+            h("input", {
+                type: "checkbox", checked: node.checked === true, disabled: node.enabled === false,
+                "aria-label": node.label ?? node.text, onclick: pressedWithoutPointer(node),
+            }),
+            h("span", { class: "box", "aria-hidden": "true" }, node.checked && icon("check")),
+            isTitled(node) && h("span", { class: "title", "aria-hidden": "true" }, linesOf(node, 20)),
+        ],
+    };
+}
+
+function drawTextField(node) {
+    return {
+        tag: "input",
+        properties: { type: "text", class: "text-field", value: node.value ?? node.text ?? "", readonly: true,
+            placeholder: node.placeholder, disabled: node.enabled === false },
+    };
+}
+
+function drawScroll(node) {
+    const room = node.frame[3];
+    const total = room + (node.scrollMax ?? 0);
+    const thumb = node.scrollMax > 0 && h("span", {
+        class: "scroll-thumb", "aria-hidden": "true",
+        style: { height: `${Math.max(24, (room * room) / total)}px`,
+            top: `${((node.value ?? 0) / node.scrollMax) * (room - Math.max(24, (room * room) / total))}px` },
+    });
+    return { tag: "div", properties: { class: "scroll", role: "group" }, content: [thumb] };
+}
+
+function drawImage(node, state) {
+    const role = node.text ? "img" : undefined;
+    const hidden = node.text ? undefined : "true";
+    if (node.icon) return { tag: "span", properties: { class: "icon", role, "aria-hidden": hidden }, content: [applicationIcon(node.icon, state)] };
+    return { tag: "span", properties: { class: "symbol", role, "aria-hidden": hidden }, content: [symbol(node)] };
+}
+
+function symbol(node) {
+    const picture = pictureFor(node.symbol);
+    if (!picture) return null;
+    const size = (node.pointSize ?? styleSizes[node.textStyle ?? "body"]) * 1.15;
+    const element = icon(picture);
+    element.properties.style = { width: `${size}px`, height: `${size}px` };
+    return element;
+}
+
+// An application's icon: a tile in a colour of its own with what it shows in the menu bar, or its initial.
+export function applicationIcon(bundle, state) {
+    const item = state?.menuBar.find((candidate) => candidate.owner === bundle);
+    const picture = item?.symbol ? pictureFor(item.symbol) : null;
+    let hue = 7;
+    for (const character of bundle) hue = (hue * 31 + character.charCodeAt(0)) % 360;
+    return h("span", { class: "tile", style: { "--hue": String(hue) } },
+        picture ? icon(picture) : h("b", {}, [...(item?.name ?? bundle.split(".").at(-1))][0].toUpperCase()));
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/settings_window.h"
+#include "concurrency/job.h"
+#include "core/app_updates.h"
+#include "core/menu_bar_manager.h"
+#include "discovery/accessibility_onboarding.h"
+#include "discovery/accessibility_permission.h"
+#include "platform/application.h"
+#include "platform/platform.h"
+
+#include <memory>
+#include <optional>
+
+namespace tavrin {
+
+/// Owns the long-lived objects and decides in which order they come up and go down. Main thread.
+class AppDelegate final : public ApplicationDelegate {
+  public:
+    explicit AppDelegate(const Platform& platform);
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+    ~AppDelegate() override;
+
+    void applicationDidFinishLaunching() override;
+    bool applicationShouldHandleReopen(bool hasVisibleWindows) override;
+
+    bool applicationShouldTerminateAfterLastWindowClosed() override { return false; }
+
+    TerminateReply applicationShouldTerminate() override;
+
+  private:
+    void presentOnboarding();
+    void onboardingDidFinish();
+    void startMenuBar();
+    void showSettings();
+    Task<> terminate();
+
+    const Platform platform_;
+    AppUpdates updates_;
+    std::unique_ptr<AccessibilityPermission> permission_;
+    Subscription lateGrantObservation_;
+    std::unique_ptr<SettingsWindowController> settingsWindow_;
+    std::unique_ptr<AccessibilityOnboardingController> accessibilityOnboarding_;
+    std::unique_ptr<MenuBarManager> menuBarManager_;
+    bool isPreparingForTermination_ = false;
+    Job<> terminationTask_;
+};
+
+/// The program, as an entry point makes it. What `platform` refers to outlives it.
+std::unique_ptr<ApplicationDelegate> makeAppDelegate(const Platform& platform);
+
+} // namespace tavrin

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "core/app_updates.h"
+#include "discovery/accessibility_permission.h"
+#include "platform/platform.h"
+#include "platform/presentation.h"
+
+#include <memory>
+#include <vector>
+
+namespace tavrin {
+
+/// The settings window. Main thread.
+class SettingsWindowController {
+  public:
+    SettingsWindowController(const Platform& platform, AccessibilityPermission& permission,
+                             AppUpdates& updates);
+    SettingsWindowController(const SettingsWindowController&) = delete;
+    SettingsWindowController& operator=(const SettingsWindowController&) = delete;
+    ~SettingsWindowController();
+
+    void show();
+
+  private:
+    void render();
+    View content();
+
+    const Platform& platform_;
+    AccessibilityPermission& permission_;
+    AppUpdates& updates_;
+    std::unique_ptr<Window> window_;
+    std::vector<Subscription> observations_;
+};
+
+} // namespace tavrin

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "core/app_updates.h"
+#include "core/control_menu_plan.h"
+#include "core/first_run_hint.h"
+#include "core/menu_bar_state.h"
+#include "core/own_status_items.h"
+#include "platform/platform.h"
+#include "platform/presentation.h"
+
+#include <functional>
+
+namespace tavrin {
+
+/// The control item: its look, its clicks and its menu. Main thread.
+class ControlItemController {
+  public:
+    /// What the control can ask for.
+    struct Actions {
+        std::function<void()> toggleCollapse;
+        std::function<void()> showConfiguration;
+        std::function<void()> cancelConfigurationRestore;
+        std::function<void()> refreshItems;
+        std::function<void()> showSettings;
+    };
+
+    ControlItemController(const Platform& platform, MenuBarState& state, OwnStatusItems& items,
+                          FirstRunHint& hint, AppUpdates& updates, Actions actions);
+
+    /// Gives a newly made control item its look and its action.
+    void dress(StatusItem& control);
+
+  private:
+    void updateControlIcon(StatusItem& control);
+    void handleControlClick(StatusItemPress press);
+    void showContextMenu();
+    Menu buildMenu();
+    MenuItem menuItem(ControlMenuEntry entry);
+    MenuItem command(std::string title, std::function<void()> action, std::string keyEquivalent = "") const;
+
+    const Platform& platform_;
+    MenuBarState& state_;
+    OwnStatusItems& items_;
+    FirstRunHint& hint_;
+    AppUpdates& updates_;
+    Actions actions_;
+    Subscription collapseObservation_;
+};
+
+} // namespace tavrin

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/own_status_items.h"
+#include "core/settings.h"
+#include "platform/platform.h"
+#include "platform/presentation.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tavrin {
+
+/// The popover at the control that tells a new user where the items went; it is owed until it was closed
+/// once. Main thread.
+class FirstRunHint {
+  public:
+    /// A press that closed the hint is not a click of its own for this long.
+    static constexpr Seconds closingPressSpan{1.0};
+
+    /// `showConfiguration` answers a press on the control that closed the hint.
+    FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items,
+                 std::function<void()> showConfiguration);
+    FirstRunHint(const FirstRunHint&) = delete;
+    FirstRunHint& operator=(const FirstRunHint&) = delete;
+    ~FirstRunHint();
+
+    void oweToUser() { settings_.setBoolean(Settings::pendingFirstRunHintKey, true); }
+
+    void showIfPending();
+    bool isShowingOrPending() const;
+
+    /// Closes the hint and owes it no longer.
+    void dismiss();
+
+    /// Whether the press that closed the hint is so recent that the present click belongs to it.
+    bool wasJustClosedByControlPress() const;
+
+  private:
+    void popoverDidClose();
+    void settle();
+    void startGlow();
+    void stopGlow();
+
+    const Platform& platform_;
+    Settings& settings_;
+    OwnStatusItems& items_;
+    std::function<void()> showConfiguration_;
+    std::unique_ptr<Popover> popover_;
+    std::optional<Seconds> closedByControlPressAt_;
+    TimerIdentifier glowTimer_ = TimerIdentifier::None;
+    bool glowsBright_ = false;
+};
+
+} // namespace tavrin

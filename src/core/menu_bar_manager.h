@@ -1,0 +1,97 @@
+#pragma once
+
+#include "concurrency/job.h"
+#include "concurrency/signal.h"
+#include "core/app_updates.h"
+#include "core/configure_presentation.h"
+#include "core/control_item_controller.h"
+#include "core/first_run_hint.h"
+#include "core/first_run_state.h"
+#include "core/hiding_controller.h"
+#include "core/item_inventory.h"
+#include "core/menu_bar_runtime_mode.h"
+#include "core/menu_bar_state.h"
+#include "core/own_status_items.h"
+#include "core/settings.h"
+#include "core/status_item_geometry_keeper.h"
+#include "discovery/accessibility_permission.h"
+#include "platform/platform.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tavrin {
+
+/// The one controller of the program: it owns the published state and wires the collaborators that hide,
+/// reveal, scan and show. It starts all of them when it is made. Main thread.
+class MenuBarManager {
+  public:
+    struct Hooks {
+        std::function<void()> showSettings;
+        std::function<View(MenuBarManager&)> configureView;
+    };
+
+    /// All arguments outlive the manager.
+    MenuBarManager(const Platform& platform, AccessibilityPermission& permission, AppUpdates& updates,
+                   Hooks hooks);
+    MenuBarManager(const MenuBarManager&) = delete;
+    MenuBarManager& operator=(const MenuBarManager&) = delete;
+    ~MenuBarManager();
+
+    const MenuBarState& state() const { return state_; }
+
+    MenuBarRuntimeMode runtimeMode() const { return runtimeMode_; }
+
+    AccessibilityPermission& permission() { return permission_; }
+
+    std::vector<MenuBarItem> visibleItems() const;
+    std::vector<MenuBarItem> hiddenItems() const;
+    bool isConfiguredHidden(const MenuBarItem& item) const;
+
+    /// Change what the user wants hidden, and store it at once. Nothing moves yet.
+    void setItem(const MenuBarItem& item, bool hidden);
+    void setItems(const std::vector<std::string>& identifiers, bool hidden);
+
+    void toggleCollapse() { hiding_.toggleCollapse(); }
+
+    void showConfiguration() { presentConfiguration(ConfigurePresentation::ErrorMessage::Clear); }
+
+    void refreshItems();
+    void openAccessibilitySettings();
+
+    /// Undoes Tavrin's influence on the menu bar; the stored choice stays.
+    Task<> prepareForTermination();
+
+  private:
+    std::vector<MenuBarItem> itemsConfigured(bool hidden) const;
+    void presentConfiguration(ConfigurePresentation::ErrorMessage errorMessage);
+    void loadHiddenItems();
+    void observeDisplayChanges();
+    void observeAccessibilityPermission();
+    Task<> startUp();
+    Task<> refreshAndFinishFirstRun();
+    void showInitialState();
+    void applyFirstRunDefaultIfReady();
+
+    const Platform& platform_;
+    AccessibilityPermission& permission_;
+    MenuBarRuntimeMode runtimeMode_;
+    MenuBarState state_;
+    Settings settings_;
+    FirstRunState firstRun_;
+    bool isAwaitingFirstRunDefault_ = false;
+    OwnStatusItems statusItems_;
+    StatusItemGeometryKeeper geometry_;
+    ItemInventory inventory_;
+    HidingController hiding_;
+    ConfigurePresentation configure_;
+    FirstRunHint hint_;
+    ControlItemController control_;
+    Subscription screenObserver_;
+    Subscription accessibilityObservation_;
+    Job<> startUpTask_;
+    Job<> refreshTask_;
+};
+
+} // namespace tavrin

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "discovery/menu_bar_item.h"
+#include "platform/screens.h"
+
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrin {
+
+/// Where the items are, compared with where the user wants them.
+class SkerrowPolicy {
+  public:
+    /// All items but those of `ownBundleIdentifier`, in their order.
+    SkerrowPolicy(std::span<const MenuBarItem> items, const std::set<std::string>& hiddenItemIdentifiers,
+                  std::string_view ownBundleIdentifier);
+
+    const std::vector<MenuBarItemAssignment>& assignments() const { return assignments_; }
+
+    /// Wanted hidden, and still where hiding would leave them on the screen.
+    std::vector<MenuBarItemAssignment> pendingMoves() const;
+
+    /// Wanted visible, and where hiding would take them away.
+    std::vector<MenuBarItemAssignment> trayOverflow() const;
+
+  private:
+    std::vector<MenuBarItemAssignment> misplaced(MenuBarZone desired) const;
+
+    std::vector<MenuBarItemAssignment> assignments_;
+};
+
+/// Whether the user wants the item hidden.
+bool isConfiguredHidden(const MenuBarItemSnapshot& item, const std::set<std::string>& hiddenItemIdentifiers);
+
+/// The spacer's length in points that pushes everything left of it off every screen.
+double collapsedSpacerLength(std::span<const Screen> screens);
+
+} // namespace tavrin

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "concurrency/waits.h"
+#include "discovery/application_reader.h"
+#include "discovery/menu_bar_item.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrin {
+
+class Defaults;
+class Scheduler;
+class Text;
+class Workspace;
+
+/// What a scan reads of an item before it knows which item it is.
+struct MenuBarItemScanMetadata {
+    std::optional<std::string> role;
+    std::optional<std::string> rawIdentifier;
+    std::optional<std::string> label; // trimmed; never empty
+    Rect frame;
+};
+
+/// How many items an application shows, and where.
+struct ExtrasMenuBarPresence {
+    std::string bundleIdentifier;
+    ProcessIdentifier processIdentifier = -1;
+    std::string applicationName;
+    int itemCount = 0;
+    std::vector<Rect> frames;
+
+    bool operator==(const ExtrasMenuBarPresence&) const = default;
+};
+
+/// Finds the status items of running applications. All operations block in messages to other processes: call
+/// them off the main thread. An application that does not answer costs one messaging time-out and shows no
+/// items.
+class AccessibilityMenuBarScanner {
+  public:
+    static constexpr Seconds messagingTimeout{0.5};
+
+    AccessibilityMenuBarScanner(Scheduler& scheduler, Accessibility& accessibility, const Defaults& defaults,
+                                const Workspace& workspace, const Text& text);
+
+    /// The items of just these applications, in the order of MenuBarItemScanPolicy::sort. What lies left of
+    /// `boundaryX` is hidden. Ends early, with what it has, when `abandoned` is raised.
+    std::vector<MenuBarItemSnapshot> scan(std::span<const RunningApplicationSnapshot> applications,
+                                          double boundaryX, const AbandonFlag& abandoned = {}) const;
+
+    /// Counts the items of the applications that are not Apple's, all at once, in the order of the
+    /// applications.
+    std::vector<ExtrasMenuBarPresence>
+    extrasPresence(std::span<const RunningApplicationSnapshot> applications, Seconds messagingTimeout) const;
+
+    /// The live element of an item found earlier; none when it cannot be told for certain.
+    std::optional<AccessibilityElement> resolveElement(const MenuBarItemSnapshot& snapshot) const;
+
+  private:
+    struct ItemCandidate {
+        AccessibilityElement element;
+        MenuBarItemScanMetadata metadata;
+        std::optional<std::string> directlyResolvedIdentifier;
+    };
+
+    struct ItemRecord {
+        AccessibilityElement element;
+        MenuBarItemScanMetadata metadata;
+        std::optional<std::string> canonicalIdentifier;
+    };
+
+    std::vector<ItemRecord> menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
+                                               const AbandonFlag& abandoned) const;
+    ItemCandidate candidate(MenuBarElement element, std::string_view bundleIdentifier) const;
+    void identifyByPosition(std::vector<ItemCandidate>& candidates) const;
+    std::vector<MenuBarItemSnapshot> snapshots(const RunningApplicationSnapshot& application,
+                                               const std::vector<ItemRecord>& records,
+                                               double boundaryX) const;
+    std::optional<ExtrasMenuBarPresence> presence(const RunningApplicationSnapshot& application,
+                                                  Seconds timeout) const;
+
+    Scheduler& scheduler_;
+    Accessibility& accessibility_;
+    const Defaults& defaults_;
+    const Workspace& workspace_;
+    const Text& text_;
+};
+
+} // namespace tavrin

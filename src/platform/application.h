@@ -1,0 +1,49 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "platform/accessibility.h"
+
+#include <functional>
+#include <string>
+
+namespace tavrin {
+
+enum class TerminateReply { Now, Later };
+
+/// What the system asks of the program. Main thread.
+class ApplicationDelegate {
+  public:
+    virtual ~ApplicationDelegate() = default;
+    virtual void applicationDidFinishLaunching() = 0;
+    /// The user launched the running application again; true lets the system do its default as well.
+    virtual bool applicationShouldHandleReopen(bool hasVisibleWindows) = 0;
+    virtual bool applicationShouldTerminateAfterLastWindowClosed() = 0;
+    virtual TerminateReply applicationShouldTerminate() = 0;
+};
+
+/// Values of NSApplication.ActivationPolicy.
+enum class ActivationPolicy { Regular = 0, Accessory = 1, Prohibited = 2 };
+
+/// This process, as the system sees it. Main thread.
+class Application {
+  public:
+    virtual ~Application() = default;
+
+    virtual ProcessIdentifier processIdentifier() const = 0;
+    virtual std::string bundleIdentifier() const = 0;
+    /// The version as shown to a person, such as "Version 1.2 (34)".
+    virtual std::string displayVersion() const = 0;
+
+    virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+    /// Asks to become the active application, in the way that suits the version of macOS.
+    virtual void activate() = 0;
+    virtual Subscription onDidBecomeActive(std::function<void()> handler) = 0;
+    virtual void showAboutPanel() = 0;
+
+    /// Begins to quit: the delegate is asked, and may put the end off.
+    virtual void terminate() = 0;
+    /// Answers a termination that the delegate put off.
+    virtual void replyToShouldTerminate(bool terminates) = 0;
+};
+
+} // namespace tavrin

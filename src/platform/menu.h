@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tavrin {
+
+struct MenuItem {
+    std::string title;
+    std::string keyEquivalent; // with Command; empty is none
+    bool isEnabled = true;
+    bool isChecked = false;
+    bool isSeparator = false;
+    std::function<void()> action; // main thread, after the menu has closed
+
+    static MenuItem separator() {
+        MenuItem item;
+        item.isSeparator = true;
+        return item;
+    }
+};
+
+struct Menu {
+    std::vector<MenuItem> items;
+};
+
+} // namespace tavrin

@@ -1,0 +1,31 @@
+#pragma once
+
+namespace tavrin {
+
+class Accessibility;
+class Application;
+class Defaults;
+class Presentation;
+class Scheduler;
+class Screens;
+class StatusItems;
+class Text;
+class Updater;
+class Workspace;
+
+/// All of the operating system that the program uses, handed down from the entry point. The families outlive
+/// the program.
+struct Platform {
+    Scheduler& scheduler;
+    Application& application;
+    Accessibility& accessibility;
+    Defaults& defaults;
+    Presentation& presentation;
+    Screens& screens;
+    StatusItems& statusItems;
+    Text& text;
+    Workspace& workspace;
+    Updater* updater = nullptr; // none when no update framework is bundled
+};
+
+} // namespace tavrin

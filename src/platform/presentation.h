@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/geometry.h"
+#include "platform/menu.h"
+#include "platform/status_items.h"
+#include "platform/view.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tavrin {
+
+enum class PopoverBehavior {
+    Transient,          // closes on any press outside it, before that press does anything else
+    ApplicationDefined, // closes only when told to
+};
+
+/// A popover with an arrow. Destroying it closes it without telling. Main thread.
+class Popover {
+  public:
+    virtual ~Popover() = default;
+    virtual void setContent(View content) = 0;
+    /// Shows it below `area`, a rectangle on the screen inside `item`'s button; does nothing and answers
+    /// false when the item has no window.
+    virtual bool show(StatusItem& item, Rect area) = 0;
+    virtual void close() = 0;
+    virtual bool isShown() const = 0;
+};
+
+/// A titled window, closable and of the size of its content. Destroying it closes it without telling. Main
+/// thread.
+class Window {
+  public:
+    virtual ~Window() = default;
+    virtual void setContent(View content) = 0;
+    virtual void makeKeyAndOrderFront() = 0;
+    virtual void close() = 0;
+    virtual bool isVisible() const = 0;
+};
+
+/// Where Tavrin's views meet the screen. Main thread.
+class Presentation {
+  public:
+    virtual ~Presentation() = default;
+
+    /// `onClose` runs after the popover has closed, whoever closed it.
+    virtual std::unique_ptr<Popover> makePopover(PopoverBehavior behavior, std::function<void()> onClose) = 0;
+
+    /// `onClose` runs when the window is about to close, whoever closes it.
+    virtual std::unique_ptr<Window> makeWindow(std::string title, std::function<void()> onClose) = 0;
+
+    /// Shows the menu below `area`, a rectangle on the screen inside `item`'s button, and returns at once;
+    /// the menu tracks the mouse until something was chosen or it was dismissed.
+    virtual void popUp(Menu menu, StatusItem& item, Rect area) = 0;
+
+    virtual Point pointerLocation() const = 0;
+};
+
+} // namespace tavrin

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "platform/geometry.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tavrin {
+
+struct Screen {
+    Rect frame;
+    double scale = 2; // pixels a point
+    /// Height of the menu bar at the screen's top edge.
+    double menuBarHeight = 0;
+    /// The parts of the menu bar beside a camera notch; both absent on a screen without one.
+    std::optional<Rect> leftMenuBarArea;
+    std::optional<Rect> rightMenuBarArea;
+
+    bool operator==(const Screen&) const = default;
+};
+
+/// The connected screens. Main thread.
+class Screens {
+  public:
+    virtual ~Screens() = default;
+
+    /// The primary screen, whose top left is the origin, comes first. Empty while the displays are being
+    /// rearranged.
+    virtual std::vector<Screen> screens() const = 0;
+
+    /// Fires after screens were attached, removed or rearranged.
+    virtual Subscription onChanged(std::function<void()> handler) = 0;
+};
+
+} // namespace tavrin

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <compare>
+#include <string>
+#include <string_view>
+
+namespace tavrin {
+
+/// The system's text services in the user's current locale. Text is UTF-8; invalid bytes are read as U+FFFD.
+/// Any thread.
+class Text {
+  public:
+    virtual ~Text() = default;
+
+    /// Localized comparison in which letter case does not count.
+    virtual std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view right) const = 0;
+
+    /// Without differences of case and of diacritics.
+    virtual std::string foldingCaseAndDiacritics(std::string_view text) const = 0;
+
+    virtual std::string lowercased(std::string_view text) const = 0;
+
+    /// Each word with an upper-case first letter and lower-case others.
+    virtual std::string capitalized(std::string_view text) const = 0;
+
+    /// Only the characters that are letters, marks or numbers.
+    virtual std::string keepingAlphanumerics(std::string_view text) const = 0;
+
+    /// Without white space and line breaks at both ends.
+    virtual std::string trimmed(std::string_view text) const = 0;
+};
+
+} // namespace tavrin

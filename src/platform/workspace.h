@@ -1,0 +1,47 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "platform/accessibility.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrin {
+
+struct RunningApplication {
+    std::optional<std::string> bundleIdentifier;
+    ProcessIdentifier processIdentifier = -1;
+    std::string localizedName;
+
+    bool operator==(const RunningApplication&) const = default;
+};
+
+struct OperatingSystemVersion {
+    int major = 0;
+    int minor = 0;
+
+    bool operator==(const OperatingSystemVersion&) const = default;
+};
+
+/// Applications, versions and links. Main thread, except `bundleIdentifierAt`: any thread.
+class Workspace {
+  public:
+    virtual ~Workspace() = default;
+
+    virtual OperatingSystemVersion operatingSystemVersion() const = 0;
+
+    /// All processes with a connection to the window server, this one included, in the order of their launch.
+    virtual std::vector<RunningApplication> runningApplications() const = 0;
+    virtual Subscription onApplicationsChanged(std::function<void()> handler) = 0;
+
+    /// The identifier of the bundle at a file path; none when there is no bundle.
+    virtual std::optional<std::string> bundleIdentifierAt(std::string_view path) const = 0;
+
+    /// Opens the link in the application that handles it; false when none does.
+    virtual bool openUrl(std::string_view url) = 0;
+};
+
+} // namespace tavrin

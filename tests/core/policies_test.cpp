@@ -1,0 +1,110 @@
+#include "core/collapse_request_tracker.h"
+#include "core/control_menu_plan.h"
+#include "core/first_run_state.h"
+#include "core/skerrow_policy.h"
+#include "core/status_item_geometry_policy.h"
+#include "core/status_item_position_defaults.h"
+
+#include <gtest/gtest.h>
+
+namespace tavrin {
+namespace {
+
+MenuBarItem item(std::string id, MenuBarZone zone, std::string bundle = "org.other", bool isMovable = true) {
+    MenuBarItem result;
+    result.snapshot.id = std::move(id);
+    result.snapshot.bundleIdentifier = std::move(bundle);
+    result.snapshot.zone = zone;
+    result.snapshot.isMovable = isMovable;
+    return result;
+}
+
+std::vector<std::string> identifiers(const std::vector<MenuBarItemAssignment>& assignments) {
+    std::vector<std::string> ids;
+    for (const auto& assignment : assignments) ids.push_back(assignment.itemIdentifier);
+    return ids;
+}
+
+TEST(SkerrowPolicyTest, tellsWhatHidingWouldGetWrong) {
+    using enum MenuBarZone;
+    const std::vector<MenuBarItem> items{
+        item("org.B", visible), item("org.a", hidden), item("own", visible, "org.tavrin"),
+        item("org.c", hidden),
+        item("com.apple.controlcenter::identifier:Com.Apple.X", visible, "com.apple.controlcenter")};
+    const SkerrowPolicy policy(
+        items, {"ORG.b", "org.c", "own", "com.apple.controlcenter::identifier:com.apple.x"}, "org.tavrin");
+    EXPECT_EQ(identifiers(policy.pendingMoves()),
+              (std::vector<std::string>{"org.B", "com.apple.controlcenter::identifier:Com.Apple.X"}));
+    EXPECT_EQ(identifiers(policy.trayOverflow()), (std::vector<std::string>{"org.a"}));
+    EXPECT_EQ(policy.assignments().size(), 4u);
+}
+
+TEST(SpacerLengthTest, isTwiceTheWidestScreenWithinBounds) {
+    const auto length = [](std::vector<double> widths) {
+        std::vector<Screen> screens;
+        for (const auto width : widths)
+            screens.push_back({.frame = {0, 0, width, 900}, .leftMenuBarArea = {}, .rightMenuBarArea = {}});
+        return collapsedSpacerLength(screens);
+    };
+    EXPECT_EQ(length({1512}), 3024);
+    EXPECT_EQ(length({200}), 500);
+    EXPECT_EQ(length({6000}), 10'000);
+    EXPECT_EQ(length({1512, 2560, 800}), 5120);
+    EXPECT_EQ(length({}), 3456);
+}
+
+TEST(StatusItemGeometryPolicyTest, glyphMustLieRightOfTheNotch) {
+    const Screen notched{.frame = {0, 0, 1512, 982},
+                         .menuBarHeight = 38,
+                         .leftMenuBarArea = Rect{0, 0, 663, 38},
+                         .rightMenuBarArea = Rect{849, 0, 663, 38}};
+    const Screen plain{
+        .frame = {1512, 0, 2560, 1440}, .menuBarHeight = 24, .leftMenuBarArea = {}, .rightMenuBarArea = {}};
+    const std::vector screens{notched, plain};
+    const auto lies = [&](Rect glyph) { return StatusItemGeometryPolicy::liesInStatusArea(glyph, screens); };
+    EXPECT_TRUE(lies({849, 7, 26, 24}));
+    EXPECT_TRUE(lies({1486, 7, 26, 24}));
+    EXPECT_TRUE(lies({1600, 0, 26, 24})) << "on the second screen";
+    EXPECT_FALSE(lies({845, 7, 26, 24})) << "partly behind the notch";
+    EXPECT_FALSE(lies({600, 7, 26, 24})) << "left of the notch";
+    EXPECT_FALSE(lies({1300, 300, 26, 24})) << "below the bar";
+    EXPECT_FALSE(lies({1300, 7, 0, 24}));
+    EXPECT_FALSE(lies({-200, 7, 26, 24}));
+    EXPECT_TRUE(StatusItemGeometryPolicy::isLeftOf({1259, 7, 2, 24}, {1260, 7, 26, 24}));
+    EXPECT_FALSE(StatusItemGeometryPolicy::isLeftOf({1259, 7, 2.5, 24}, {1260, 7, 26, 24}));
+}
+
+TEST(CollapseRequestTrackerTest, onlyTheNewestRequestMayAct) {
+    CollapseRequestTracker tracker;
+    const auto first = tracker.begin();
+    const auto second = tracker.begin();
+    EXPECT_FALSE(tracker.isPending(first));
+    tracker.finish(first);
+    EXPECT_TRUE(tracker.isPending(second)) << "an old request's end is not the new one's";
+    tracker.clear();
+    EXPECT_FALSE(tracker.isPending(second));
+}
+
+TEST(FirstRunStateTest, hidesWhatCanBeMovedAndIsNotOurs) {
+    const std::vector<MenuBarItem> items{
+        item("a", MenuBarZone::visible), item("own", MenuBarZone::visible, "org.tavrin"),
+        item("clock", MenuBarZone::visible, "com.apple.controlcenter", false),
+        item("b", MenuBarZone::hidden)};
+    const auto chosen = FirstRunState::itemsToHide(items, "org.tavrin");
+    ASSERT_EQ(chosen.size(), 2u);
+    EXPECT_EQ(chosen[0].snapshot.id, "a");
+    EXPECT_EQ(chosen[1].snapshot.id, "b");
+}
+
+TEST(StatusItemAutosaveNameTest, versionsAndTheirVariantsOnThisComputer) {
+    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("Skerrow.Main.v3"), "Skerrow.Main.v3_v6");
+    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("a_Bc_De"), "a_bc_De_v6");
+    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("a_"), "a__v6");
+    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Spacer.v12"), 12);
+    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Spacer.v12x"), std::nullopt);
+    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Main.v"), std::nullopt);
+    EXPECT_EQ(StatusItemAutosaveName::version("Item-0"), std::nullopt);
+}
+
+} // namespace
+} // namespace tavrin

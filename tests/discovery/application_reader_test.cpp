@@ -1,0 +1,124 @@
+#include "discovery/application_reader.h"
+#include "discovery/fake_accessibility.h"
+
+#include <gtest/gtest.h>
+
+namespace tavrin {
+namespace {
+
+constexpr ProcessIdentifier process = 9000;
+constexpr int bar = 9001;
+
+class ApplicationReaderTest : public testing::Test {
+  protected:
+    ApplicationReaderTest() {
+        ax_.nodes[process].attributes["AXExtrasMenuBar"] = FakeAccessibility::element(bar);
+        ax_.nodes[bar].attributes["AXRole"] = "AXMenuBar";
+    }
+
+    std::expected<std::vector<MenuBarElement>, ApplicationReader::Failure>
+    read(const char* bundle = "org.a") {
+        return ApplicationReader(ax_, Seconds{0.5}, abandoned_).readItems(process, bundle);
+    }
+
+    std::vector<int> readNumbers() {
+        std::vector<int> numbers;
+        for (const auto& item : read().value()) numbers.push_back(FakeAccessibility::number(item.element));
+        return numbers;
+    }
+
+    /// A chain of groups below the bar that ends in an item at the given depth.
+    void nest(int depth) {
+        for (int level = 0; level < depth; ++level) ax_.setChildren(level == 0 ? bar : level, {level + 1});
+        ax_.makeItem(depth, 100);
+    }
+
+    FakeAccessibility ax_;
+    AbandonFlag abandoned_;
+};
+
+TEST_F(ApplicationReaderTest, readsItemsInOrderWithOneMessageEach) {
+    ax_.setChildren(bar, {1, 2, 5});
+    ax_.setChildren(2, {3, 4});
+    for (const int item : {1, 3, 4, 5}) ax_.makeItem(item, item * 30);
+    ax_.setChildren(5, {6}); // an item's menu is not looked into
+    EXPECT_EQ(readNumbers(), (std::vector{1, 3, 4, 5}));
+    EXPECT_EQ(ax_.messages, 1 + 6) << "the extras bar, then the bar, a group and four items";
+}
+
+TEST_F(ApplicationReaderTest, applesApplicationsMayUseTheirOnlyMenuBar) {
+    auto& attributes = ax_.nodes[process].attributes;
+    attributes["AXMenuBar"] = attributes.extract("AXExtrasMenuBar").mapped();
+    ax_.setChildren(bar, {1});
+    ax_.makeItem(1, 10);
+    EXPECT_EQ(read("org.a")->size(), 0u);
+    EXPECT_EQ(read("com.apple.a")->size(), 1u);
+}
+
+TEST_F(ApplicationReaderTest, walksNoDeeperThanItsLimit) {
+    nest(ApplicationReader::depthMax);
+    EXPECT_EQ(readNumbers().size(), 1u);
+    nest(ApplicationReader::depthMax + 1);
+    ax_.nodes[ApplicationReader::depthMax].attributes["AXRole"] = "AXGroup";
+    EXPECT_EQ(readNumbers().size(), 0u);
+}
+
+TEST_F(ApplicationReaderTest, hostileTreesEnd) {
+    ax_.setChildren(bar, {1, 1, bar, 2});
+    ax_.makeItem(1, 10);
+    ax_.setChildren(2, {bar, 2, 1});
+    EXPECT_EQ(readNumbers(), std::vector{1}) << "an element reached twice counts once";
+
+    std::vector<int> many;
+    for (int i = 100; i < 400; ++i) ax_.makeItem(many.emplace_back(i), i);
+    ax_.setChildren(bar, many);
+    EXPECT_EQ(read()->size(), ApplicationReader::itemsBeyondWhichToStop + 1);
+
+    std::vector<int> groups;
+    for (int i = 1000; i < 3000; ++i) ax_.setChildren(groups.emplace_back(i), {i + 2000});
+    ax_.setChildren(bar, groups);
+    ax_.messages = 0;
+    EXPECT_EQ(read()->size(), 0u);
+    EXPECT_EQ(ax_.messages, 1 + static_cast<int>(ApplicationReader::visitedMax));
+}
+
+TEST_F(ApplicationReaderTest, failuresEndTheReadingAtOnceAndWhole) {
+    ax_.setChildren(bar, {1, 2, 3});
+    for (const int item : {1, 2, 3}) ax_.makeItem(item, item * 30);
+    ax_.nodes[2].error = AccessibilityError::InvalidElement;
+    EXPECT_EQ(readNumbers(), (std::vector{1, 3})) << "an element that is gone is no failure";
+
+    ax_.messages = 0;
+    ax_.nodes[2].error = AccessibilityError::CannotComplete;
+    EXPECT_EQ(read().error(), ApplicationReader::Failure::TimedOut);
+    EXPECT_EQ(ax_.messages, 4) << "nothing is asked after the time-out";
+    ax_.nodes[2].error = AccessibilityError::ApiDisabled;
+    EXPECT_EQ(read().error(), ApplicationReader::Failure::Denied);
+
+    ax_.nodes[process].error = AccessibilityError::CannotComplete;
+    ax_.messages = 0;
+    EXPECT_EQ(read("com.apple.a").error(), ApplicationReader::Failure::TimedOut);
+    EXPECT_EQ(ax_.messages, 1) << "a hung application costs one time-out";
+
+    abandoned_.raise();
+    ax_.messages = 0;
+    EXPECT_EQ(read().error(), ApplicationReader::Failure::Abandoned);
+    EXPECT_EQ(ax_.messages, 0);
+}
+
+TEST_F(ApplicationReaderTest, valuesOfTheWrongTypeAreAbsent) {
+    ax_.setChildren(bar, {1});
+    ax_.makeItem(1, 10);
+    auto& attributes = ax_.nodes[1].attributes;
+    attributes["AXTitle"] = 3.0;
+    attributes["AXPosition"] = "left";
+    attributes["AXIdentifier"] = std::monostate{};
+    const auto items = read();
+    ASSERT_EQ(items->size(), 1u);
+    EXPECT_FALSE(items->front().title);
+    EXPECT_FALSE(items->front().rawIdentifier);
+    EXPECT_EQ(items->front().frame(), Rect{});
+}
+
+} // namespace
+} // namespace tavrin

@@ -1,0 +1,214 @@
+#include "driver/probe_program.h"
+#include "platform/view_builders.h"
+#include "platform/workspace.h"
+#include "support/tavrin_mac.h"
+
+#include <gtest/gtest.h>
+
+namespace mac_model {
+namespace {
+
+using tavrin::PopoverBehavior;
+using Log = std::vector<std::string>;
+
+class Surfaces : public ::testing::Test {
+  protected:
+    Surfaces()
+        : mac({.program = [this](tavrin::Platform& platform) {
+            return std::make_unique<ProbeDelegate>(probe, platform);
+        }}) {
+        mac.settle();
+    }
+
+    void showPopover(PopoverBehavior behavior) {
+        probe.popover = probe.platform->presentation.makePopover(behavior, probe.logs("popover closed"));
+        probe.popover->setContent(tavrin::column(
+            {tavrin::text("Hello"), tavrin::button("Do It", probe.logs("did it"))}, {.padding = 10}));
+        ASSERT_TRUE(probe.popover->show(*probe.item, *probe.item->frame()));
+    }
+
+    void openWindow() {
+        probe.window = probe.platform->presentation.makeWindow("Probe Window", probe.logs("window closed"));
+        auto done = tavrin::button("Done", probe.logs("done"));
+        done.isDefaultButton = true;
+        probe.window->setContent(tavrin::column({tavrin::text("Words"), std::move(done)}, {.padding = 20}));
+        probe.window->makeKeyAndOrderFront();
+    }
+
+    void popUpMenu() {
+        tavrin::Menu menu;
+        menu.items = {{"First", "f", true, true, false, probe.logs("first")},
+                      tavrin::MenuItem::separator(),
+                      {"Second", "", false, false, false, probe.logs("second")},
+                      {"Third", "t", true, false, false, probe.logs("third")}};
+        probe.platform->presentation.popUp(std::move(menu), *probe.item, *probe.item->frame());
+    }
+
+    Log takeLog() { return std::exchange(probe.log, {}); }
+
+    Probe probe;
+    TavrinMac mac;
+};
+
+} // namespace
+
+TEST_F(Surfaces, PopoverClosesBeforeThePressOutsideActs) {
+    showPopover(PopoverBehavior::Transient);
+    const auto popover = mac.surfacesOf(tavrinBundle).at(0);
+    const auto item = mac.itemsOf(tavrinBundle).at(0)["frame"];
+    EXPECT_EQ(popover["kind"], "popover");
+    EXPECT_GE(popover["frame"][1].get<double>(), item[1].get<double>() + item[3].get<double>());
+
+    mac.press("Do It");
+    EXPECT_EQ(takeLog(), Log{"did it"});
+    EXPECT_TRUE(probe.popover->isShown());
+
+    mac.clickItem(tavrinBundle);
+    EXPECT_EQ(takeLog(), (Log{"popover closed", "left"}));
+    EXPECT_FALSE(probe.popover->isShown());
+
+    showPopover(PopoverBehavior::ApplicationDefined);
+    mac.done({{"do", "click"}, {"at", {300, 600}}});
+    EXPECT_EQ(takeLog(), Log{});
+    mac.rightClickItem(tavrinBundle);
+    EXPECT_EQ(takeLog(), Log{"right"});
+    probe.popover->close();
+    mac.settle();
+    EXPECT_EQ(takeLog(), Log{"popover closed"});
+}
+
+TEST_F(Surfaces, PopoverStaysOnTheScreenAndWithItsItem) {
+    showPopover(PopoverBehavior::ApplicationDefined);
+    const auto before = mac.surfacesOf(tavrinBundle).at(0);
+    probe.popover->setContent(tavrin::row({tavrin::text("x")}, {.width = 4000}));
+    EXPECT_GE(mac.surfacesOf(tavrinBundle).at(0)["frame"][0].get<double>(), 0);
+    probe.popover->setContent(tavrin::text("Hello"));
+    mac.set("quit", "com.sample.weather"); // an item on the right goes away, and the run moves over
+    mac.settle();
+    EXPECT_GT(mac.surfacesOf(tavrinBundle).at(0)["arrowX"], before["arrowX"]);
+    probe.item.reset();
+    mac.settle();
+    EXPECT_EQ(takeLog(), Log{"popover closed"});
+}
+
+TEST_F(Surfaces, NothingReachesAProgramThatIsGone) {
+    openWindow();
+    showPopover(PopoverBehavior::Transient);
+    mac.done({{"do", "crash"}});
+    mac.settle();
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+    EXPECT_EQ(takeLog(), Log{});
+
+    mac.done({{"do", "start"}});
+    mac.settle();
+    showPopover(PopoverBehavior::Transient);
+    probe.popover.reset(); // closes without telling
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+    mac.settle();
+    EXPECT_EQ(takeLog(), Log{});
+}
+
+TEST_F(Surfaces, WindowTakesKeysAndCloses) {
+    openWindow();
+    const auto window = mac.surfacesOf(tavrinBundle).at(0);
+    EXPECT_TRUE(window["key"]);
+    EXPECT_EQ(window["title"], "Probe Window");
+    mac.done({{"do", "key"}, {"key", "return"}});
+    EXPECT_EQ(takeLog(), Log{"done"});
+    mac.done({{"do", "start"}});
+    EXPECT_EQ(takeLog(), Log{"reopened with windows"});
+
+    const double x = window["frame"][0];
+    const double y = window["frame"][1];
+    mac.done({{"do", "drag"}, {"from", {x + 60, y + 10}}, {"to", {x + 160, y + 60}}});
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["frame"][0], x + 100);
+    // Let go beside the control that was pressed: nothing happens.
+    const auto done = mac.find("Done").at(0)["frame"];
+    const json from{done[0].get<double>() + 5, done[1].get<double>() + 5};
+    mac.done({{"do", "drag"}, {"from", from}, {"to", {x + 500, y + 400}}});
+    EXPECT_EQ(takeLog(), Log{});
+
+    mac.press("close button");
+    EXPECT_EQ(takeLog(), (Log{"window closed", "last window closed"}));
+    openWindow();
+    mac.done({{"do", "key"}, {"key", "w"}, {"modifiers", {"command"}}});
+    EXPECT_EQ(takeLog(), (Log{"window closed", "last window closed"}));
+}
+
+TEST_F(Surfaces, MenuOfTheProgramTracksUntilChosen) {
+    popUpMenu();
+    EXPECT_TRUE(mac.find("First").at(0)["checked"]);
+    EXPECT_NE(mac.refused({{"do", "press"}, {"text", "Second"}}).find("disabled"), std::string::npos);
+    mac.press("Third");
+    EXPECT_EQ(takeLog(), Log{"third"});
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+
+    popUpMenu();
+    mac.clickItem(tavrinBundle); // closes the menu and does no more
+    EXPECT_EQ(takeLog(), Log{});
+    EXPECT_FALSE(mac.shows("First"));
+
+    for (const auto& keys : {Log{"escape"}, Log{"down", "down", "return"}, Log{"f"}}) {
+        popUpMenu();
+        for (const auto& key : keys)
+            mac.done(
+                {{"do", "key"}, {"key", key}, {"modifiers", key == "f" ? json{"command"} : json::array()}});
+    }
+    EXPECT_EQ(takeLog(), (Log{"third", "first"}));
+}
+
+TEST_F(Surfaces, OtherApplicationsOpenTheirMenus) {
+    mac.done({{"do", "menu"}, {"path", {"Finder", "About Finder"}}});
+    mac.done({{"do", "menu"}, {"path", {"View", "Sort By", "Kind"}}});
+    mac.done({{"do", "menu"}, {"path", {"Notes Agent", "Sync Now"}}});
+    const auto chosen = mac.done({{"do", "events"}})["chosen"];
+    ASSERT_EQ(chosen.size(), 3U);
+    EXPECT_EQ(chosen[1]["path"], (json{"Sort By", "Kind"}));
+    EXPECT_EQ(chosen[2]["owner"], "org.example.notes");
+    EXPECT_TRUE(mac.done({{"do", "events"}})["chosen"].empty());
+
+    mac.clickItem("org.example.notes");
+    EXPECT_TRUE(mac.itemsOf("org.example.notes").at(0)["open"]);
+    mac.clickItem("com.apple.controlcenter"); // on to the next item, which closes the menu
+    EXPECT_FALSE(mac.shows("Sync Now"));
+    EXPECT_EQ(mac.surfacesOf("com.apple.controlcenter").size(), 1U);
+    mac.clickItem("com.apple.controlcenter");
+    EXPECT_TRUE(mac.surfacesOf("com.apple.controlcenter").empty());
+
+    mac.set("hang", "org.example.notes");
+    EXPECT_NE(mac.refused({{"do", "menu"}, {"path", {"Notes Agent", "Sync Now"}}}).find("no menu"),
+              std::string::npos);
+    mac.set("quit", "com.apple.finder");
+    EXPECT_NE(mac.look()["menus"][1]["title"], "Finder");
+}
+
+TEST_F(Surfaces, SystemSettingsGrantAndRevoke) {
+    auto& workspace = probe.platform->workspace;
+    EXPECT_FALSE(workspace.openUrl("https://example.org"));
+    EXPECT_TRUE(
+        workspace.openUrl("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"));
+    mac.settle();
+    EXPECT_EQ(mac.look()["frontmost"], "com.apple.systempreferences");
+    for (const bool expected : {true, false, true}) {
+        mac.press("Tavrin");
+        mac.settle();
+        EXPECT_EQ(probe.platform->accessibility.isTrusted(), expected);
+        EXPECT_EQ(mac.look()["world"]["trusted"], expected);
+    }
+    mac.press("close button");
+    EXPECT_TRUE(mac.surfacesOf("com.apple.systempreferences").empty());
+    EXPECT_TRUE(mac.mac().processes().withBundle("com.apple.systempreferences").empty());
+}
+
+TEST_F(Surfaces, PointerAndCursor) {
+    mac.done({{"do", "move"}, {"at", {20, 500}}});
+    EXPECT_EQ(probe.platform->presentation.pointerLocation(), (tavrin::Point{20, 500}));
+    auto& cursor = mac.modelled().content().cursor;
+    cursor.hide(tavrin::Seconds{1});
+    cursor.hide(tavrin::Seconds{1});
+    cursor.show(tavrin::Seconds{2});
+    EXPECT_FALSE(mac.look()["pointer"]["visible"]);
+    EXPECT_EQ(mac.done({{"do", "events"}})["events"].size(), 3U);
+}
+
+} // namespace mac_model

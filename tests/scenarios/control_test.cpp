@@ -1,0 +1,130 @@
+#include "scenarios/acts.h"
+
+#include <gtest/gtest.h>
+
+namespace mac_model {
+namespace {
+
+constexpr const char* hint = "Your menu bar items are tucked away here. Click to choose which ones show.";
+
+std::vector<std::string> menuTexts(TavrinMac& mac) {
+    std::vector<std::string> texts;
+    for (const auto& surface : mac.surfacesOf(tavrinBundle)) {
+        if (surface["kind"] != "menu") continue;
+        for (const auto& entry : surface["children"]) texts.push_back(entry.value("text", "-"));
+    }
+    return texts;
+}
+
+TEST(Control, looksAndSaysWhatAClickWillDo) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    EXPECT_EQ(mac.control()["help"], "Tavrin: click to hide configured items; right-click to configure");
+    EXPECT_EQ(mac.control()["symbol"], "chevron.left.2");
+    clickControlAndWait(mac);
+    EXPECT_EQ(mac.control()["help"], "Tavrin: click to reveal hidden items; right-click to configure");
+    EXPECT_EQ(mac.control()["symbol"], "chevron.right.2");
+}
+
+TEST(Control, theMenuHasItsEntriesInOrderAndFollowsTheState) {
+    for (const bool collapsed : {false, true}) {
+        TavrinMac mac(
+            trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", collapsed}})));
+        mac.wait(3);
+        mac.rightClickItem(tavrinBundle);
+        EXPECT_EQ(isCollapsed(mac), collapsed) << "a right click never toggles";
+        const auto texts = menuTexts(mac);
+        const std::vector<std::string> expected{"Configure Items…",
+                                                collapsed ? "Show All Items" : "Hide Configured Items",
+                                                "Refresh Item List",
+                                                "-",
+                                                "Settings…",
+                                                "-",
+                                                texts.at(6),
+                                                "About Tavrin",
+                                                "Check for Updates…",
+                                                "Automatically Update Tavrin",
+                                                "-",
+                                                "Quit Tavrin"};
+        EXPECT_EQ(texts, expected);
+        EXPECT_TRUE(texts.at(6).starts_with("Version "));
+        for (const char* text : {texts.at(6).c_str(), "Check for Updates…", "Automatically Update Tavrin"}) {
+            EXPECT_EQ(mac.find(text).at(0).value("enabled", true), false)
+                << text << ": no updater is bundled";
+        }
+        mac.press(texts.at(1));
+        mac.wait(1);
+        EXPECT_NE(isCollapsed(mac), collapsed);
+    }
+}
+
+TEST(Control, theMenuReachesTheWindowsAndQuits) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    const auto choose = [&](const std::string& title) {
+        mac.rightClickItem(tavrinBundle);
+        mac.press(title);
+        mac.wait(1);
+    };
+    choose("Settings…");
+    EXPECT_TRUE(mac.shows("Accessibility access is on."));
+    choose("About Tavrin");
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 2u);
+    choose("Configure Items…");
+    EXPECT_TRUE(mac.shows("Hidden"));
+    choose("Quit Tavrin");
+    EXPECT_FALSE(mac.mac().program().isRunning());
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+}
+
+TEST(Control, switchesAutomaticUpdatesOfABundledUpdater) {
+    auto options = trustedMac("classic-display", setUp());
+    options.changes["updater"] = "automatic";
+    TavrinMac mac(options);
+    mac.wait(2);
+    for (const bool wasAutomatic : {true, false}) {
+        mac.rightClickItem(tavrinBundle);
+        EXPECT_EQ(mac.find("Automatically Update Tavrin").at(0).value("checked", false), wasAutomatic);
+        mac.press("Automatically Update Tavrin");
+    }
+    EXPECT_TRUE(mac.mac().updater()->checksAutomatically());
+    EXPECT_TRUE(mac.mac().updater()->downloadsAutomatically());
+}
+
+TEST(FirstRunHint, aClickOnTheControlOpensTheConfigureWindowInstead) {
+    TavrinMac mac(trustedMac("classic-display"));
+    mac.wait(3);
+    ASSERT_TRUE(mac.shows(hint));
+    EXPECT_EQ(storedText(mac, "Skerrow.pendingFirstRunHint"), "true");
+    clickControl(mac);
+    EXPECT_FALSE(mac.shows(hint));
+    EXPECT_EQ(storedText(mac, "Skerrow.pendingFirstRunHint"), "false");
+    mac.wait(1);
+    EXPECT_TRUE(mac.shows("Hidden"));
+    clickControlAndWait(mac);
+    EXPECT_TRUE(isCollapsed(mac)) << "the next click toggles: the window had everything revealed";
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 0u);
+}
+
+TEST(FirstRunHint, aClickElsewhereOnlyClosesIt) {
+    TavrinMac mac(trustedMac("classic-display"));
+    mac.wait(3);
+    mac.done({{"do", "click"}, {"at", {700, 600}}});
+    mac.wait(1);
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+    EXPECT_EQ(storedText(mac, "Skerrow.pendingFirstRunHint"), "false");
+    clickControlAndWait(mac);
+    EXPECT_FALSE(isCollapsed(mac)) << "the next click toggles";
+}
+
+TEST(FirstRunHint, isOwedUntilClosedOnce) {
+    TavrinMac mac(trustedMac("classic-display"));
+    mac.wait(3);
+    mac.done({{"do", "crash"}});
+    mac.done({{"do", "start"}});
+    mac.wait(3);
+    EXPECT_TRUE(mac.shows(hint));
+}
+
+} // namespace
+} // namespace mac_model

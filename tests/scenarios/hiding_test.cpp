@@ -1,0 +1,211 @@
+#include "scenarios/acts.h"
+
+#include <gtest/gtest.h>
+
+namespace mac_model {
+namespace {
+
+constexpr const char* needsScan =
+    "Tavrin needs a current item scan before it can hide anything. Grant Accessibility "
+    "access, then refresh.";
+
+struct Model {
+    std::string desktop;
+    std::string setting; // empty: all at their defaults
+    std::string value;
+};
+
+std::vector<Model> allModels() {
+    std::vector<Model> models;
+    for (const auto& desktop : shippedDesktops) {
+        models.push_back({desktop, "", ""});
+        for (const auto& setting : uncertaintySettings) {
+            models.push_back({desktop, std::string(setting.name), std::string(setting.values[1])});
+        }
+    }
+    return models;
+}
+
+class HidingOnEveryMac : public testing::TestWithParam<Model> {};
+
+TEST_P(HidingOnEveryMac, hidesRevealsAndLeavesNothingBehind) {
+    const auto& model = GetParam();
+    auto options = trustedMac(model.desktop, {{"Skerrow.legacy", 1}});
+    if (!model.setting.empty()) options.model[model.setting] = model.value;
+    TavrinMac mac(options);
+    const auto before = othersItems(mac);
+    mac.wait(8);
+    if (model.desktop == "macos-27") {
+        EXPECT_TRUE(mac.shows(
+            "This macOS build does not expose the menu bar visibility interface Tavrin relies on."));
+        EXPECT_TRUE(spacer(mac).is_null());
+        EXPECT_FALSE(isCollapsed(mac));
+        return;
+    }
+    ASSERT_TRUE(isCollapsed(mac)) << "a fresh install hides everything that can be moved";
+    for (const auto& item : mac.look()["menuBar"]) {
+        const bool isFixed = item["name"] == "Clock" || item["name"] == "Control Center";
+        if (item["owner"] != tavrinBundle) EXPECT_EQ(item["drawn"], isFixed) << item;
+    }
+    EXPECT_TRUE(mac.shows("Your menu bar items are tucked away here. Click to choose which ones show."));
+    answerHint(mac);
+    EXPECT_TRUE(isCollapsed(mac)) << "closing the configure window restores what it found";
+
+    clickControlAndWait(mac);
+    EXPECT_FALSE(isCollapsed(mac));
+    EXPECT_EQ(spacerLength(mac), 0);
+    EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "false");
+    clickControlAndWait(mac);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "true");
+
+    mac.done({{"do", "terminate"}});
+    mac.wait(1);
+    EXPECT_EQ(othersItems(mac), before);
+    EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{});
+    mac.done({{"do", "start"}});
+    mac.wait(4);
+    EXPECT_TRUE(isCollapsed(mac)) << "the choice survives a restart";
+}
+
+INSTANTIATE_TEST_SUITE_P(Models, HidingOnEveryMac, testing::ValuesIn(allModels()), [](const auto& info) {
+    auto name = info.param.desktop + "_" + (info.param.setting.empty() ? "defaults" : info.param.setting);
+    std::ranges::replace(name, '-', '_');
+    return name;
+});
+
+/// Tavrin's control stands in mid-bar, with Wi-Fi and Sound on its visible side.
+TavrinMacOptions withControlInMidBar(std::vector<std::string> hidden) {
+    return trustedMac("classic-display",
+                      setUp(std::move(hidden), {{"NSStatusItem Preferred Position Skerrow.Main.v1", 500.5}}));
+}
+
+TEST(Hiding, isRefusedWhileItemsStandOnTheVisibleSide) {
+    // The bundle part of an identifier, and all of Control Center's, compare without letter case.
+    const std::vector<std::string> wrongSide{"com.apple.controlcenter::identifier:com.apple.menuextra.wifi",
+                                             "COM.APPLE.ControlCenter::identifier:com.apple.menuextra.SOUND"};
+    const std::pair<std::vector<std::string>, const char*> cases[]{
+        {{wrongSide[0]},
+         "Couldn’t hide yet: 1 item is still on the visible side. Apply the configuration first."},
+        {wrongSide,
+         "Couldn’t hide yet: 2 items are still on the visible side. Apply the configuration first."}};
+    for (const auto& [hidden, message] : cases) {
+        TavrinMac mac(withControlInMidBar(hidden));
+        mac.wait(2);
+        const auto before = othersItems(mac);
+        clickControlAndWait(mac);
+        EXPECT_TRUE(mac.shows(message));
+        EXPECT_EQ(othersItems(mac), before);
+        EXPECT_FALSE(isCollapsed(mac));
+        EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "absent");
+
+        // Choosing to show the items after all makes the way free.
+        for (std::size_t i = 0; i < hidden.size(); ++i) mac.press(i == 0 ? "Show Wi-Fi" : "Show Sound");
+        mac.done({{"do", "key"}, {"key", "escape"}});
+        clickControlAndWait(mac);
+        EXPECT_TRUE(isCollapsed(mac));
+    }
+}
+
+TEST(Hiding, quickClicksHideOnceAndTheNewestRequestWins) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    mac.set("latency", {{"com.sample.sensors", 0.2}});
+    clickControl(mac);
+    clickControl(mac);
+    EXPECT_FALSE(isCollapsed(mac)) << "the scan of the second request is still running";
+    mac.wait(5);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+}
+
+TEST(Hiding, aHungApplicationCostsOneTimeoutAndNothingElse) {
+    const auto hidingTime = [](int hungCount) {
+        TavrinMac mac(trustedMac("classic-display", setUp()));
+        mac.wait(2);
+        const char* bundles[]{"com.sample.sensors", "org.example.rooms", "org.example.notes"};
+        for (int i = 0; i < hungCount; ++i) mac.set("hang", bundles[i]);
+        clickControl(mac);
+        const double began = mac.look()["time"];
+        while (!isCollapsed(mac) && mac.look()["time"] < began + 10) mac.wait(0.01);
+        EXPECT_TRUE(isCollapsed(mac));
+        return mac.look()["time"].get<double>() - began;
+    };
+    const auto healthy = hidingTime(0);
+    EXPECT_LT(healthy, 0.2);
+    EXPECT_NEAR(hidingTime(1), healthy + 0.5, 0.06);
+    EXPECT_NEAR(hidingTime(3), healthy + 1.5, 0.06);
+}
+
+TEST(Hiding, revokedAccessRefusesTheNextHideUntilGrantedAgain) {
+    for (const char* revoked : {"apiDisabled", "timesOut"}) {
+        for (const char* notice : {"prompt", "stale"}) {
+            auto options = trustedMac("classic-display", setUp());
+            options.model = {{"revokedAccess", revoked}, {"permissionNotice", notice}};
+            TavrinMac mac(options);
+            mac.wait(2);
+            mac.set("trusted", false);
+            mac.wait(1);
+            const auto before = othersItems(mac);
+            clickControlAndWait(mac);
+            EXPECT_TRUE(mac.shows(needsScan));
+            EXPECT_TRUE(mac.shows("Grant access to load menu bar apps"));
+            EXPECT_EQ(othersItems(mac), before);
+            mac.set("trusted", true);
+            mac.wait(4);
+            EXPECT_FALSE(mac.shows("Grant access to load menu bar apps"));
+            mac.done({{"do", "key"}, {"key", "escape"}});
+            clickControlAndWait(mac);
+            EXPECT_TRUE(isCollapsed(mac)) << revoked << ' ' << notice;
+            mac.set("trusted", false);
+            clickControlAndWait(mac);
+            EXPECT_FALSE(isCollapsed(mac)) << "revealing needs no access";
+        }
+    }
+}
+
+TEST(Hiding, theSpacerFollowsTheWidestScreen) {
+    TavrinMac mac(trustedMac("two-displays", setUp()));
+    mac.wait(2);
+    clickControlAndWait(mac);
+    EXPECT_EQ(spacerLength(mac), 5120);
+    auto screens = mac.look()["screens"];
+    for (auto& screen : screens) {
+        for (const char* derived : {"menuBarHeight", "menus"}) screen.erase(derived);
+    }
+    for (const bool vanishBriefly : {false, true}) {
+        mac.set("screensVanishBriefly", vanishBriefly);
+        mac.set("screens", json::array({screens[0]}));
+        mac.wait(2);
+        EXPECT_EQ(spacerLength(mac), 3024);
+        mac.set("screens", screens);
+        mac.wait(2);
+        EXPECT_EQ(spacerLength(mac), 5120);
+        EXPECT_TRUE(isCollapsed(mac));
+    }
+    clickControlAndWait(mac);
+    mac.set("screens", json::array({screens[0]}));
+    mac.wait(2);
+    EXPECT_EQ(spacerLength(mac), 0);
+}
+
+TEST(Hiding, aControlThatMacOSTakesAwayBringsTheFullBarBack) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    mac.set("dropsOwnersOfLongItems", true);
+    clickControl(mac);
+    mac.wait(3);
+    EXPECT_FALSE(isCollapsed(mac));
+    EXPECT_EQ(spacerLength(mac), 0);
+    EXPECT_TRUE(
+        mac.shows("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. "
+                  "Move the app to the Applications folder, relaunch it, and try again."));
+    mac.set("dropsOwnersOfLongItems", false);
+    mac.done({{"do", "key"}, {"key", "escape"}});
+    clickControl(mac);
+    mac.wait(3);
+    EXPECT_TRUE(isCollapsed(mac));
+}
+
+} // namespace
+} // namespace mac_model
