@@ -10,7 +10,7 @@ using nlohmann::json;
 namespace {
 
 std::string shortened(std::string text) {
-    constexpr std::size_t lengthMax = 160;
+    constexpr std::size_t lengthMax = 100;
     if (text.size() <= lengthMax) return text;
     std::size_t end = lengthMax;
     while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end; // not inside a character

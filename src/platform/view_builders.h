@@ -44,7 +44,9 @@ inline View column(std::vector<View> children, StackOptions options = {}) {
     return stack(ViewKind::Column, std::move(children), options);
 }
 
+/// A row whose children are centred vertically.
 inline View row(std::vector<View> children, StackOptions options = {}) {
+    options.isCentered = true;
     return stack(ViewKind::Row, std::move(children), options);
 }
 

@@ -1,4 +1,5 @@
-// Commands go to the server one after the other, in order; of pointer moves that wait only the newest is sent.
+// Commands go to the server one after the other, in order. A pointer move that still waits is dropped when a later
+// command says where the pointer is.
 
 const waiting = [];
 let isSending = false;
@@ -11,7 +12,7 @@ export function onRefusal(handler) {
 export function send(command) {
     return new Promise((resolve) => {
         const last = waiting.at(-1);
-        if (command.do === "move" && last?.command.do === "move") {
+        if (command.at && last?.command.do === "move") {
             last.resolve({ ok: true });
             waiting.pop();
         }

@@ -41,6 +41,14 @@ export class Desk {
         state.screens.map((screen, index) => this.screen(screen, index)),
         h("div", { class: "surfaces", key: "surfaces" }, surfaces(state, this.corner)),
         this.arrow())]);
+        this.followFocus();
+    }
+
+    // The browser's focus follows the Mac's, so that assistive technology hears of it.
+    followFocus() {
+        const focused = this.room.querySelector(".view.focused");
+        const isHere = document.activeElement === document.body || this.room.contains(document.activeElement);
+        if (focused && isHere && document.activeElement !== focused) focused.focus({ preventScroll: true });
     }
 
     screen(screen, index) {

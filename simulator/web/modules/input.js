@@ -17,7 +17,6 @@ export class Input {
         this.desk = desk;
         this.room = room;
         this.isCommandHeld = false;
-        this.moveAsked = null;
         room.addEventListener("pointermove", (event) => this.moved(event));
         room.addEventListener("pointerdown", (event) => this.pressed(event));
         room.addEventListener("pointerup", (event) => this.released(event));
@@ -34,19 +33,12 @@ export class Input {
         return held;
     }
 
-    // One move for each picture the browser draws.
+    // Browsers give one move for each picture that they draw.
     moved(event) {
         const at = this.desk.pointAt(event);
         if (!at) return;
         this.desk.hand = at;
-        const isAsked = this.moveAsked !== null;
-        this.moveAsked = at;
-        if (!isAsked) requestAnimationFrame(() => this.sendMove());
-    }
-
-    sendMove() {
-        if (this.moveAsked) send({ do: "move", at: this.moveAsked });
-        this.moveAsked = null;
+        send({ do: "move", at });
     }
 
     pressed(event) {
@@ -57,7 +49,6 @@ export class Input {
         this.room.focus({ preventScroll: true });
         this.room.setPointerCapture(event.pointerId);
         this.desk.hand = at;
-        this.moveAsked = null;
         send({ do: "down", at, button, modifiers: this.modifiers(event) });
     }
 
@@ -65,7 +56,6 @@ export class Input {
         const button = buttonNames[event.button];
         const at = this.desk.pointAt(event);
         if (!button || !at) return;
-        this.moveAsked = null;
         send({ do: "up", at, button });
     }
 
@@ -78,7 +68,8 @@ export class Input {
         const isElsewhere = event.target !== document.body && !this.room.contains(event.target);
         if (isElsewhere || event.isComposing || ["Shift", "Control", "Alt", "Meta"].includes(event.key)) return;
         const isPressOfControl = event.target.matches("button, input") && [" ", "Enter"].includes(event.key);
-        const isFocusMove = event.key === "Tab";
+        // Where the Mac's keyboard focus has nowhere to go, Tab leads through the page as everywhere.
+        const isFocusMove = event.key === "Tab" && !this.room.querySelector(".surface.key .view[tabindex]");
         if (isPressOfControl || isFocusMove) return;
         const key = keyNames[event.key] ?? (event.key.length === 1 ? event.key.toLowerCase() : null);
         if (!key) return;

@@ -12,11 +12,14 @@ const input = new Input(room, desk);
 const panel = new Panel(document.querySelector("#panel"), input);
 new Tooltips(room);
 
+const frameMilliseconds = 12;
 let isDrawingAsked = false;
+let drawnAt = 0;
 let newest = null;
 
 function draw() {
     isDrawingAsked = false;
+    drawnAt = performance.now();
     const isDark = panel.isDark();
     document.documentElement.classList.toggle("dark", isDark);
     document.documentElement.classList.toggle("calm", newest.world?.reducedMotion === true);
@@ -31,6 +34,8 @@ follow({
     onState(state) {
         newest = state;
         if (isDrawingAsked) return;
+        // The first of several changes is drawn at once, so that it is in the next picture; the others share one.
+        if (performance.now() - drawnAt > frameMilliseconds) return draw();
         isDrawingAsked = true;
         requestAnimationFrame(draw);
     },

@@ -1,6 +1,9 @@
 import { h, icon } from "./dom.js";
 import { place } from "./geometry.js";
 import { pictureFor } from "./symbols.js";
+import { fitting } from "./text_fit.js";
+
+const clockFace = "Tue 14 Oct  9:41"; // of a clock that says nothing of itself
 
 // The menu bar of one screen: menu titles at the left, status items at the right, the notch between.
 
@@ -53,7 +56,7 @@ export function keyed(items) {
 }
 
 function statusItem(item, frame, key, origin) {
-    const isBlank = !item.symbol && !item.title && frame[2] > 120;
+    const isBlank = !item.symbol && !item.title && item.autosaveName !== "Clock" && frame[2] > 120;
     const classes = ["status-item", item.open && "open", item.enabled === false && "disabled", item.carried && "carried", isBlank && "blank",
         item.pill && "with-pill", frame[2] === 0 && "empty"].filter(Boolean).join(" ");
     return h("button", {
@@ -69,7 +72,8 @@ function statusItem(item, frame, key, origin) {
 function face(item, frame) {
     const picture = item.symbol ? pictureFor(item.symbol) : null;
     if (picture) return icon(picture);
-    if (item.title) return h("span", { class: "title" }, item.title);
+    const title = item.title || (item.autosaveName === "Clock" ? clockFace : "");
+    if (title) return h("span", { class: "title", style: { "letter-spacing": `${fitting(title, "body", frame[2] - 8)}px` } }, title);
     if (frame[2] < 8 || frame[2] > 120) return null;
     return h("span", { class: "monogram", "aria-hidden": "true" }, [...(item.name || "?")][0].toUpperCase());
 }

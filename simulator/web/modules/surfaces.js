@@ -17,6 +17,7 @@ function surfaceElement(surface, index, origin, state) {
     const content = surface.children.filter((child) => child !== closeButton);
     return h("section", {
         key: `surface-${surface.id ?? index}`, role: roleOfKind[surface.kind] ?? "dialog",
+        "aria-hidden": surface.kind === "drag" ? "true" : undefined,
         "aria-label": surface.title || nameOf(surface, state), "data-owner": surface.owner,
         class: `surface ${surface.kind}${surface.key ? " key" : ""}${closeButton ? " titled" : ""}`,
         style: { ...place(surface.frame, origin), "z-index": String(index + 1) },

@@ -11,9 +11,10 @@ export function view(node, parentOrigin, state) {
     const origin = [node.frame[0], node.frame[1]];
     const draw = drawings[node.role] ?? drawGroup;
     const { tag, properties = {}, content = [] } = draw(node, state);
-    const classes = ["view", properties.class, node.tone && `tone-${node.tone}`, node.focused && "focused"];
+    const classes = ["view", properties.class, node.tone && `tone-${node.tone}`, node.focused && "focused",
+        node.highlighted && "drop-target", node.draggable && "draggable"];
     return h(tag, {
-        ...labels(node), ...properties, class: classes.filter(Boolean).join(" "),
+        ...labels(node), tabindex: node.focusable ? "-1" : undefined, ...properties, class: classes.filter(Boolean).join(" "),
         style: { ...place(node.frame, parentOrigin), ...properties.style },
     }, content, (node.children ?? []).map((child) => view(child, origin, state)));
 }
@@ -145,10 +146,13 @@ function symbol(node) {
     return element;
 }
 
+const symbolOfApplication = { "com.apple.controlcenter": "switch.2", "com.apple.systemuiserver": "menubar.rectangle" };
+
 // An application's icon: a tile in a colour of its own with what it shows in the menu bar, or its initial.
 export function applicationIcon(bundle, state) {
     const item = state?.menuBar.find((candidate) => candidate.owner === bundle);
-    const picture = item?.symbol ? pictureFor(item.symbol) : null;
+    const symbol = symbolOfApplication[bundle] ?? item?.symbol;
+    const picture = symbol ? pictureFor(symbol) : null;
     let hue = 7;
     for (const character of bundle) hue = (hue * 31 + character.charCodeAt(0)) % 360;
     return h("span", { class: "tile", style: { "--hue": String(hue) } },

@@ -1,0 +1,235 @@
+// Each drives the modelled Mac as a person does, with pointer and keyboard, and looks at what the page shows.
+import assert from "node:assert/strict";
+import { createServer } from "node:http";
+import { MacPage, MacServer, until } from "./mac_page.mjs";
+
+export const scenarios = {
+    async "onboarding: granting access brings the control and hides the items"({ mac }) {
+        await mac.window("Welcome to Tavrin").getByRole("heading", { name: "Allow Tavrin to tidy your menu bar" }).waitFor();
+        assert.equal(await mac.control.count(), 0);
+        await mac.button("Open System Settings").click();
+        const box = mac.room.getByRole("checkbox", { name: "Tavrin" });
+        assert.equal(await box.isChecked(), false);
+        await box.click();
+        await until("the box is ticked", () => box.isChecked());
+        await mac.window("Welcome to Tavrin").waitFor({ state: "detached" });
+        await until("only fixed items and the control are drawn", async () => (await mac.itemNames()).length === 3);
+        assert.deepEqual(await mac.itemNames(), ["Tavrin", "Control Center", "Clock"]);
+        await mac.room.getByText("Your menu bar items are tucked away").waitFor();
+        await mac.trace.getByText("Accessibility may be used").first().waitFor();
+        await mac.trace.getByText("hiddenItemIdentifiers").first().waitFor();
+    },
+
+    async "control: a click reveals, the next one hides"({ mac }) {
+        await mac.hidden();
+        await mac.control.click();
+        await mac.item("Spotlight").waitFor();
+        const revealed = await mac.itemNames();
+        assert.ok(revealed.length > 10, revealed.join());
+        assert.match(await mac.control.innerHTML(), /chevrons-left/);
+        await mac.page.keyboard.press("Escape");
+        await mac.control.click({ button: "right" });
+        await mac.entry("Hide Configured Items").click();
+        await mac.item("Spotlight").waitFor({ state: "detached" });
+        assert.match(await mac.control.innerHTML(), /chevrons-right/);
+    },
+
+    async "control menu: opens on a right click, tracks pointer and keys, closes on Escape"({ mac }) {
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Quit Tavrin").waitFor();
+        await mac.entry("About Tavrin").hover();
+        await mac.menu.locator(".highlighted", { hasText: "About Tavrin" }).waitFor();
+        await mac.page.keyboard.press("ArrowDown");
+        await until("the highlight moved on", async () => await mac.menu.locator(".highlighted", { hasText: "About Tavrin" }).count() === 0);
+        assert.equal(await mac.menu.locator(".highlighted").count(), 1);
+        await mac.page.keyboard.press("Escape");
+        await mac.menu.waitFor({ state: "detached" });
+    },
+
+    async "quitting: all items come back, and a new launch hides them again"({ mac }) {
+        const before = await mac.itemNames();
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Quit Tavrin").click();
+        await mac.control.waitFor({ state: "detached" });
+        await until("the bar is as it was", async () => (await mac.itemNames()).join() === before.join());
+        await mac.panel.getByRole("button", { name: "Start" }).click();
+        await mac.control.waitFor();
+        await until("the items are hidden again", async () => (await mac.itemNames()).length === 3);
+        assert.equal(await mac.window("Welcome to Tavrin").count(), 0);
+    },
+
+    async "menu bar: Command-drag reorders items and passes nothing fixed"({ mac }) {
+        const before = await mac.itemNames();
+        const [battery, wifi] = [before.find((name) => name.startsWith("Battery")), before.find((name) => name.startsWith("Wi"))];
+        const box = await mac.item(wifi).boundingBox();
+        await mac.dragWithCommand(mac.item(battery), box.width);
+        const swapped = before.map((name) => (name === battery ? wifi : name === wifi ? battery : name));
+        await until("the two have changed places", async () => (await mac.itemNames()).join() === swapped.join());
+        await mac.dragWithCommand(mac.item(battery), 400);
+        await mac.dragWithCommand(mac.item("Clock"), -400);
+        await mac.dragWithCommand(mac.item("Spotlight"), -200, 300);
+        await new Promise((resolve) => setTimeout(resolve, 400));
+        assert.deepEqual(await mac.itemNames(), swapped);
+    },
+
+    async "menu bar: applications' menus drop, track and say which entry ran"({ mac }) {
+        const title = (name) => mac.room.getByRole("menubar").getByRole("menuitem", { name, exact: true });
+        await title("File").click();
+        await mac.entry("New Folder").waitFor();
+        assert.equal(await title("File").getAttribute("aria-expanded"), "true");
+        await title("View").hover();
+        await mac.menu.getByRole("menuitemcheckbox", { name: "as Icons", checked: true }).waitFor();
+        await mac.entry("Sort By").hover();
+        await until("the submenu is open", async () => await mac.menu.count() === 2);
+        await mac.menu.last().getByRole("menuitem", { name: "Kind" }).click();
+        await mac.trace.getByText("View › Sort By › Kind").waitFor();
+        assert.equal(await mac.menu.count(), 0);
+    },
+
+    async "configure popover: rows stand at their frames, and a press moves an item to Shown"({ mac }) {
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Configure Items").click();
+        await mac.room.getByRole("heading", { name: "Menu Bar Items" }).waitFor();
+        const look = await mac.server.command({ do: "look" });
+        const misplaced = await mac.page.evaluate((surfaces) => {
+            const desk = document.querySelector(".desk").getBoundingClientRect();
+            const scale = Number(document.querySelector(".desk").style.transform.match(/[\d.]+/)[0]);
+            const wrong = [];
+            const compare = (node, element) => {
+                const box = element.getBoundingClientRect();
+                const [x, y, width, height] = node.frame;
+                const near = (value, wanted) => Math.abs(value - wanted * scale) < 1;
+                if (!near(box.left - desk.left, x) || !near(box.top - desk.top, y) || !near(box.width, width) || !near(box.height, height)) wrong.push(node.text ?? node.role);
+                const children = [...element.children].filter((child) => child.classList.contains("view"));
+                (node.children ?? []).forEach((child, index) => compare(child, children[index]));
+            };
+            const popover = surfaces.find((surface) => surface.kind === "popover");
+            compare(popover.children[0], document.querySelector(".surface.popover > .view"));
+            return wrong;
+        }, look.surfaces);
+        assert.deepEqual(misplaced, []);
+        await mac.room.getByRole("button", { name: "Show" }).first().click();
+        await mac.room.getByRole("button", { name: "Hide" }).first().waitFor();
+    },
+
+    async "wheel: a list scrolls under the pointer"({ mac }) {
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Configure Items").click();
+        const row = mac.room.locator(".scroll .view", { hasText: "Clipboard Shelf" }).last();
+        const before = (await row.boundingBox()).y;
+        await row.hover();
+        await mac.page.mouse.wheel(0, 60);
+        await until("the list has moved", async () => Math.abs((await row.boundingBox()).y - before + 60) < 2);
+    },
+
+    async "two pages show the same Mac, and follow a restart of it"({ mac, browser, program }) {
+        const second = await MacPage.open(browser, mac.server);
+        const title = (page) => page.room.getByRole("menubar").getByRole("menuitem", { name: "Edit" });
+        await title(mac).click();
+        await second.entry("Select All").waitFor();
+        await second.page.keyboard.press("Escape");
+        await mac.menu.waitFor({ state: "detached" });
+        const { port, profile } = mac.server;
+        await mac.grantAccess();
+        assert.equal(await mac.server.stop(), 0);
+        await mac.page.getByText("Waiting for the modelled Mac…").waitFor();
+        mac.server = await MacServer.start(program, { port, profile });
+        second.server = mac.server;
+        for (const page of [mac, second]) {
+            await page.page.getByText("Waiting for the modelled Mac…").waitFor({ state: "hidden" });
+            await page.control.waitFor();
+        }
+        assert.deepEqual(second.faults, []);
+    },
+
+    async "another site's page can neither command nor look"({ mac, browser }) {
+        const attempts = `<!doctype html><form id=f method=post enctype=text/plain action="${mac.server.address}command"><input name='{"do":"crash","x":"' value='"}'></form>
+            <script>(async () => {
+                const target = "${mac.server.address}";
+                const body = JSON.stringify({ do: "set", trusted: true });
+                const tries = [
+                    () => fetch(target + "command", { method: "POST", headers: { "Content-Type": "application/json" }, body }),
+                    () => fetch(target + "command", { method: "POST", mode: "no-cors", body }).then(() => { throw new Error("sent blindly"); }),
+                    () => fetch(target + "stream"),
+                    () => new Promise((resolve, reject) => { const s = new EventSource(target + "stream"); s.onmessage = s.onopen = resolve; s.onerror = reject; }),
+                    () => import(target + "modules/main.js"),
+                    () => new Promise((resolve, reject) => { const frame = document.createElement("iframe"); frame.src = target; document.body.append(frame);
+                        frame.onload = () => { try { frame.contentDocument.body; resolve(); } catch { reject(); } }; setTimeout(reject, 1000); }),
+                ];
+                const succeeded = [];
+                for (const [index, attempt] of tries.entries()) await attempt().then(() => succeeded.push(index), () => {});
+                document.title = "done:" + succeeded.join();
+            })()</script>`;
+        const site = createServer((_, response) => response.setHeader("Content-Type", "text/html").end(attempts)).listen(0, "127.0.0.1");
+        try {
+            for (const host of ["127.0.0.1", "localhost"]) {
+                const page = await (await browser.newContext()).newPage();
+                await page.goto(`http://${host}:${site.address().port}/`);
+                await until("all was tried", async () => (await page.title()).startsWith("done:"));
+                assert.equal(await page.title(), "done:");
+                assert.ok(page.frames().length < 2 || !(await page.frames()[1].content()).includes("room"), "shown in a frame");
+                const [response] = await Promise.all([page.waitForResponse((one) => one.url().endsWith("/command")),
+                    page.evaluate(() => document.querySelector("#f").submit())]);
+                assert.equal(response.status(), 403);
+            }
+        } finally {
+            site.close();
+        }
+        const { world } = await mac.server.command({ do: "look" });
+        assert.deepEqual([world.trusted, world.running], [false, true]);
+    },
+
+    async "panel: it changes the world"({ mac }) {
+        const press = (name) => mac.panel.getByRole("button", { name, exact: true }).click();
+        await press("Attach display");
+        await until("there are two displays", async () => await mac.room.getByRole("region", { name: /Display/ }).count() === 2);
+        await press("Detach display");
+        await until("there is one", async () => await mac.room.getByRole("region", { name: /Display/ }).count() === 1);
+        await press("Quit Spotlight");
+        await mac.item("Spotlight").waitFor({ state: "detached" });
+        await press("Launch Spotlight");
+        await mac.item("Spotlight").waitFor();
+        await press("Hang JChat");
+        await press("Resume JChat");
+        await press("Grant access");
+        await mac.control.waitFor();
+        await press("Revoke access");
+        await mac.panel.getByText("May not use Accessibility.").waitFor();
+        await press("Crash");
+        await mac.control.waitFor({ state: "detached" });
+        await mac.panel.getByRole("combobox", { name: "Desktop file" }).selectOption("two-displays");
+        await until("the other Mac is there", async () => await mac.room.getByRole("region", { name: /Display/ }).count() === 2);
+        await press("macOS 27");
+        await mac.panel.getByRole("button", { name: "macOS 27", pressed: true }).waitFor();
+        const look = await mac.server.command({ do: "look" });
+        assert.equal(look.screens.length, 2);
+    },
+
+    async "appearance: dark and calm when the person wants it so"({ mac, browser }) {
+        assert.equal(await mac.page.locator("html.dark").count(), 0);
+        const dark = await MacPage.open(browser, mac.server, { colorScheme: "dark", reducedMotion: "reduce" });
+        assert.equal(await dark.page.locator("html.dark").count(), 1);
+        const transition = await dark.room.locator(".status-item").first().evaluate((item) => getComputedStyle(item).transitionDuration);
+        assert.equal(transition, "0s");
+    },
+
+    async "keyboard: Return presses the default button, and focus presses without the pointer"({ mac }) {
+        await mac.room.focus();
+        await mac.page.keyboard.press("Enter");
+        await mac.room.getByRole("checkbox", { name: "Tavrin" }).focus();
+        await mac.page.keyboard.press(" ");
+        await mac.control.waitFor();
+    },
+
+    async "help: a tooltip shows when the pointer rests"({ mac }) {
+        await mac.hidden();
+        await mac.control.hover();
+        await mac.page.getByRole("tooltip").getByText("Tavrin: click to").waitFor();
+        await mac.page.mouse.move(300, 500);
+        await mac.page.getByRole("tooltip").waitFor({ state: "hidden" });
+    },
+};
