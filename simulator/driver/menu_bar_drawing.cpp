@@ -121,10 +121,12 @@ std::string lineOf(const Parts& parts, std::size_t nameColumns, std::size_t colu
 
 std::string hiddenText(const json& look) {
     std::string text;
-    for (const auto& [why, phrase] : hiddenPhrases) {
+    for (const auto& hidden : hiddenPhrases) {
+        const std::string why(hidden.first);
         const auto count = std::ranges::count_if(
-            look["menuBar"], [&](const json& item) { return item.value("why", "") == why; });
-        if (count > 0) text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + std::string(phrase);
+            look["menuBar"], [&why](const json& item) { return item.value("why", "") == why; });
+        if (count > 0)
+            text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + std::string(hidden.second);
     }
     return text.empty() ? "all items are drawn" : text;
 }

@@ -1,7 +1,5 @@
 #include "model/stored_positions.h"
 
-#include <cmath>
-
 namespace mac_model {
 
 namespace {
@@ -20,13 +18,6 @@ std::string key(std::string_view prefix, const std::string& name) { return std::
 bool isFalse(const std::optional<tavrin::DefaultsValue>& value) {
     return value && (value->value == decltype(value->value)(false) ||
                      value->value == decltype(value->value)(std::int64_t{0}));
-}
-
-std::optional<double> numberIn(const std::optional<tavrin::DefaultsValue>& value) {
-    if (!value) return std::nullopt;
-    if (const auto* real = std::get_if<double>(&value->value); real && std::isfinite(*real)) return *real;
-    if (const auto* integer = std::get_if<std::int64_t>(&value->value)) return static_cast<double>(*integer);
-    return std::nullopt;
 }
 
 } // namespace
@@ -48,7 +39,7 @@ std::optional<tavrin::DefaultsValue> StoredPositions::value(std::string_view pre
 }
 
 void StoredPositions::read(StatusItemRecord& record, const tavrin::DefaultsDomain& domain) const {
-    if (const auto position = numberIn(value(positionKey, record.name, domain)))
+    if (const auto position = tavrin::numberIn(value(positionKey, record.name, domain)))
         record.preferredPosition = position;
     if (isFalse(value(visibleKey, record.name, domain))) record.isVisible = false;
     record.isRestricted = version_.major >= firstVersionWithControlCenterKey &&

@@ -13,7 +13,6 @@ namespace mac_model {
 namespace {
 
 using tavrin::Rect;
-using tavrin::Size;
 using tavrin::View;
 using tavrin::ViewKind;
 

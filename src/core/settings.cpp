@@ -9,9 +9,7 @@ bool Settings::boolean(std::string_view key) const {
     const auto stored = defaults_.value(domain_, key);
     if (!stored) return false;
     if (const auto* boolean = std::get_if<bool>(&stored->value)) return *boolean;
-    if (const auto* integer = std::get_if<std::int64_t>(&stored->value)) return *integer != 0;
-    if (const auto* real = std::get_if<double>(&stored->value)) return *real != 0;
-    return false;
+    return numberIn(stored).value_or(0) != 0;
 }
 
 void Settings::setBoolean(std::string_view key, bool value) { defaults_.set(domain_, key, {value}); }

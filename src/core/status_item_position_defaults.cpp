@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 
 namespace tavrin {
 
@@ -20,13 +19,6 @@ constexpr std::string_view spacerPrefix = "Skerrow.Spacer.v";
 constexpr std::string_view legacySeparatorPrefix = "Skerrow.Separator.v";
 
 std::string joined(std::string_view left, std::string_view right) { return std::string(left).append(right); }
-
-std::optional<double> number(const std::optional<DefaultsValue>& stored) {
-    if (!stored) return std::nullopt;
-    if (const auto* real = std::get_if<double>(&stored->value); real && std::isfinite(*real)) return *real;
-    if (const auto* integer = std::get_if<std::int64_t>(&stored->value)) return static_cast<double>(*integer);
-    return std::nullopt;
-}
 
 /// The autosave name in a key of a status item; none for other keys.
 std::optional<std::string_view> nameInKey(std::string_view key) {
@@ -53,8 +45,8 @@ std::string StatusItemPositionDefaults::byHostAutosaveName(std::string_view auto
 }
 
 std::optional<double> StatusItemPositionDefaults::preferredPosition(std::string_view autosaveName) const {
-    if (const auto own = number(defaults_.value(own_, joined(positionKey, autosaveName)))) return own;
-    return number(defaults_.value(global_, joined(positionKey, byHostAutosaveName(autosaveName))));
+    if (const auto own = numberIn(defaults_.value(own_, joined(positionKey, autosaveName)))) return own;
+    return numberIn(defaults_.value(global_, joined(positionKey, byHostAutosaveName(autosaveName))));
 }
 
 void StatusItemPositionDefaults::seed(std::string_view autosaveName, Force force, double position) {

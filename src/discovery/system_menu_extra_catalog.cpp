@@ -61,13 +61,6 @@ std::optional<std::string_view> lookUp(std::span<const Row> table, std::string_v
     return found->second;
 }
 
-std::optional<double> number(const std::optional<DefaultsValue>& stored) {
-    if (!stored) return std::nullopt;
-    if (const auto* real = std::get_if<double>(&stored->value)) return *real;
-    if (const auto* integer = std::get_if<std::int64_t>(&stored->value)) return static_cast<double>(*integer);
-    return std::nullopt;
-}
-
 std::vector<std::string> menuExtraPaths(const Defaults& defaults, const DefaultsDomain& domain) {
     const auto stored = defaults.value(domain, "menuExtras");
     const auto* array = stored ? std::get_if<DefaultsArray>(&stored->value) : nullptr;
@@ -115,7 +108,7 @@ std::vector<SystemMenuExtraDescriptor> currentDescriptors(const Defaults& defaul
         auto canonical = text.lowercased(*identifier);
         if (!canonical.starts_with("com.apple.menuextra.")) continue;
         descriptors.push_back({.canonicalIdentifier = std::move(canonical),
-                               .preferredPosition = number(defaults.value(
+                               .preferredPosition = numberIn(defaults.value(
                                    domain, "NSStatusItem Preferred Position " + *identifier))});
     }
     return descriptors;

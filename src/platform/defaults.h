@@ -24,6 +24,9 @@ struct DefaultsValue {
     bool operator==(const DefaultsValue&) const = default;
 };
 
+/// The finite number that is stored, whether as an integer or a real; none for anything else.
+std::optional<double> numberIn(const std::optional<DefaultsValue>& stored);
+
 /// A preferences domain: an application's own, or one of the system's, for any host or for this computer
 /// alone.
 struct DefaultsDomain {
