@@ -9,7 +9,7 @@ namespace tavrin {
 
 namespace {
 
-constexpr double contentWidth = 400;
+constexpr double contentWidth = 440;
 
 constexpr std::array<const char*, 4> steps{
     "Go to Privacy & Security",
