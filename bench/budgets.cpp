@@ -64,12 +64,24 @@ DesktopFile crowdedDesktop(Crowd crowd) {
     return desktop;
 }
 
+/// The same with everything to be hidden and the control to the left of it.
+DesktopFile misplacedDesktop(int items) {
+    auto desktop = crowdedDesktop({.applications = items, .items = items});
+    auto& stored = desktop.defaults[tavrinBundle];
+    for (const auto& application : desktop.applications)
+        stored["Skerrow.hiddenItemIdentifiers"].push_back(application.bundleIdentifier);
+    stored["NSStatusItem Preferred Position Skerrow.Main.v1"] = 5000;
+    return desktop;
+}
+
 /// A Mac with Tavrin set up on it, past its start.
 class Bench {
   public:
-    explicit Bench(Crowd crowd) {
+    explicit Bench(Crowd crowd) : Bench(crowdedDesktop(crowd)) {}
+
+    explicit Bench(DesktopFile desktop) {
         MacOptions options;
-        options.desktop = crowdedDesktop(crowd);
+        options.desktop = std::move(desktop);
         options.program = {tavrinBundle, "Tavrin", "Version 0"};
         auto mac = ModelledMac::start(
             std::move(options), [](tavrin::Platform& platform) { return tavrin::makeAppDelegate(platform); });
@@ -158,6 +170,44 @@ void measureClick() {
     report("click to hidden, 150 items: processor", processor / rounds * 1000, 5, "ms");
 }
 
+struct Apply {
+    double processor = 0; // seconds
+    double virtualTime = 0;
+    std::size_t drags = 0;
+    bool isDone = false;
+};
+
+Apply measureApply(int items) {
+    Bench bench(misplacedDesktop(items));
+    bench.command({{"do", "click"}, {"item", tavrinBundle}, {"button", "right"}});
+    bench.command({{"do", "press"}, {"text", "Configure Items…"}});
+    bench.wait(1);
+    const auto began = processorSeconds();
+    const double virtualBegan = bench.stats()["virtual"];
+    bench.command({{"do", "press"}, {"text", "Apply and Hide"}});
+    for (int i = 0; i < 600 && !bench.isCollapsed(); ++i) bench.wait(0.25);
+    Apply apply{.processor = processorSeconds() - began,
+                .virtualTime = bench.stats()["virtual"].get<double>() - virtualBegan,
+                .isDone = bench.isCollapsed()};
+    const auto posted = bench.command({{"do", "events"}})["events"];
+    for (const auto& event : posted)
+        if (event["type"] == "leftMouseDown") ++apply.drags;
+    return apply;
+}
+
+void measureApplying() {
+    constexpr int items = 20;
+    const auto apply = measureApply(items);
+    if (!apply.isDone) isWithinAllBudgets = false;
+    // The longest drag, and the first look at where the item is.
+    constexpr double waitsOfMove = 0.06 + 0.08 + 28 * 0.015 + 0.18 + 0.16;
+    constexpr double waitsOfApply = 0.22 + 0.25; // the last is this program's step
+    report("apply of 20 items: drags", static_cast<double>(apply.drags), items, "drags");
+    report("apply of 20 items: virtual time", apply.virtualTime, waitsOfApply + items * (waitsOfMove + 0.1),
+           "s");
+    report("apply of 20 items: processor an item", apply.processor / items * 1000, 10, "ms");
+}
+
 void measureIdleHour() {
     Bench bench({.applications = 40, .items = 100});
     const auto before = bench.messages();
@@ -202,6 +252,7 @@ int main() {
     measureScan({.applications = 120, .items = 300});
     measureHungApplications();
     measureClick();
+    measureApplying();
     measureIdleHour();
     measureHourOfUse();
     measureMemory();

@@ -149,6 +149,40 @@ std::vector<TourStep> hidingAndRevealing(const std::string& bundle) {
     };
 }
 
+/// The name is what the window calls an item that the program has hidden.
+std::vector<TourStep> applying(const std::string& bundle) {
+    const std::string item = "Wi-Fi";
+    const std::string identifier = "com.apple.controlcenter::identifier:com.apple.menuextra.wifi";
+    const auto isRightOfControl = [bundle](const Seen& seen) {
+        bool isControlSeen = false;
+        for (const auto& drawn : seen.look["menuBar"]) {
+            if (drawn["owner"] == bundle && drawn.contains("symbol")) isControlSeen = true;
+            if (drawn.value("identifier", "") == "com.apple.menuextra.wifi") return isControlSeen;
+        }
+        return false;
+    };
+    const Expectation pointerIsFree{"no button is down, and the pointer is to be seen", [](const Seen& seen) {
+                                        const auto& pointer = seen.look["pointer"];
+                                        return pointer["buttons"].empty() && pointer["visible"] == true;
+                                    }};
+    return {
+        {"The person opens the list and drags " + item + " into the section “Shown”.",
+         {click(bundle, "right"),
+          press("Configure Items…"),
+          wait(1),
+          {{"do", "drag"}, {"text", item}, {"onto", "Shown"}}},
+         {expanded(bundle),
+          {"Skerrow.hiddenItemIdentifiers doesn’t name " + item,
+           [identifier](const Seen& seen) {
+               return std::ranges::none_of(seen.defaults["Skerrow.hiddenItemIdentifiers"],
+                                           [&](const json& one) { return one == identifier; });
+           }}}},
+        {"“Apply and Hide” drags " + item + " to the visible side, as a person would with Command.",
+         {press("Apply and Hide"), wait(8)},
+         {collapsed(bundle), pointerIsFree, {item + " stands right of the control", isRightOfControl}}},
+    };
+}
+
 std::vector<TourStep> quitting(const std::string& bundle) {
     return {
         {"A right click opens the control’s menu.",
@@ -176,6 +210,7 @@ std::vector<TourStep> nextMorning(const std::string& bundle) {
 std::vector<TourStep> firstDay(const std::string& bundle) {
     auto steps = onboarding(bundle);
     for (auto& step : hidingAndRevealing(bundle)) steps.push_back(std::move(step));
+    for (auto& step : applying(bundle)) steps.push_back(std::move(step));
     for (auto& step : quitting(bundle)) steps.push_back(std::move(step));
     return steps;
 }

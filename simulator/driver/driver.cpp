@@ -29,6 +29,7 @@ Driver::Driver(Mac& mac, ScreenContent& content)
     : mac_(mac)
     , content_(content)
     , person_(mac, content)
+    , synthetic_(mac, content, person_)
     , targets_(mac, content) {
     state_.visibilityService = mac.desktop().visibilityService;
 }
@@ -41,7 +42,7 @@ const std::map<std::string_view, Driver::Handler>& Driver::handlers() {
         {"key", &Driver::key},           {"type", &Driver::type},   {"wait", &Driver::wait},
         {"settle", &Driver::settle},     {"set", &Driver::set},     {"events", &Driver::events},
         {"defaults", &Driver::defaults}, {"stats", &Driver::stats}, {"terminate", &Driver::terminate},
-        {"start", &Driver::start},       {"crash", &Driver::crash}};
+        {"start", &Driver::start},       {"crash", &Driver::crash}, {"perform", &Driver::perform}};
     return table;
 }
 

@@ -5,6 +5,7 @@
 #include "driver/world_state.h"
 #include "model/mac.h"
 #include "person/person.h"
+#include "person/synthetic_input.h"
 #include "surfaces/screen_content.h"
 
 #include <map>
@@ -43,6 +44,7 @@ class Driver {
     Outcome press(Arguments&);
     Outcome menu(Arguments&);
     Outcome drag(Arguments&);
+    Outcome perform(Arguments&);
     Outcome move(Arguments&);
     Outcome down(Arguments&);
     Outcome up(Arguments&);
@@ -60,12 +62,16 @@ class Driver {
     Outcome crash(Arguments&);
 
     Outcome clickAt(tavrin::Point, MouseButton, int count, const std::vector<Modifier>&);
+    Outcome dragView(Arguments&);
+    void moveInSteps(tavrin::Point);
+    std::expected<void, std::string> carryOnto(const std::string& name);
     std::expected<void, std::string> choosePath(const std::vector<std::string>& titles);
     bool isOnScreen(tavrin::Point) const;
 
     Mac& mac_;
     ScreenContent& content_;
     Person person_;
+    SyntheticInput synthetic_;
     TargetFinder targets_;
     WorldState state_;
 };

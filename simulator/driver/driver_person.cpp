@@ -13,8 +13,6 @@ using tavrin::Seconds;
 
 namespace {
 
-constexpr double dragStep = 8; // points
-constexpr Seconds dragStepTime{0.008};
 constexpr int clicksMax = 3;
 constexpr double scrollMax = 100'000;
 constexpr std::size_t menuDepthMax = 32;
@@ -51,7 +49,9 @@ Outcome Driver::click(Arguments& arguments) {
         return std::unexpected(arguments.sentence("say where with one of \"at\", \"item\" and \"text\""));
     if (index && bundle.empty()) return std::unexpected(arguments.sentence("\"index\" belongs to \"item\""));
     if (at) return clickAt(*at, button, count, modifiers);
-    const auto target = bundle.empty() ? targets_.anything(text) : targets_.statusItem(bundle, index);
+    auto target = bundle.empty() ? targets_.anything(text) : targets_.statusItem(bundle, index);
+    if (button == MouseButton::Right && bundle.empty())
+        if (auto view = targets_.withContextMenu(text)) target = std::move(view);
     if (!target) return std::unexpected(arguments.sentence(target.error()));
     const auto place = targets_.placeToPress(*target);
     if (!place) return std::unexpected(arguments.sentence(place.error()));
@@ -83,8 +83,11 @@ Outcome Driver::menu(Arguments& arguments) {
     if (!owner) return std::unexpected(arguments.sentence(owner.error()));
     const auto* item = mac_.statusArea().find(owner->item);
     const bool isProgram = item && item->origin == ItemOrigin::Program;
+    const bool opensByRightClick = isProgram || owner->kind == Target::Kind::View;
+    const auto place = targets_.placeToPress(*owner);
+    if (!place) return std::unexpected(arguments.sentence(place.error()));
     content_.menus.close();
-    auto clicked = clickAt(owner->frame.middle(), isProgram ? MouseButton::Right : MouseButton::Left, 1, {});
+    auto clicked = clickAt(*place, opensByRightClick ? MouseButton::Right : MouseButton::Left, 1, {});
     if (!clicked) return clicked;
     path.erase(path.begin());
     if (const auto chosen = choosePath(path); !chosen) {
@@ -115,9 +118,7 @@ std::expected<void, std::string> Driver::choosePath(const std::vector<std::strin
 }
 
 Outcome Driver::drag(Arguments& arguments) {
-    const bool isByText = arguments.reader().has("text") || arguments.reader().has("onto");
-    if (isByText)
-        return std::unexpected(arguments.sentence("nothing that has a text can be dragged on this Mac yet"));
+    if (arguments.reader().has("text") || arguments.reader().has("onto")) return dragView(arguments);
     const auto from = arguments.point("from", Need::Required);
     const auto to = arguments.point("to", Need::Required);
     const auto button = arguments.button();
@@ -128,12 +129,7 @@ Outcome Driver::drag(Arguments& arguments) {
     person_.moveTo(*from);
     person_.press(button, modifiers);
     mac_.scheduler().advance(clickTime);
-    const int steps = std::max(1, static_cast<int>(std::hypot(to->x - from->x, to->y - from->y) / dragStep));
-    for (int i = 1; i <= steps; ++i) {
-        const double part = static_cast<double>(i) / steps;
-        person_.moveTo({from->x + part * (to->x - from->x), from->y + part * (to->y - from->y)});
-        mac_.scheduler().advance(dragStepTime);
-    }
+    moveInSteps(*to);
     person_.release(button);
     return json::object();
 }

@@ -68,6 +68,17 @@ Parsed move(std::string_view rest) {
 
 Parsed menu(std::string_view rest) { return json{{"do", "menu"}, {"path", partsOf(rest, '>')}}; }
 
+/// "Row > Section", or "Row > Action".
+Parsed pairOf(std::string_view command, std::string_view rest, std::string_view second) {
+    const auto parts = partsOf(rest, '>');
+    if (parts.size() != 2) return std::unexpected("Say two names with > between them.");
+    return json{{"do", command}, {"text", parts[0]}, {second, parts[1]}};
+}
+
+Parsed drag(std::string_view rest) { return pairOf("drag", rest, "onto"); }
+
+Parsed perform(std::string_view rest) { return pairOf("perform", rest, "action"); }
+
 Parsed wait(std::string_view rest) {
     const auto seconds = numberIn(rest);
     if (!seconds) return std::unexpected("Say how many seconds to wait.");
@@ -109,11 +120,11 @@ struct ShortForm {
     Parsed (*parse)(std::string_view rest);
 };
 
-constexpr std::array shortForms{ShortForm{"click", click}, ShortForm{"right", rightClick},
-                                ShortForm{"press", press}, ShortForm{"menu", menu},
-                                ShortForm{"move", move},   ShortForm{"wait", wait},
-                                ShortForm{"key", key},     ShortForm{"scroll", scroll},
-                                ShortForm{"set", set},     ShortForm{"defaults", defaults}};
+constexpr std::array shortForms{
+    ShortForm{"click", click},       ShortForm{"right", rightClick}, ShortForm{"press", press},
+    ShortForm{"menu", menu},         ShortForm{"move", move},        ShortForm{"wait", wait},
+    ShortForm{"key", key},           ShortForm{"scroll", scroll},    ShortForm{"set", set},
+    ShortForm{"defaults", defaults}, ShortForm{"drag", drag},        ShortForm{"perform", perform}};
 constexpr std::array<std::string_view, 7> bareNames{"look",      "settle", "events", "stats",
                                                     "terminate", "start",  "crash"};
 
@@ -142,6 +153,9 @@ std::string_view promptHelp() {
            "  press Settings…     clicks the one enabled control of that text\n"
            "  menu Tavrin > Quit Tavrin\n"
            "                      opens a menu and chooses down the path\n"
+           "  drag Notes > Shown  drags a row onto a section\n"
+           "  perform Notes > Move to Shown\n"
+           "                      does a named action of a row or control\n"
            "  move 900 12         moves the pointer; scroll -40 scrolls under it\n"
            "  key command+q       presses a key\n"
            "  wait 2              lets two seconds pass; settle lets time pass until nothing is pending\n"

@@ -31,6 +31,7 @@ std::string lineOf(const json& node) {
     text = markOf(node) + text;
     if (node.contains("key")) text += "  " + node["key"].get<std::string>();
     if (node.value("submenu", false)) text += "  ▸";
+    if (node.value("focused", false)) text += "  (focused)";
     return node.value("enabled", true) ? text : text + "  (disabled)";
 }
 

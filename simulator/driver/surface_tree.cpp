@@ -1,6 +1,7 @@
 #include "driver/surface_tree.h"
 
 #include "driver/json_shapes.h"
+#include "surfaces/keyboard_focus.h"
 #include "surfaces/menu_layout.h"
 #include "surfaces/view_queries.h"
 
@@ -44,7 +45,16 @@ void putAppearance(json& node, const LaidOutView& laidOut) {
     if (laidOut.lines.size() > 1) node["lines"] = laidOut.lines;
 }
 
-json nodeOf(const LaidOutView& laidOut) {
+/// What a person can do with it besides pressing it, and what is being done.
+void putInteraction(json& node, const tavrin::View& view) {
+    for (const auto& action : view.contextMenu) node["actions"].push_back(action.name);
+    if (view.isFocusable) node["focusable"] = true;
+    if (view.dragValue) node["draggable"] = true;
+    if (view.onDrop) node["dropTarget"] = true;
+    if (view.isHighlighted) node["highlighted"] = true;
+}
+
+json nodeOf(const LaidOutView& laidOut, const LaidOutView* focused) {
     const auto& view = laidOut.view;
     json node{{"role", roleOf(view.kind)}, {"frame", frameShape(laidOut.frame)}};
     put(node, "text", textOf(view));
@@ -55,13 +65,14 @@ json nodeOf(const LaidOutView& laidOut) {
     put(node, "help", view.help);
     putControl(node, view);
     putAppearance(node, laidOut);
-    for (const auto& action : view.contextMenu) node["actions"].push_back(action.name);
+    putInteraction(node, view);
+    if (&laidOut == focused) node["focused"] = true;
     if (view.kind == ViewKind::Scroll) {
         node["value"] = number(laidOut.scrollOffset);
         node["scrollMax"] = number(laidOut.scrollOffsetMax);
     }
     for (const auto& child : laidOut.children)
-        if (child.view.kind != ViewKind::Spacer) node["children"].push_back(nodeOf(child));
+        if (child.view.kind != ViewKind::Spacer) node["children"].push_back(nodeOf(child, focused));
     return node;
 }
 
@@ -126,7 +137,9 @@ json treeOf(const Surface& surface, const std::string& owner, bool isKey) {
               {"children", json::array()}};
     if (surface.arrowX) tree["arrowX"] = number(*surface.arrowX);
     if (surface.hasTitleBar) tree["children"].push_back(closeButton(surface));
-    if (surface.kind != SurfaceKind::Menu) tree["children"].push_back(nodeOf(surface.content));
+    const auto focus = isKey ? focusedPath(surface) : std::nullopt;
+    const auto* focused = focus ? viewAt(surface.content, *focus) : nullptr;
+    if (surface.kind != SurfaceKind::Menu) tree["children"].push_back(nodeOf(surface.content, focused));
     for (std::size_t i = 0; i < surface.rows.size(); ++i)
         tree["children"].push_back(nodeOf(surface.rows[i], surface.highlightedRow == i));
     return tree;

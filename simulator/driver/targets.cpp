@@ -15,11 +15,6 @@ constexpr std::size_t namesListedMax = 40;
 
 using Kind = Target::Kind;
 
-void addName(Target& target, const std::string& name) {
-    if (!name.empty() && std::ranges::find(target.names, name) == target.names.end())
-        target.names.push_back(name);
-}
-
 std::vector<Target> only(std::vector<Target> targets, auto matches) {
     std::erase_if(targets, [&](const Target& target) { return !matches(target); });
     return targets;
@@ -48,35 +43,25 @@ std::string placesOf(const std::vector<Target>& targets) {
     return places;
 }
 
-/// Whether a Scroll above it hides the middle of the view.
-bool isScrolledAway(const LaidOutView& root, const ViewPath& path) {
-    const auto middle = viewAt(root, path)->frame.middle();
-    const LaidOutView* view = &root;
-    for (const auto index : path) {
-        if (view->view.kind == tavrin::ViewKind::Scroll && !view->frame.contains(middle)) return true;
-        view = &view->children[index];
-    }
-    return false;
-}
-
 bool isPressable(const Target& target) {
     return target.kind == Kind::Control || target.kind == Kind::MenuEntry;
 }
 
 } // namespace
 
+void addName(Target& target, const std::string& name) {
+    if (!name.empty() && std::ranges::find(target.names, name) == target.names.end())
+        target.names.push_back(name);
+}
+
 void TargetFinder::addContent(const Surface& surface, std::vector<Target>& targets) const {
-    const auto isCovered = [&](tavrin::Rect frame) {
-        const auto* front = content_.stack.at(frame.middle());
-        return front && front != &surface;
-    };
-    if (surface.hasTitleBar && !isCovered(surface.closeButton()))
+    if (surface.hasTitleBar && !isCovered(surface, surface.closeButton()))
         targets.push_back(
             {.kind = Kind::Control, .names = {closeButtonText}, .frame = surface.closeButton()});
     forEachView(surface.content, [&](const LaidOutView& laidOut, const ViewPath& path) {
         const bool isText = laidOut.view.kind == tavrin::ViewKind::Text;
         if (!isText && !isControl(laidOut.view)) return;
-        if (!isScrolledAway(surface.content, path) && isCovered(laidOut.frame)) return;
+        if (!isReachable(surface, laidOut, path)) return;
         Target target{.kind = isControl(laidOut.view) ? Kind::Control : Kind::Text,
                       .frame = laidOut.frame,
                       .isEnabled = laidOut.view.isEnabled,
@@ -103,7 +88,7 @@ std::vector<Target> TargetFinder::onSurfaces() const {
     const bool isMenuOpen = content_.menus.isOpen();
     for (const auto& surface : content_.stack.backToFront()) {
         addRows(*surface, targets);
-        if (!isMenuOpen) addContent(*surface, targets);
+        if (!isMenuOpen && surface->kind != SurfaceKind::Drag) addContent(*surface, targets);
     }
     return targets;
 }
@@ -176,6 +161,8 @@ std::expected<Target, std::string> TargetFinder::menuOwner(std::string_view name
         addName(target, owner->application.name);
         addName(target, owner->application.bundleIdentifier);
     }
+    if (matching(targets, name).empty())
+        if (auto view = withContextMenu(name)) return view;
     return oneOf(targets, name);
 }
 

@@ -5,6 +5,7 @@
 #include "surfaces/view_queries.h"
 
 #include <expected>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,16 +15,18 @@ namespace mac_model {
 
 /// Something on the screen that a person can point at.
 struct Target {
-    enum class Kind { Control, MenuEntry, Text, StatusItem, MenuTitle };
+    enum class Kind { Control, MenuEntry, Text, View, StatusItem, MenuTitle };
 
     Kind kind = Kind::Control;
     std::vector<std::string> names{}; // what a person calls it: text, label, help
     tavrin::Rect frame{};
     bool isEnabled = true;
-    SurfaceIdentifier surface{}; // Control, Text
+    SurfaceIdentifier surface{}; // Control, Text, View
     ViewPath path{};
     StatusItemIdentifier item{}; // StatusItem
 };
+
+void addName(Target&, const std::string& name);
 
 /// Finds things by what a person calls them: exactly, or else with letter case aside.
 class TargetFinder {
@@ -36,15 +39,38 @@ class TargetFinder {
     std::expected<Target, std::string> control(std::string_view text) const;
     /// The same, or else the one piece of text.
     std::expected<Target, std::string> anything(std::string_view text) const;
-    /// The one status item or menu title that has this name, or whose application has it.
+    /// The one status item or menu title that has this name, or whose application has it; or else the one
+    /// view of that name with a context menu.
     std::expected<Target, std::string> menuOwner(std::string_view name) const;
     /// An enabled entry of that open menu.
     std::expected<Target, std::string> menuEntry(SurfaceIdentifier menu, std::string_view title) const;
     /// An item of the bundle: the n-th from the left, or without a number the first that is drawn.
     std::expected<Target, std::string> statusItem(std::string_view bundle, std::optional<int> index) const;
 
+    /// The one view with a context menu that is called so.
+    std::expected<Target, std::string> withContextMenu(std::string_view name) const;
+    /// The one view called so that has this Accessibility action, which `actionOf` gives.
+    std::expected<Target, std::string> withAction(std::string_view name, std::string_view action) const;
+    /// What the action does, for the view's process to run; null when the view has none of that name.
+    tavrin::Work actionOf(const Target&, std::string_view action) const;
+    /// The one view called so that can be dragged.
+    std::expected<Target, std::string> draggable(std::string_view name) const;
+    /// Where drops are taken: the one text in such a view, or the one such view, that is called so.
+    std::expected<Target, std::string> dropTarget(std::string_view name) const;
+
     /// Where to press: the middle, after scrolling it into sight.
     std::expected<tavrin::Point, std::string> placeToPress(const Target&) const;
+    /// Where a press drags the view and nothing else; it is scrolled into sight.
+    std::expected<tavrin::Point, std::string> placeToDrag(const Target&) const;
+
+    /// Where a drop meets the target. While it is scrolled away, a place at the edge of the Scroll that
+    /// brings it nearer.
+    struct DropPlace {
+        tavrin::Point point;
+        bool isInSight = true;
+    };
+
+    std::expected<DropPlace, std::string> placeToDrop(const Target&) const;
 
   private:
     std::vector<Target> onSurfaces() const;
@@ -52,6 +78,10 @@ class TargetFinder {
     std::vector<Target> matching(std::vector<Target>, std::string_view text) const;
     Target targetFor(const StatusItemRecord&) const;
     std::expected<Target, std::string> oneOf(const std::vector<Target>& tiers, std::string_view text) const;
+    std::vector<Target> views(const std::function<bool(const tavrin::View&)>& matches) const;
+    std::vector<Target> dropTargets() const;
+    bool isCovered(const Surface&, tavrin::Rect frame) const;
+    bool isReachable(const Surface&, const LaidOutView&, const ViewPath&) const;
     static void addRows(const Surface&, std::vector<Target>&);
     void addContent(const Surface&, std::vector<Target>&) const;
 

@@ -12,6 +12,7 @@ namespace {
 using nlohmann::json;
 
 constexpr double latencySecondsMax = 60;
+constexpr int dragsMax = 1'000'000;
 constexpr std::array<std::string_view, 3> behindNotchNames{"no", "presentItems", "allItems"};
 
 /// A message of the desktop file's readers names the place itself.
@@ -118,18 +119,26 @@ Change trusted(World world, const json& value, const std::string& pointer, First
     return [world, isOn = flagOf(value, pointer, faults)] { world.mac.permission().setTrusted(isOn); };
 }
 
-/// A bundle, whose items of the moment go behind the notch, or bundles with what shall happen to their items.
-Change behindNotch(World world, const json& value, const std::string& pointer, FirstFault& faults) {
-    std::vector<std::pair<std::string, BehindNotch>> wanted;
-    if (value.is_object()) {
-        ObjectReader reader(value, pointer, faults);
-        for (const auto& [bundle, how] : value.items()) {
-            (void)runningBundle(world, bundle, reader.at(bundle), faults);
-            wanted.emplace_back(bundle, reader.choice(bundle, behindNotchNames, BehindNotch::No));
-        }
-    } else {
-        wanted.emplace_back(runningBundle(world, value, pointer, faults), BehindNotch::PresentItems);
+/// A bundle, for which `usual` is meant, or bundles with one of the names each; the first name ends it.
+template <class Kind, std::size_t Count>
+std::vector<std::pair<std::string, Kind>>
+perBundle(World world, const json& value, const std::string& pointer, FirstFault& faults,
+          const std::array<std::string_view, Count>& names, Kind usual) {
+    std::vector<std::pair<std::string, Kind>> wanted;
+    if (!value.is_object()) {
+        wanted.emplace_back(runningBundle(world, value, pointer, faults), usual);
+        return wanted;
     }
+    ObjectReader reader(value, pointer, faults);
+    for (const auto& [bundle, how] : value.items()) {
+        (void)runningBundle(world, bundle, reader.at(bundle), faults);
+        wanted.emplace_back(bundle, reader.choice(bundle, names, Kind{}));
+    }
+    return wanted;
+}
+
+Change behindNotch(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto wanted = perBundle(world, value, pointer, faults, behindNotchNames, BehindNotch::PresentItems);
     const auto* primary = world.mac.screens().primary();
     if (!primary || !primary->hasNotch())
         faults.note(pointer, "needs a notch, and the primary screen has none");
@@ -139,9 +148,29 @@ Change behindNotch(World world, const json& value, const std::string& pointer, F
 }
 
 Change refuseDrags(World world, const json& value, const std::string& pointer, FirstFault& faults) {
-    return [world, bundle = runningBundle(world, value, pointer, faults)] {
-        world.mac.faults().refuseDrags.insert(bundle);
+    enum class Refusal { No, Yes };
+    constexpr std::array<std::string_view, 2> names{"no", "yes"};
+    return [world, wanted = perBundle(world, value, pointer, faults, names, Refusal::Yes)] {
+        auto& refused = world.mac.faults().refuseDrags;
+        for (const auto& [bundle, refusal] : wanted)
+            if (refusal == Refusal::Yes)
+                refused.insert(bundle);
+            else
+                refused.erase(bundle);
     };
+}
+
+Change misreportedWindow(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto wanted = perBundle(world, value, pointer, faults, windowReportNames, WindowReport::Displaced);
+    return [world, wanted] {
+        for (const auto& [bundle, report] : wanted) world.mac.faults().misreportedWindows[bundle] = report;
+    };
+}
+
+Change loseDrags(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const bool isCount = value.is_number_integer() && value >= 0 && value <= dragsMax;
+    if (!isCount) faults.note(pointer, "must be a whole number from 0 to " + std::to_string(dragsMax));
+    return [world, every = isCount ? value.get<int>() : 0] { world.mac.faults().loseDrags = every; };
 }
 
 template <bool Faults::* Fault>
@@ -164,22 +193,28 @@ Change reducedMotion(World world, const json& value, const std::string& pointer,
     return [world, isOn = flagOf(value, pointer, faults)] { world.state.reducedMotion = isOn; };
 }
 
-constexpr std::array settings{WorldSetting{"model", model},
-                              WorldSetting{"occlusionLag", fault<&Faults::occlusionLag>},
-                              WorldSetting{"dropsOwnersOfLongItems", fault<&Faults::dropsOwnersOfLongItems>},
-                              WorldSetting{"screensVanishBriefly", fault<&Faults::screensVanishBriefly>},
-                              WorldSetting{"refuseDrags", refuseDrags},
-                              WorldSetting{"visibilityService", visibilityService},
-                              WorldSetting{"reducedMotion", reducedMotion},
-                              WorldSetting{"trusted", trusted},
-                              WorldSetting{"screens", screens},
-                              WorldSetting{"latency", latency},
-                              WorldSetting{"hang", hang},
-                              WorldSetting{"resume", resume},
-                              WorldSetting{"behindNotch", behindNotch},
-                              WorldSetting{"removeItem", removeItem},
-                              WorldSetting{"quit", quit},
-                              WorldSetting{"launch", launch}};
+constexpr std::array settings{
+    WorldSetting{"model", model},
+    WorldSetting{"occlusionLag", fault<&Faults::occlusionLag>},
+    WorldSetting{"dropsOwnersOfLongItems", fault<&Faults::dropsOwnersOfLongItems>},
+    WorldSetting{"screensVanishBriefly", fault<&Faults::screensVanishBriefly>},
+    WorldSetting{"refuseDrags", refuseDrags},
+    WorldSetting{"loseDrags", loseDrags},
+    WorldSetting{"personMovesPointerDuringDrags", fault<&Faults::personMovesPointerDuringDrags>},
+    WorldSetting{"eventsFail", fault<&Faults::eventsFail>},
+    WorldSetting{"windowServerAbsent", fault<&Faults::windowServerAbsent>},
+    WorldSetting{"misreportedWindow", misreportedWindow},
+    WorldSetting{"visibilityService", visibilityService},
+    WorldSetting{"reducedMotion", reducedMotion},
+    WorldSetting{"trusted", trusted},
+    WorldSetting{"screens", screens},
+    WorldSetting{"latency", latency},
+    WorldSetting{"hang", hang},
+    WorldSetting{"resume", resume},
+    WorldSetting{"behindNotch", behindNotch},
+    WorldSetting{"removeItem", removeItem},
+    WorldSetting{"quit", quit},
+    WorldSetting{"launch", launch}};
 
 } // namespace
 

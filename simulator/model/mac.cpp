@@ -26,6 +26,7 @@ Mac::Mac(tavrin::VirtualScheduler& scheduler, MacOptions options,
                                                desktop_.accessibilityTrusted))
     , accessibility_(std::make_unique<AccessibilityServer>(scheduler, *processes_, *statusArea_, *screens_,
                                                            *permission_, uncertainties_, options.seed))
+    , eventServer_(std::make_unique<EventServer>(scheduler))
     , workspace_(std::make_unique<WorkspaceModel>(desktop_.macOS, desktop_.bundles))
     , text_(makeIcuText())
     , program_(std::make_unique<ProgramHost>(*this, std::move(options.program))) {

@@ -3,6 +3,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "desktop/desktop_file.h"
 #include "model/accessibility_server.h"
+#include "model/event_server.h"
 #include "model/faults.h"
 #include "model/permission.h"
 #include "model/preferences_store.h"
@@ -68,6 +69,8 @@ class Mac {
 
     AccessibilityServer& accessibility() { return *accessibility_; }
 
+    EventServer& eventServer() { return *eventServer_; }
+
     WorkspaceModel& workspace() { return *workspace_; }
 
     tavrin::Text& text() { return *text_; }
@@ -104,6 +107,7 @@ class Mac {
     std::unique_ptr<StatusArea> statusArea_;
     std::unique_ptr<Permission> permission_;
     std::unique_ptr<AccessibilityServer> accessibility_;
+    std::unique_ptr<EventServer> eventServer_;
     std::unique_ptr<WorkspaceModel> workspace_;
     std::unique_ptr<tavrin::Text> text_;
     std::unique_ptr<UpdaterModel> updater_;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/program_connection.h"
+#include "model/program_events.h"
+#include "model/program_window_server.h"
 #include "model/program_workspace.h"
 #include "platform/accessibility.h"
 #include "platform/application.h"
@@ -152,8 +154,10 @@ class ProgramFacades {
     ProgramApplication application_;
     ProgramAccessibility accessibility_;
     ProgramDefaults defaults_;
+    ProgramEvents events_;
     ProgramScreens screens_;
     ProgramStatusItems statusItems_;
+    ProgramWindowServer windowServer_;
     ProgramWorkspace workspace_;
     std::unique_ptr<ProgramUpdater> updater_;
     tavrin::Platform platform_;

@@ -24,7 +24,10 @@ StatusArea::StatusArea(tavrin::VirtualScheduler& scheduler, ProcessTable& proces
     subscriptions_.push_back(processes.onLaunched.subscribe([this](auto process) { addItemsOf(process); }));
     subscriptions_.push_back(processes.onEnded.subscribe([this](auto process) { removeItemsOf(process); }));
     subscriptions_.push_back(processes.onFrontChanged.subscribe([this] { refresh(); }));
-    subscriptions_.push_back(screens.onChanged.subscribe([this] { refresh(); }));
+    subscriptions_.push_back(screens.onChanged.subscribe([this] {
+        putDown(PutDown::WhereItWas);
+        refresh();
+    }));
 }
 
 std::vector<const StatusItemRecord*> StatusArea::items() const {
@@ -156,6 +159,7 @@ void StatusArea::addItemsOf(ProcessIdentifier owner) {
 void StatusArea::removeItemsOf(ProcessIdentifier owner) {
     for (const auto* record : itemsOf(owner)) {
         const auto identifier = record->identifier;
+        putBack(identifier);
         programItems_.erase(identifier);
         records_.erase(identifier);
     }
@@ -170,6 +174,7 @@ tavrin::DefaultsDomain StatusArea::domainOf(const StatusItemRecord& record) cons
 }
 
 void StatusArea::hide(StatusItemRecord& record) {
+    putBack(record.identifier);
     record.isVisible = false;
     stored_.setVisible(record, domainOf(record), false);
     forgetPosition(record);

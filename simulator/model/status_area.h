@@ -34,6 +34,7 @@ class StatusArea {
   public:
     static constexpr tavrin::Seconds arrangingTime{0.02};
     static constexpr tavrin::Seconds occlusionLag{0.05};
+    static constexpr tavrin::Seconds slidingTime{0.2}; // of an item that was put down
     static constexpr double squareWidth = 26;
 
     StatusArea(tavrin::VirtualScheduler&, ProcessTable&, ScreensModel&, PreferencesStore&, MacOSVersion,
@@ -61,13 +62,15 @@ class StatusArea {
     /// Sends a press to the program that owns the item; false for items of other processes.
     bool press(StatusItemIdentifier, tavrin::StatusItemPress);
 
-    /// The person takes an item to move it, as with Command held; false when macOS doesn't let it be moved.
-    /// From then on it follows `carryTo`, and items make room for it.
+    /// Takes an item to move it, as with Command held; false when macOS doesn't let it be moved. From then on
+    /// it follows `carryTo`, and items make room for it. It is put back when it is removed or the displays
+    /// change.
     bool pickUp(StatusItemIdentifier);
     /// `x` is its left edge on the primary screen. It changes places with a neighbour over whose middle it
     /// has come; items that macOS holds in place are never passed.
     void carryTo(double x);
-    /// Leaves it where it is, and stores its new place, or sends it back.
+    /// Leaves it where it is, and stores its new place, or sends it back. It stands there after
+    /// `slidingTime`.
     void putDown(PutDown);
 
     /// What the person does: drags every item of the bundle off the menu bar.
@@ -102,6 +105,7 @@ class StatusArea {
     struct Carried {
         StatusItemIdentifier identifier{};
         double x = 0;
+        bool wasBehindNotch = false;
         std::vector<StatusItemIdentifier> before; // from right to left
         std::vector<StatusItemIdentifier> order;
     };
@@ -120,6 +124,9 @@ class StatusArea {
     void arrange();
     std::vector<StatusItemIdentifier> run() const;
     bool isMovable(const StatusItemRecord&) const;
+    bool isDragLost();
+    void putBack(StatusItemIdentifier);
+    void returnBehindNotch(StatusItemRecord&, bool wasBehindNotch, PutDown) const;
     void changePlaces(Carried&) const;
     void storeNewPlace(const std::vector<StatusItemIdentifier>& order, StatusItemIdentifier moved);
     std::optional<double> rankOf(StatusItemIdentifier) const;
@@ -144,6 +151,7 @@ class StatusArea {
     std::uint64_t nextIdentifier_ = 1;
     bool isArranging_ = false;
     std::optional<Carried> carried_;
+    int dragsSeen_ = 0;                         // since some are lost
     std::optional<tavrin::Seconds> arrangedAt_; // when an item last moved
     std::vector<tavrin::Subscription> subscriptions_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace mac_model {
 
@@ -28,14 +29,25 @@ bool StatusArea::isMovable(const StatusItemRecord& record) const {
 }
 
 bool StatusArea::pickUp(StatusItemIdentifier identifier) {
-    const auto* record = find(identifier);
-    if (!record || !isMovable(*record)) return false;
+    auto* record = change(identifier);
+    if (!record || !isMovable(*record) || isDragLost()) return false;
     putDown(PutDown::WhereItWas); // another one that is still being carried
+    if (record->isRestricted) return false;
+    const bool wasBehindNotch = std::exchange(record->isBehindNotch, false); // it joins the run
     auto order = run();
-    if (std::ranges::find(order, identifier) == order.end()) return false;
-    carried_ = Carried{identifier, record->frame->x, order, order};
+    carried_ = Carried{identifier, record->frame->x, wasBehindNotch, order, order};
     arrange();
     return true;
+}
+
+bool StatusArea::isDragLost() {
+    const int every = faults_.loseDrags;
+    dragsSeen_ = every > 0 ? dragsSeen_ + 1 : 0;
+    return every > 0 && dragsSeen_ % every == 0;
+}
+
+void StatusArea::putBack(StatusItemIdentifier identifier) {
+    if (carried_ && carried_->identifier == identifier) putDown(PutDown::WhereItWas);
 }
 
 void StatusArea::carryTo(double x) {
@@ -88,11 +100,21 @@ std::optional<double> StatusArea::rankOf(StatusItemIdentifier identifier) const 
 void StatusArea::putDown(PutDown where) {
     if (!carried_) return;
     const auto carried = *std::exchange(carried_, std::nullopt);
-    if (auto* record = change(carried.identifier)) record->isCarried = false;
+    if (auto* record = change(carried.identifier)) {
+        record->isCarried = false;
+        returnBehindNotch(*record, carried.wasBehindNotch, where);
+    }
     if (where == PutDown::There && carried.order != carried.before)
         storeNewPlace(carried.order, carried.identifier);
-    refresh();
+    world_.after(slidingTime, [this] { arrange(); });
     onChanged.emit();
+}
+
+/// An item that was moved out from behind the notch stays in the run, unless its bundle's never do.
+void StatusArea::returnBehindNotch(StatusItemRecord& record, bool wasBehindNotch, PutDown where) const {
+    const auto* owner = processes_.find(record.owner);
+    const bool isForAll = owner && behindNotch_.contains(owner->application.bundleIdentifier);
+    record.isBehindNotch = wasBehindNotch && (where == PutDown::WhereItWas || isForAll);
 }
 
 bool StatusArea::hasPosition(const StatusItemRecord& record) const {

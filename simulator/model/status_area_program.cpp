@@ -34,6 +34,7 @@ StatusItemIdentifier StatusArea::add(std::shared_ptr<ProgramConnection> connecti
 void StatusArea::remove(StatusItemIdentifier identifier) {
     auto* record = change(identifier);
     if (!record) return;
+    putBack(identifier);
     forgetPosition(*record);
     programItems_.erase(identifier);
     records_.erase(identifier);

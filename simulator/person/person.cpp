@@ -1,6 +1,8 @@
 #include "person/person.h"
 
+#include "surfaces/keyboard_focus.h"
 #include "surfaces/placement.h"
+#include "surfaces/surface_keys.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,15 +16,17 @@ bool hasCommand(const std::vector<Modifier>& modifiers) {
     return std::ranges::find(modifiers, Modifier::Command) != modifiers.end();
 }
 
-void perform(const Surface& surface, const LaidOutView& control) {
-    if (control.view.isEnabled && control.view.onPress && surface.deliver)
-        surface.deliver(control.view.onPress);
-}
-
 } // namespace
 
 void Person::moveTo(tavrin::Point point) {
+    const bool isDrag = content_.pointer.buttons.contains(MouseButton::Left);
+    mac_.eventServer().count(isDrag ? tavrin::MouseEventType::LeftDragged : tavrin::MouseEventType::Moved);
     const auto before = std::exchange(content_.pointer.at, point);
+    viewDrag_.pointerMoved();
+    if (viewDrag_.isUnderway()) {
+        held_ = {};
+        return;
+    }
     if (content_.menus.isOpen()) {
         const auto title = content_.applicationMenus.titleAt(point);
         const auto openTitle = content_.menus.anchor()->title;
@@ -37,12 +41,19 @@ void Person::moveTo(tavrin::Point point) {
 
 void Person::press(MouseButton button, const std::vector<Modifier>& modifiers) {
     content_.pointer.buttons.insert(button);
-    if (std::holds_alternative<HeldPlace>(held_)) mac_.statusArea().putDown(PutDown::WhereItWas);
-    held_ = {};
+    if (button == MouseButton::Left) mac_.eventServer().count(tavrin::MouseEventType::LeftDown);
+    letGoOfAll();
     if (content_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = content_.stack.dismissForPressAt(at());
     if (auto* surface = content_.stack.at(at())) return pressSurface(*surface, button);
     pressMenuBarOrDesktop(button, modifiers, closed);
+}
+
+void Person::letGoOfAll() {
+    const auto* place = std::get_if<HeldPlace>(&held_);
+    if (place && isCarrying(*place)) mac_.statusArea().putDown(PutDown::WhereItWas);
+    held_ = {};
+    viewDrag_.cancel();
 }
 
 /// A press outside a menu closes it and does no more, unless it falls on something else in the menu bar.
@@ -66,6 +77,10 @@ void Person::pressSurface(Surface& surface, MouseButton button) {
         held_ = HeldTitleBar{identifier};
     else if (const auto path = controlAt(surface.content, at()))
         held_ = HeldControl{identifier, *path, viewAt(surface.content, *path)->view.kind};
+    if (!isOnTitleBar) {
+        focusAt(surface, at());
+        viewDrag_.begin(surface);
+    }
     if (surface.kind == SurfaceKind::Window) content_.stack.raise(identifier);
     content_.stack.makeKey(identifier);
     if (surface.kind != SurfaceKind::Panel) mac_.processes().activate(surface.owner);
@@ -136,17 +151,26 @@ void Person::carry(HeldPlace& place) {
         place.isCarried = mac_.statusArea().pickUp(place.item);
         if (!place.isCarried) held_ = {};
     }
-    if (std::holds_alternative<HeldPlace>(held_) && place.isCarried)
+    if (std::holds_alternative<HeldPlace>(held_) && isCarrying(place))
         mac_.statusArea().carryTo(onPrimary(at()).x - place.offset);
 }
 
+/// Its owner may have ended, and macOS puts it down when the displays change.
+bool Person::isCarrying(const HeldPlace& place) const {
+    const auto* item = mac_.statusArea().find(place.item);
+    return place.isCarried && item && item->isCarried;
+}
+
 void Person::letGo(const HeldPlace& place) {
-    if (place.isCarried) mac_.statusArea().putDown(isOnMenuBar(at()) ? PutDown::There : PutDown::WhereItWas);
+    if (isCarrying(place))
+        mac_.statusArea().putDown(isOnMenuBar(at()) ? PutDown::There : PutDown::WhereItWas);
 }
 
 void Person::release(MouseButton button) {
     content_.pointer.buttons.erase(button);
+    if (button == MouseButton::Left) mac_.eventServer().count(tavrin::MouseEventType::LeftUp);
     const auto held = std::exchange(held_, {});
+    if (button == MouseButton::Left && viewDrag_.drop()) return;
     if (content_.menus.isOpen()) return content_.menus.releasedAt(at());
     if (const auto* control = std::get_if<HeldControl>(&held))
         letGo(*control);
@@ -177,8 +201,9 @@ void Person::letGo(const HeldItem& held, MouseButton button) {
 }
 
 bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifiers) {
+    if (key == "escape" && viewDrag_.cancel()) return true;
     if (content_.menus.isOpen()) return pressKeyInMenu(key, modifiers);
-    if (modifiers.empty() && key == "return") return pressDefaultButton();
+    if (auto* surface = content_.stack.key(); surface && pressKeyOn(*surface, key, modifiers)) return true;
     if (modifiers.empty() && key == "escape") return closeKeySurface(key);
     if (modifiers == std::vector{Modifier::Command} && key == "w" && closeKeySurface(key)) return true;
     return content_.applicationMenus.chooseByKey(key, modifiers);
@@ -202,13 +227,6 @@ bool Person::pressKeyInMenu(std::string_view key, const std::vector<Modifier>& m
     else
         return false;
     return true;
-}
-
-bool Person::pressDefaultButton() {
-    const auto* surface = content_.stack.key();
-    const auto* button = surface ? defaultButton(surface->content) : nullptr;
-    if (button) perform(*surface, *button);
-    return button != nullptr;
 }
 
 /// Escape closes what any press outside would close; Command-W what has a close button.

@@ -2,6 +2,7 @@
 
 #include "model/mac.h"
 #include "surfaces/screen_content.h"
+#include "surfaces/view_drag.h"
 #include "surfaces/view_queries.h"
 
 #include <string_view>
@@ -23,6 +24,8 @@ class Person {
     void moveTo(tavrin::Point);
     void press(MouseButton, const std::vector<Modifier>&);
     void release(MouseButton);
+    /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
+    void letGoOfAll();
 
     /// `key` is the character on the key in lower case, or "return", "escape", "up", "down", "left", "right",
     /// "space", "tab" or "delete". False when nothing listens to it.
@@ -75,10 +78,10 @@ class Person {
     void letGo(const HeldItem&, MouseButton);
     void letGo(const HeldPlace&);
     void carry(HeldPlace&);
+    bool isCarrying(const HeldPlace&) const;
     tavrin::Point onPrimary(tavrin::Point) const;
     bool isOnMenuBar(tavrin::Point) const;
     bool pressKeyInMenu(std::string_view key, const std::vector<Modifier>&);
-    bool pressDefaultButton();
     bool closeKeySurface(std::string_view key);
 
     tavrin::Point at() const { return content_.pointer.at; }
@@ -86,6 +89,7 @@ class Person {
     Mac& mac_;
     ScreenContent& content_;
     Held held_;
+    ViewDrag viewDrag_{content_.stack, content_.pointer, mac_.scheduler()};
 };
 
 } // namespace mac_model

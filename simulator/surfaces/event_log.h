@@ -53,6 +53,12 @@ class Cursor {
 
     void show(tavrin::Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
 
+    /// The process that hid it has ended, and with it its hides.
+    void ownerEnded() {
+        hides_ = 0;
+        pointer_.isVisible = true;
+    }
+
   private:
     void change(tavrin::Seconds now, std::string type, int hides) {
         hides_ = hides;

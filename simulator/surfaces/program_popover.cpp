@@ -31,6 +31,16 @@ void ProgramPopover::setContent(tavrin::View content) {
     if (auto* surface = presentation_.stack_.find(surface_)) layOut(*surface);
 }
 
+OutsidePress ProgramPopover::outsidePress() const {
+    const bool isTransient = behavior_ == tavrin::PopoverBehavior::Transient;
+    return isTransient ? OutsidePress::Closes : OutsidePress::Ignored;
+}
+
+void ProgramPopover::setBehavior(tavrin::PopoverBehavior behavior) {
+    behavior_ = behavior;
+    if (auto* surface = presentation_.stack_.find(surface_)) surface->outsidePress = outsidePress();
+}
+
 bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
     const auto frame = item.frame();
     if (!frame || !callbacks_.isOpen()) return false;
@@ -42,8 +52,7 @@ bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
         Surface shown;
         shown.kind = SurfaceKind::Popover;
         shown.owner = callbacks_.process();
-        const bool isTransient = behavior_ == tavrin::PopoverBehavior::Transient;
-        shown.outsidePress = isTransient ? OutsidePress::Closes : OutsidePress::Ignored;
+        shown.outsidePress = outsidePress();
         shown.deliver = callbacks_.deliver();
         shown.onDismissed = [this] {
             surface_ = SurfaceIdentifier::None;

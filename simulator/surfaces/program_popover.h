@@ -16,6 +16,7 @@ class ProgramPopover final : public tavrin::Popover {
     ProgramPopover& operator=(const ProgramPopover&) = delete;
 
     void setContent(tavrin::View content) override;
+    void setBehavior(tavrin::PopoverBehavior) override;
     bool show(tavrin::StatusItem& item, tavrin::Rect area) override;
     void close() override;
 
@@ -25,6 +26,7 @@ class ProgramPopover final : public tavrin::Popover {
 
   private:
     void layOut(Surface&) const;
+    OutsidePress outsidePress() const;
 
     ProgramPresentation& presentation_;
     tavrin::PopoverBehavior behavior_;

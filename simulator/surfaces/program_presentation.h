@@ -3,7 +3,6 @@
 #include "model/mac.h"
 #include "platform/presentation.h"
 #include "surfaces/menu_tracking.h"
-#include "surfaces/pointer.h"
 #include "surfaces/surface_stack.h"
 
 #include <functional>
@@ -22,18 +21,15 @@ StatusItemIdentifier identifierOf(const tavrin::StatusItem&);
 /// dropped when by then its process has ended or the thing that they are about was destroyed.
 class ProgramPresentation final : public tavrin::Presentation {
   public:
-    ProgramPresentation(Mac& mac, SurfaceStack& stack, MenuTracking& menus, const Pointer& pointer)
+    ProgramPresentation(Mac& mac, SurfaceStack& stack, MenuTracking& menus)
         : mac_(mac)
         , stack_(stack)
-        , menus_(menus)
-        , pointer_(pointer) {}
+        , menus_(menus) {}
 
     std::unique_ptr<tavrin::Popover> makePopover(tavrin::PopoverBehavior,
                                                  std::function<void()> onClose) override;
     std::unique_ptr<tavrin::Window> makeWindow(std::string title, std::function<void()> onClose) override;
     void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect area) override;
-
-    tavrin::Point pointerLocation() const override { return pointer_.at; }
 
     /// Moves popovers with the status items that they are anchored at, and closes those whose item is gone.
     void followStatusItems();
@@ -46,7 +42,6 @@ class ProgramPresentation final : public tavrin::Presentation {
     Mac& mac_;
     SurfaceStack& stack_;
     MenuTracking& menus_;
-    const Pointer& pointer_;
     std::vector<ProgramPopover*> popovers_;
 };
 

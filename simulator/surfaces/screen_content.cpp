@@ -6,7 +6,7 @@ ScreenContent::ScreenContent(Mac& mac)
     : menus(stack, mac.screens())
     , applicationMenus(mac, menus, chosen)
     , statusItems(mac, stack, menus, chosen)
-    , presentation(mac, stack, menus, pointer)
+    , presentation(mac, stack, menus)
     , settings_(mac, stack)
     , panels_(mac, stack) {
     if (const auto* primary = mac.screens().primary()) pointer.at = primary->frame.middle();

@@ -5,7 +5,7 @@
 #include "model/status_layout.h"
 #include "platform/accessibility.h"
 #include "platform/geometry.h"
-#include "surfaces/view_layout.h"
+#include "surfaces/view_queries.h"
 
 #include <array>
 #include <cstdint>
@@ -18,9 +18,10 @@
 namespace mac_model {
 
 /// From the lowest level to the highest: a surface is in front of all of lower kinds.
-enum class SurfaceKind { Window, Alert, Panel, Popover, Menu };
-inline constexpr std::array<std::string_view, 5> surfaceKindNames{"window", "alert", "panel", "popover",
-                                                                  "menu"};
+/// A Drag is what is seen of a thing that is being dragged; the pointer never meets it.
+enum class SurfaceKind { Window, Alert, Panel, Popover, Menu, Drag };
+inline constexpr std::array<std::string_view, 6> surfaceKindNames{"window",  "alert", "panel",
+                                                                  "popover", "menu",  "drag"};
 
 enum class SurfaceIdentifier : std::uint64_t { None = 0 };
 
@@ -43,8 +44,9 @@ struct Surface {
     bool hasTitleBar = false;
     OutsidePress outsidePress = OutsidePress::Ignored;
 
-    LaidOutView content;       // all but menus
-    std::vector<MenuRow> rows; // menus
+    LaidOutView content;           // all but menus
+    std::optional<ViewPath> focus; // where the view with the keyboard focus stood when it got it
+    std::vector<MenuRow> rows;     // menus
     std::optional<std::size_t> highlightedRow;
 
     std::optional<double> arrowX; // where a popover's arrow points, at its top edge

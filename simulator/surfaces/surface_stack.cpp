@@ -31,7 +31,7 @@ Surface* SurfaceStack::find(SurfaceIdentifier identifier) {
 
 Surface* SurfaceStack::at(tavrin::Point point) const {
     for (const auto& surface : surfaces_ | std::views::reverse)
-        if (surface->frame.contains(point)) return surface.get();
+        if (surface->kind != SurfaceKind::Drag && surface->frame.contains(point)) return surface.get();
     return nullptr;
 }
 

@@ -20,7 +20,7 @@ class SurfaceStack {
 
     const Surfaces& backToFront() const { return surfaces_; }
 
-    /// The front-most surface at a point; null where the desktop or the menu bar is.
+    /// The front-most surface at a point, no Drag; null where the desktop or the menu bar is.
     Surface* at(tavrin::Point) const;
 
     /// Its owner closes it: nobody is told. Unknown surfaces are fine.

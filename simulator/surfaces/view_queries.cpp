@@ -13,7 +13,6 @@ bool reaches(const LaidOutView& view, Point point) {
     return view.view.kind != ViewKind::Scroll || view.frame.contains(point);
 }
 
-/// The deepest matching view at the point; later siblings are in front.
 bool findPath(const LaidOutView& view, Point point, const std::function<bool(const LaidOutView&)>& matches,
               ViewPath& path) {
     if (!reaches(view, point)) return false;
@@ -23,13 +22,6 @@ bool findPath(const LaidOutView& view, Point point, const std::function<bool(con
         path.pop_back();
     }
     return view.frame.contains(point) && matches(view);
-}
-
-std::optional<ViewPath> deepestAt(const LaidOutView& root, Point point,
-                                  const std::function<bool(const LaidOutView&)>& matches) {
-    ViewPath path;
-    if (!findPath(root, point, matches, path)) return std::nullopt;
-    return path;
 }
 
 void forEachBelow(const LaidOutView& view, ViewPath& path,
@@ -55,6 +47,20 @@ const LaidOutView* viewAt(const LaidOutView& root, const ViewPath& path) {
         view = &view->children[index];
     }
     return view;
+}
+
+std::optional<ViewPath> deepestAt(const LaidOutView& root, Point point,
+                                  const std::function<bool(const LaidOutView&)>& matches) {
+    ViewPath path;
+    if (!findPath(root, point, matches, path)) return std::nullopt;
+    return path;
+}
+
+std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, Point point,
+                                         const std::function<bool(const LaidOutView&)>& matches) {
+    const auto found = deepestAt(root, point, matches);
+    const auto control = controlAt(root, point);
+    return found && control && control->size() > found->size() ? std::nullopt : found;
 }
 
 std::optional<ViewPath> controlAt(const LaidOutView& root, Point point) {

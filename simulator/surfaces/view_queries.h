@@ -18,6 +18,13 @@ bool isControl(const tavrin::View&);
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);
 
 // What a person points at; scrolled-away parts are nowhere.
+
+/// The deepest matching view; later siblings are in front.
+std::optional<ViewPath> deepestAt(const LaidOutView& root, tavrin::Point,
+                                  const std::function<bool(const LaidOutView&)>& matches);
+/// The same, unless a control inside it takes a press at the point.
+std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, tavrin::Point,
+                                         const std::function<bool(const LaidOutView&)>& matches);
 std::optional<ViewPath> controlAt(const LaidOutView& root, tavrin::Point);
 LaidOutView* scrollAt(LaidOutView& root, tavrin::Point);
 const LaidOutView* contextMenuAt(const LaidOutView& root, tavrin::Point);

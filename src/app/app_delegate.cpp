@@ -39,10 +39,13 @@ void AppDelegate::onboardingDidFinish() {
 void AppDelegate::startMenuBar() {
     if (menuBarManager_) return;
     lateGrantObservation_.cancel();
-    menuBarManager_ =
-        std::make_unique<MenuBarManager>(platform_, *permission_, updates_,
-                                         MenuBarManager::Hooks{.showSettings = [this] { showSettings(); },
-                                                               .configureView = collapsedMenuView});
+    menuBarManager_ = std::make_unique<MenuBarManager>(
+        platform_, *permission_, updates_,
+        MenuBarManager::Hooks{.showSettings = [this] { showSettings(); },
+                              .configureView =
+                                  [view = std::make_shared<CollapsedMenuView>()](MenuBarManager& manager) {
+                                      return view->content(manager);
+                                  }});
 }
 
 void AppDelegate::showSettings() {

@@ -9,19 +9,35 @@ namespace tavrin {
 
 ConfigurePresentation::ConfigurePresentation(const Platform& platform, MenuBarState& state,
                                              Settings& settings, OwnStatusItems& items,
-                                             HidingController& hiding, std::function<View()> content)
+                                             HidingController& hiding,
+                                             std::function<void()> cancelPendingConfiguration,
+                                             std::function<View()> content)
     : platform_(platform)
     , state_(state)
     , settings_(settings)
     , items_(items)
     , hiding_(hiding)
+    , cancelPendingConfiguration_(std::move(cancelPendingConfiguration))
     , content_(std::move(content))
-    , observations_(state.onAnyChange([this] { contentChanged(); })) {}
+    , observations_(state.onAnyChange([this] { contentChanged(); })) {
+    observations_.push_back(state.isApplyingConfiguration.subscribe([this](const bool&) { adaptToApply(); }));
+    observations_.push_back(state.isCollapsed.subscribe([this](const bool& isCollapsed) {
+        if (isCollapsed && isShown()) close();
+    }));
+}
+
+/// The drags of an apply are presses outside the window, which must not close it.
+void ConfigurePresentation::adaptToApply() {
+    if (!popover_) return;
+    const bool isApplying = state_.isApplyingConfiguration.get();
+    popover_->setBehavior(isApplying ? PopoverBehavior::ApplicationDefined : PopoverBehavior::Transient);
+}
 
 void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
     if (!items_.controlFrame() || isShown()) return;
     settings_.setBoolean(Settings::didPresentInitialConfigurationKey, true);
     rememberCollapsedState();
+    cancelPendingConfiguration_();
     hiding_.cancelRequests();
     const auto request = configurationPresentation_.begin();
     hiding_.expand(Persist::No);
@@ -66,7 +82,9 @@ void ConfigurePresentation::close() {
 
 void ConfigurePresentation::popoverDidClose() {
     popover_.reset();
-    if (!std::exchange(restoreCollapsedStateAfterConfiguration_, false)) return;
+    const bool isRestoreOwed = std::exchange(restoreCollapsedStateAfterConfiguration_, false);
+    // An apply that goes on without its window hides at its own end.
+    if (!isRestoreOwed || state_.isApplyingConfiguration.get()) return;
     pendingPopoverRestoreTask_ = start(platform_.scheduler, restoreCollapsedState());
 }
 

@@ -43,7 +43,8 @@ class ConfigurePresentation {
     enum class ErrorMessage { Clear, Keep };
 
     ConfigurePresentation(const Platform& platform, MenuBarState& state, Settings& settings,
-                          OwnStatusItems& items, HidingController& hiding, std::function<View()> content);
+                          OwnStatusItems& items, HidingController& hiding,
+                          std::function<void()> cancelPendingConfiguration, std::function<View()> content);
     ConfigurePresentation(const ConfigurePresentation&) = delete;
     ConfigurePresentation& operator=(const ConfigurePresentation&) = delete;
 
@@ -66,6 +67,7 @@ class ConfigurePresentation {
     void rememberCollapsedState();
     Task<> open(int request);
     void present();
+    void adaptToApply();
     void popoverDidClose();
     Task<> restoreCollapsedState();
     Task<> render();
@@ -75,6 +77,7 @@ class ConfigurePresentation {
     Settings& settings_;
     OwnStatusItems& items_;
     HidingController& hiding_;
+    std::function<void()> cancelPendingConfiguration_;
     std::function<View()> content_;
     ConfigurationPresentationTracker configurationPresentation_;
     bool restoreCollapsedStateAfterConfiguration_ = false;

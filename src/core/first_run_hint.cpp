@@ -2,6 +2,7 @@
 
 #include "concurrency/scheduler.h"
 #include "platform/application.h"
+#include "platform/events.h"
 #include "platform/view_builders.h"
 
 #include <utility>
@@ -65,7 +66,8 @@ void FirstRunHint::popoverDidClose() {
     popover_.reset();
     settle();
     const auto glyph = items_.controlGlyphFrame();
-    if (!glyph || !glyph->contains(platform_.presentation.pointerLocation())) return;
+    const auto pointer = platform_.events.pointerLocation();
+    if (!glyph || !pointer || !glyph->contains(*pointer)) return;
     closedByControlPressAt_ = platform_.scheduler.now();
     showConfiguration_();
 }

@@ -10,8 +10,7 @@ namespace tavrin {
 
 HidingController::HidingController(const Platform& platform, MenuBarState& state, Settings& settings,
                                    MenuBarRuntimeMode mode, OwnStatusItems& items,
-                                   StatusItemGeometryKeeper& geometry, ItemInventory& inventory,
-                                   std::function<void()> showFailure)
+                                   StatusItemGeometryKeeper& geometry, ItemInventory& inventory, Hooks hooks)
     : platform_(platform)
     , state_(state)
     , settings_(settings)
@@ -19,7 +18,7 @@ HidingController::HidingController(const Platform& platform, MenuBarState& state
     , items_(items)
     , geometry_(geometry)
     , inventory_(inventory)
-    , showFailure_(std::move(showFailure)) {}
+    , hooks_(std::move(hooks)) {}
 
 void HidingController::toggleCollapse() {
     if (state_.isCollapsed.get()) {
@@ -86,10 +85,11 @@ void HidingController::verifyControl() {
 void HidingController::restoreFullMenuBar(std::string message) {
     expand(Persist::No);
     state_.errorMessage.set(std::move(message));
-    showFailure_();
+    hooks_.showFailure();
 }
 
 void HidingController::requestCollapse(Persist persist, OnFailure onFailure) {
+    hooks_.cancelPendingConfiguration();
     const auto request = collapseRequests_.begin();
     requestTask_ = start(platform_.scheduler, performRequest(request, persist, onFailure));
 }
@@ -111,7 +111,7 @@ Task<> HidingController::performRequest(int request, Persist persist, OnFailure 
     if (!collapseRequests_.isPending(request) || co_await isCancelled()) co_return;
     const bool isDone = isLaidOut && collapse(persist);
     collapseRequests_.finish(request);
-    if (!isDone && onFailure == OnFailure::ShowConfiguration) showFailure_();
+    if (!isDone && onFailure == OnFailure::ShowConfiguration) hooks_.showFailure();
 }
 
 void HidingController::adaptToScreens() {

@@ -22,10 +22,14 @@ enum class OnFailure { StayQuiet, ShowConfiguration };
 /// Hides the configured items and reveals them again. Main thread.
 class HidingController {
   public:
-    /// `showFailure` brings up the window that shows `errorMessage`.
+    struct Hooks {
+        std::function<void()> showFailure;                // brings up the window that shows `errorMessage`
+        std::function<void()> cancelPendingConfiguration; // ends an apply in progress
+    };
+
     HidingController(const Platform& platform, MenuBarState& state, Settings& settings,
                      MenuBarRuntimeMode mode, OwnStatusItems& items, StatusItemGeometryKeeper& geometry,
-                     ItemInventory& inventory, std::function<void()> showFailure);
+                     ItemInventory& inventory, Hooks hooks);
     HidingController(const HidingController&) = delete;
     HidingController& operator=(const HidingController&) = delete;
 
@@ -64,7 +68,7 @@ class HidingController {
     OwnStatusItems& items_;
     StatusItemGeometryKeeper& geometry_;
     ItemInventory& inventory_;
-    std::function<void()> showFailure_;
+    Hooks hooks_;
     CollapseRequestTracker collapseRequests_;
     Job<> requestTask_;
 };

@@ -29,10 +29,21 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
                    [this](StatusItem& control) { control_.dress(control); })
     , geometry_(platform, state_, statusItems_)
     , inventory_(platform, state_, permission, statusItems_)
+    , readingQueue_(platform.scheduler.makeSerialQueue("tavrin.item"))
+    , itemReader_(platform.accessibility,
+                  AccessibilityMenuBarScanner(platform.scheduler, platform.accessibility, platform.defaults,
+                                              platform.workspace, platform.text),
+                  *readingQueue_)
+    , windowBridge_(platform.events, platform.windowServer)
+    , mover_(platform.events, platform.accessibility, itemReader_, windowBridge_)
     , hiding_(platform, state_, settings_, runtimeMode_, statusItems_, geometry_, inventory_,
-              [this] { presentConfiguration(ConfigurePresentation::ErrorMessage::Keep); })
-    , configure_(platform, state_, settings_, statusItems_, hiding_,
-                 [this, view = std::move(hooks.configureView)] { return view(*this); })
+              {.showFailure = [this] { presentConfiguration(ConfigurePresentation::ErrorMessage::Keep); },
+               .cancelPendingConfiguration = [this] { cancelPendingConfiguration(); }})
+    , applier_(platform, state_, runtimeMode_, permission, statusItems_, geometry_, inventory_, hiding_,
+               itemReader_, mover_, nullptr)
+    , configure_(
+          platform, state_, settings_, statusItems_, hiding_, [this] { cancelPendingConfiguration(); },
+          [this, view = std::move(hooks.configureView)] { return view(*this); })
     , hint_(platform, settings_, statusItems_, [this] { showConfiguration(); })
     , control_(platform, state_, statusItems_, hint_, updates,
                {.toggleCollapse = [this] { toggleCollapse(); },
@@ -81,13 +92,13 @@ Task<> MenuBarManager::startUp() {
     if (runtimeMode_ == MenuBarRuntimeMode::divider) co_await geometry_.ensureExpandedStatusItemGeometry();
     co_await inventory_.refreshItemsNow();
     if (co_await isCancelled()) co_return;
-    showInitialState();
+    co_await showInitialState();
 }
 
-void MenuBarManager::showInitialState() {
+Task<> MenuBarManager::showInitialState() {
     if (firstRun_.isFreshInstall()) {
         isAwaitingFirstRunDefault_ = true;
-        applyFirstRunDefaultIfReady();
+        co_await applyFirstRunDefaultIfReady();
     } else if (!settings_.boolean(Settings::didPresentInitialConfigurationKey)) {
         showConfiguration();
     } else if (settings_.boolean(Settings::shouldStartCollapsedKey)) {
@@ -95,17 +106,19 @@ void MenuBarManager::showInitialState() {
     }
 }
 
-void MenuBarManager::applyFirstRunDefaultIfReady() {
-    if (!isAwaitingFirstRunDefault_ || !state_.hasCompletedScan) return;
+Task<> MenuBarManager::applyFirstRunDefaultIfReady() {
+    if (!isAwaitingFirstRunDefault_ || !state_.hasCompletedScan) co_return;
     isAwaitingFirstRunDefault_ = false;
-    const auto chosen =
-        FirstRunState::itemsToHide(state_.detectedItems.get(), platform_.application.bundleIdentifier());
-    for (const auto& item : chosen) setItem(item, true);
+    for (const auto& item :
+         FirstRunState::itemsToHide(state_.detectedItems.get(), platform_.application.bundleIdentifier())) {
+        setItem(item, true);
+    }
     firstRun_.recordDefaultLayout(state_.hiddenItemIdentifiers.get());
-    if (hiding_.collapse(Persist::Yes)) {
+    const auto outcome = co_await applier_.applyConfiguration();
+    if (outcome == ApplyOutcome::hidden) {
         hint_.oweToUser();
         hint_.showIfPending();
-    } else {
+    } else if (outcome == ApplyOutcome::incomplete) {
         presentConfiguration(ConfigurePresentation::ErrorMessage::Keep);
     }
 }
@@ -114,7 +127,7 @@ void MenuBarManager::refreshItems() { refreshTask_ = start(platform_.scheduler, 
 
 Task<> MenuBarManager::refreshAndFinishFirstRun() {
     co_await inventory_.refreshItemsNow();
-    if (!co_await isCancelled()) applyFirstRunDefaultIfReady();
+    if (!co_await isCancelled()) co_await applyFirstRunDefaultIfReady();
 }
 
 void MenuBarManager::openAccessibilitySettings() {
@@ -124,6 +137,7 @@ void MenuBarManager::openAccessibilitySettings() {
 Task<> MenuBarManager::prepareForTermination() {
     startUpTask_.cancel();
     refreshTask_.cancel();
+    cancelPendingConfiguration();
     configure_.close();
     hiding_.restoreForTermination();
     co_return;

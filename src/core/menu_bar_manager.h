@@ -3,6 +3,7 @@
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
 #include "core/app_updates.h"
+#include "core/configuration_applier.h"
 #include "core/configure_presentation.h"
 #include "core/control_item_controller.h"
 #include "core/first_run_hint.h"
@@ -15,9 +16,13 @@
 #include "core/settings.h"
 #include "core/status_item_geometry_keeper.h"
 #include "discovery/accessibility_permission.h"
+#include "discovery/menu_bar_item_reader.h"
+#include "discovery/window_server_status_item_bridge.h"
+#include "movement/menu_bar_item_mover.h"
 #include "platform/platform.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -58,6 +63,18 @@ class MenuBarManager {
     void showConfiguration() { presentConfiguration(ConfigurePresentation::ErrorMessage::Clear); }
 
     void refreshItems();
+
+    /// Where the items are, compared with where the user wants them.
+    SkerrowPolicy collapsePolicy() const { return hiding_.collapsePolicy(); }
+
+    /// Moves what is on the wrong side, and hides when all is in place.
+    void applyConfigurationAndHide() { applier_.applyConfigurationAndHide(); }
+
+    void cancelPendingConfiguration() { applier_.cancelPendingConfiguration(); }
+
+    /// Shows the configure window's content anew, for a change that is the view's own.
+    void configureViewChanged() { configure_.contentChanged(); }
+
     void openAccessibilitySettings();
 
     /// Undoes Tavrin's influence on the menu bar; the stored choice stays.
@@ -71,8 +88,8 @@ class MenuBarManager {
     void observeAccessibilityPermission();
     Task<> startUp();
     Task<> refreshAndFinishFirstRun();
-    void showInitialState();
-    void applyFirstRunDefaultIfReady();
+    Task<> showInitialState();
+    Task<> applyFirstRunDefaultIfReady();
 
     const Platform& platform_;
     AccessibilityPermission& permission_;
@@ -84,7 +101,12 @@ class MenuBarManager {
     OwnStatusItems statusItems_;
     StatusItemGeometryKeeper geometry_;
     ItemInventory inventory_;
+    std::unique_ptr<SerialQueue> readingQueue_;
+    MenuBarItemReader itemReader_;
+    WindowServerStatusItemBridge windowBridge_;
+    MenuBarItemMover mover_;
     HidingController hiding_;
+    ConfigurationApplier applier_;
     ConfigurePresentation configure_;
     FirstRunHint hint_;
     ControlItemController control_;

@@ -1,6 +1,7 @@
 #include "core/own_status_items.h"
 
 #include "core/status_item_geometry_policy.h"
+#include "discovery/menu_bar_screen_geometry.h"
 
 #include <limits>
 #include <string>
@@ -113,8 +114,9 @@ std::optional<Rect> OwnStatusItems::spacerFrame() const {
 std::optional<Rect> OwnStatusItems::validControlGlyphFrame() const {
     const auto glyph = controlGlyphFrame();
     if (!glyph) return std::nullopt;
-    return StatusItemGeometryPolicy::liesInStatusArea(*glyph, platform_.screens.screens()) ? glyph
-                                                                                           : std::nullopt;
+    using namespace MenuBarScreenGeometry;
+    const auto screens = platform_.screens.screens();
+    return isFullyVisibleInStatusLane(*glyph, screens, reportedOverlap) ? glyph : std::nullopt;
 }
 
 bool OwnStatusItems::isSpacerLeftOfControl() const {

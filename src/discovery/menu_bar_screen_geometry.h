@@ -2,6 +2,7 @@
 
 #include "platform/screens.h"
 
+#include <algorithm>
 #include <span>
 
 namespace tavrin::MenuBarScreenGeometry {
@@ -25,6 +26,19 @@ inline Rect statusArea(const Screen& screen) {
         area.width = screen.frame.maxX() - area.x;
     }
     return area;
+}
+
+/// By how much macOS 26 reports items wider on each side than their places, in points.
+inline constexpr double reportedOverlap = 1;
+
+/// Whether the item, less `inset` points at each edge, lies in the status area of some screen's menu bar.
+inline bool isFullyVisibleInStatusLane(const Rect& itemFrame, std::span<const Screen> screens, double inset) {
+    if (!itemFrame.isFinite() || itemFrame.width <= 0 || itemFrame.height <= 0) return false;
+    return std::ranges::any_of(screens, [&](const Screen& screen) {
+        const auto area = statusArea(screen);
+        return itemFrame.minX() + inset >= area.minX() && itemFrame.maxX() - inset <= area.maxX() &&
+               itemFrame.minY() + inset >= area.minY() && itemFrame.maxY() - inset <= area.maxY();
+    });
 }
 
 } // namespace tavrin::MenuBarScreenGeometry

@@ -5,12 +5,14 @@ namespace tavrin {
 class Accessibility;
 class Application;
 class Defaults;
+class Events;
 class Presentation;
 class Scheduler;
 class Screens;
 class StatusItems;
 class Text;
 class Updater;
+class WindowServer;
 class Workspace;
 
 /// All of the operating system that the program uses, handed down from the entry point. The families outlive
@@ -20,10 +22,12 @@ struct Platform {
     Application& application;
     Accessibility& accessibility;
     Defaults& defaults;
+    Events& events;
     Presentation& presentation;
     Screens& screens;
     StatusItems& statusItems;
     Text& text;
+    WindowServer& windowServer;
     Workspace& workspace;
     Updater* updater = nullptr; // none when no update framework is bundled
 };

@@ -21,6 +21,7 @@ class Popover {
   public:
     virtual ~Popover() = default;
     virtual void setContent(View content) = 0;
+    virtual void setBehavior(PopoverBehavior behavior) = 0;
     /// Shows it below `area`, a rectangle on the screen inside `item`'s button; does nothing and answers
     /// false when the item has no window.
     virtual bool show(StatusItem& item, Rect area) = 0;
@@ -53,8 +54,6 @@ class Presentation {
     /// Shows the menu below `area`, a rectangle on the screen inside `item`'s button, and returns at once;
     /// the menu tracks the mouse until something was chosen or it was dismissed.
     virtual void popUp(Menu menu, StatusItem& item, Rect area) = 0;
-
-    virtual Point pointerLocation() const = 0;
 };
 
 } // namespace tavrin

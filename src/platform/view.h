@@ -20,6 +20,13 @@ struct ViewAction {
     std::function<void()> perform;
 };
 
+/// A key that does something while the view has the keyboard focus: "left", "right", "space", "return",
+/// "delete".
+struct KeyAction {
+    std::string key;
+    std::function<void()> perform;
+};
+
 enum class ViewKind {
     Column, // children from top to bottom
     Row,    // children from left to right
@@ -68,6 +75,16 @@ struct View {
     std::string help;
     std::function<void()> onPress;
     std::vector<ViewAction> contextMenu; // also the view's named Accessibility actions
+
+    /// Tab reaches the view, and up and down move between the focusable views of a column.
+    bool isFocusable = false;
+    std::vector<KeyAction> keyActions;
+
+    /// What a drag of this view carries; none: it can't be dragged. The preview shows its icon and its label.
+    std::optional<std::string> dragValue;
+    std::function<void(const std::string& dragValue)> onDrop; // takes what is dropped on the view
+    std::function<void(bool isOver)> onDragOver;              // a drag has come over the view, or left it
+    bool isHighlighted = false;
 };
 
 } // namespace tavrin

@@ -97,6 +97,25 @@ export class MacPage {
         await this.page.keyboard.up("Meta");
     }
 
+    async openConfigure() {
+        await this.control.click({ button: "right" });
+        await this.entry("Configure Items").click();
+        await this.room.getByRole("heading", { name: "Menu Bar Items" }).waitFor();
+    }
+
+    // Drags the row of an item by its name, which stands left of its button, onto a section.
+    async dragRow(item, section) {
+        const row = this.room.locator(".draggable", { hasText: item }).first();
+        await row.scrollIntoViewIfNeeded();
+        const from = await row.boundingBox();
+        const to = await this.room.getByText(section, { exact: true }).first().boundingBox();
+        await this.page.mouse.move(from.x + 60, from.y + from.height / 2);
+        await this.page.mouse.down();
+        await this.page.mouse.move(to.x + 20, to.y + to.height / 2, { steps: 12 });
+        await this.room.locator(".drop-target").waitFor();
+        await this.page.mouse.up();
+    }
+
     async grantAccess() {
         await this.button("Open System Settings").click();
         await this.room.getByRole("checkbox", { name: "Tavrin" }).click();

@@ -90,9 +90,7 @@ export const scenarios = {
 
     async "configure popover: rows stand at their frames, and a press moves an item to Shown"({ mac }) {
         await mac.hidden();
-        await mac.control.click({ button: "right" });
-        await mac.entry("Configure Items").click();
-        await mac.room.getByRole("heading", { name: "Menu Bar Items" }).waitFor();
+        await mac.openConfigure();
         const look = await mac.server.command({ do: "look" });
         const misplaced = await mac.page.evaluate((surfaces) => {
             const desk = document.querySelector(".desk").getBoundingClientRect();
@@ -115,10 +113,24 @@ export const scenarios = {
         await mac.room.getByRole("button", { name: "Hide" }).first().waitFor();
     },
 
+    async "configure popover: a row dragged to the other section is where it belongs once it is applied"({ mac }) {
+        await mac.hidden();
+        await mac.openConfigure();
+        await mac.dragRow("Wi-Fi", "Shown");
+        await mac.button("Hide Wi-Fi").waitFor();
+        assert.equal(await mac.room.locator(".drop-target").count(), 0);
+        await mac.button("Apply and Hide").click();
+        await mac.room.getByText("Placing Wi-Fi").waitFor();
+        await mac.button("Stop").waitFor();
+        await until("Wi-Fi stays in the hidden bar", async () =>
+            (await mac.itemNames()).join().match(/^Tavrin,Wi.Fi.*,Control Center,Clock$/), 20);
+        assert.equal(await mac.button("Apply and Hide").count(), 0);
+        assert.deepEqual((await mac.server.command({ do: "look" })).pointer.buttons, []);
+    },
+
     async "wheel: a list scrolls under the pointer"({ mac }) {
         await mac.hidden();
-        await mac.control.click({ button: "right" });
-        await mac.entry("Configure Items").click();
+        await mac.openConfigure();
         const row = mac.room.locator(".scroll .view", { hasText: "Clipboard Shelf" }).last();
         const before = (await row.boundingBox()).y;
         await row.hover();

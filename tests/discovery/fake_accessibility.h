@@ -19,7 +19,7 @@ class FakeAccessibility final : public Accessibility {
         std::optional<AccessibilityError> error; // of any message to it
     };
 
-    bool isTrusted() const override { return true; }
+    bool isTrusted() const override { return trusted; }
 
     Subscription onTrustListChanged(std::function<void()>) override { return {}; }
 
@@ -77,6 +77,7 @@ class FakeAccessibility final : public Accessibility {
 
     std::map<int, Node> nodes;
     int messages = 0;
+    bool trusted = true;
 
   private:
     struct Reference final : AccessibilityElement::Reference {

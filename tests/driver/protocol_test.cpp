@@ -59,7 +59,7 @@ TEST(Protocol, RefusesBadLinesAndGoesOn) {
         {R"({"do":"menu","path":["File","Open"]})", "disabled"},
         {R"({"do":"menu","path":["View","Sort By"]})", "submenu"},
         {R"({"do":"drag","from":[1,1]})", "/to"},
-        {R"({"do":"drag","text":"a","onto":"b"})", "yet"},
+        {R"({"do":"drag","text":"a","onto":"b"})", "nothing"},
         {R"({"do":"key","key":"hyper"})", "/key"},
         {R"({"do":"type","text":"a"})", "text field"},
         {R"({"do":"defaults","host":"mine"})", "/host"},
@@ -139,9 +139,9 @@ TEST(Protocol, ExamplesOfTheDocumentationWork) {
         }
     }
     const auto all = mac.refused({{"do", "?"}});
-    for (const auto* command :
-         {"look", "click", "press", "menu", "drag", "move", "down", "up", "scroll", "key", "wait", "settle",
-          "set", "events", "defaults", "stats", "terminate", "start", "crash"}) {
+    for (const auto* command : {"look",     "click",  "press",     "menu",  "drag",   "move",   "down",
+                                "up",       "scroll", "key",       "wait",  "settle", "set",    "events",
+                                "defaults", "stats",  "terminate", "start", "crash",  "perform"}) {
         EXPECT_TRUE(used.contains(command)) << command << " has no example";
         EXPECT_TRUE(has(all, command));
     }
@@ -156,13 +156,15 @@ TEST(Protocol, PromptTakesShortForms) {
         {"click 900 12", {{"do", "click"}, {"button", "left"}, {"at", {900.0, 12.0}}}},
         {"right Tavrin", {{"do", "click"}, {"button", "right"}, {"text", "Tavrin"}}},
         {"menu Tavrin > Quit Tavrin", {{"do", "menu"}, {"path", {"Tavrin", "Quit Tavrin"}}}},
+        {"drag Row > List", {{"do", "drag"}, {"text", "Row"}, {"onto", "List"}}},
+        {"perform Row > Act", {{"do", "perform"}, {"text", "Row"}, {"action", "Act"}}},
         {"key control+option+h", {{"do", "key"}, {"key", "h"}, {"modifiers", {"control", "option"}}}},
         {"set trusted false", {{"do", "set"}, {"trusted", false}}},
         {"set quit org.example.notes", {{"do", "set"}, {"quit", "org.example.notes"}}},
         {R"({"do":"settle"})", {{"do", "settle"}}}};
     for (const auto& [line, command] : forms) EXPECT_EQ(parsePromptLine(line).value(), command) << line;
     for (const auto* line :
-         {"", "wait", "wait long", "move 1", "set trusted", "look at this", "{", "key", "click"})
+         {"", "wait", "wait long", "move 1", "set trusted", "look at this", "{", "key", "click", "drag Row"})
         EXPECT_FALSE(parsePromptLine(line)) << line;
 }
 

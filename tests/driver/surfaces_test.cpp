@@ -1,4 +1,5 @@
 #include "driver/probe_program.h"
+#include "platform/events.h"
 #include "platform/view_builders.h"
 #include "platform/workspace.h"
 #include "support/tavrin_mac.h"
@@ -202,7 +203,7 @@ TEST_F(Surfaces, SystemSettingsGrantAndRevoke) {
 
 TEST_F(Surfaces, PointerAndCursor) {
     mac.done({{"do", "move"}, {"at", {20, 500}}});
-    EXPECT_EQ(probe.platform->presentation.pointerLocation(), (tavrin::Point{20, 500}));
+    EXPECT_EQ(probe.platform->events.pointerLocation(), (tavrin::Point{20, 500}));
     auto& cursor = mac.modelled().content().cursor;
     cursor.hide(tavrin::Seconds{1});
     cursor.hide(tavrin::Seconds{1});

@@ -26,8 +26,6 @@ class BlankPresentation final : public tavrin::Presentation {
     }
 
     void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect) override {}
-
-    tavrin::Point pointerLocation() const override { return {}; }
 };
 
 /// A program that notes what it is asked and does what the test tells it.

@@ -1,0 +1,55 @@
+#include "model/program_window_server.h"
+
+#include "model/mac.h"
+#include "model/menu_bar_windows.h"
+
+#include <algorithm>
+
+namespace mac_model {
+
+namespace {
+
+constexpr tavrin::WindowServerMenuBar::Connection connectionBase = 0x10000;
+constexpr tavrin::WindowServerMenuBar::Status failure = 1000;         // kCGErrorFailure
+constexpr tavrin::WindowServerMenuBar::Status illegalArgument = 1001; // kCGErrorIllegalArgument
+
+} // namespace
+
+tavrin::WindowServerMenuBar::Functions* ProgramWindowServer::menuBarFunctions() {
+    return mac_.faults().windowServerAbsent ? nullptr : this;
+}
+
+ProgramWindowServer::Connection ProgramWindowServer::mainConnection() {
+    return connectionBase + connection_->process();
+}
+
+bool ProgramWindowServer::isMine(Connection connection) const {
+    return connection_->isOpen() && connection == connectionBase + connection_->process();
+}
+
+std::expected<std::int32_t, ProgramWindowServer::Status>
+ProgramWindowServer::windowCount(Connection connection) {
+    if (!isMine(connection)) return std::unexpected(failure);
+    // Most processes have some window, be it never on the screen.
+    return static_cast<std::int32_t>(menuBarWindows(mac_).size() + mac_.processes().processes().size());
+}
+
+std::expected<std::int32_t, ProgramWindowServer::Status>
+ProgramWindowServer::processMenuBarWindowList(Connection connection, std::span<WindowNumber> numbers) {
+    if (!isMine(connection)) return std::unexpected(failure);
+    const auto windows = menuBarWindows(mac_);
+    const auto count = std::min(windows.size(), numbers.size());
+    for (std::size_t i = 0; i < count; ++i) numbers[i] = windows[i].number;
+    return static_cast<std::int32_t>(count);
+}
+
+std::expected<tavrin::Rect, ProgramWindowServer::Status>
+ProgramWindowServer::screenRect(Connection connection, WindowNumber number) {
+    if (!isMine(connection)) return std::unexpected(failure);
+    const auto windows = menuBarWindows(mac_);
+    const auto found = std::ranges::find(windows, number, &MenuBarWindow::number);
+    if (found == windows.end()) return std::unexpected(illegalArgument);
+    return found->frame;
+}
+
+} // namespace mac_model

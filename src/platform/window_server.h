@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/geometry.h"
+
+#include <cstdint>
+#include <expected>
+#include <span>
+
+namespace tavrin {
+
+namespace WindowServerMenuBar {
+
+using Connection = std::int32_t;
+using WindowNumber = std::uint32_t;
+
+/// What a function of the window server answers; 0 is success.
+using Status = std::int32_t;
+
+/// The window server's private functions, one call each, with nothing judged: counts and rectangles come as
+/// the system gives them, in points with the origin at the top left. Cheap; main thread.
+class Functions {
+  public:
+    virtual ~Functions() = default;
+
+    /// This process's connection ("CGSMainConnectionID").
+    virtual Connection mainConnection() = 0;
+
+    /// The number of windows of all processes ("CGSGetWindowCount").
+    virtual std::expected<std::int32_t, Status> windowCount(Connection connection) = 0;
+
+    /// Writes the numbers of the menu bar's windows into `windows`, as many as fit, and answers how many the
+    /// system says there are ("CGSGetProcessMenuBarWindowList").
+    virtual std::expected<std::int32_t, Status> processMenuBarWindowList(Connection connection,
+                                                                         std::span<WindowNumber> windows) = 0;
+
+    /// Where a window is on the screen ("CGSGetScreenRectForWindow").
+    virtual std::expected<Rect, Status> screenRect(Connection connection, WindowNumber window) = 0;
+};
+
+} // namespace WindowServerMenuBar
+
+/// Access to the window server beyond the public interfaces. Main thread.
+class WindowServer {
+  public:
+    virtual ~WindowServer() = default;
+
+    /// The private functions, looked up by name in all loaded images; null when any of the four is missing.
+    /// Lives as long as this object.
+    virtual WindowServerMenuBar::Functions* menuBarFunctions() = 0;
+};
+
+} // namespace tavrin

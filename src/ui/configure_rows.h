@@ -1,0 +1,16 @@
+#pragma once
+
+#include "discovery/menu_bar_item.h"
+#include "platform/view.h"
+
+#include <functional>
+
+namespace tavrin {
+
+/// What moving the row's item to the other section does to it.
+enum class RowMove { Hide, Show };
+
+/// One item of the configure window. An item that macOS keeps in its place can't be moved.
+View configureRow(const MenuBarItem& item, RowMove kind, std::function<void()> move);
+
+} // namespace tavrin

@@ -1,0 +1,70 @@
+#include "scenarios/applying_acts.h"
+
+#include <functional>
+
+namespace mac_model {
+namespace {
+
+TEST(ConfigureWindow, rowsMoveByDragMenuAndKeyboard) {
+    TavrinMac mac(trustedMac("classic-display"));
+    mac.wait(4);
+    answerHint(mac);
+    openConfigure(mac);
+    ASSERT_TRUE(isStoredAsHidden(mac, wifi));
+    mac.done({{"do", "drag"}, {"text", "Wi-Fi"}, {"onto", "Shown"}});
+    EXPECT_FALSE(isStoredAsHidden(mac, wifi));
+    mac.done({{"do", "perform"}, {"text", "Notes"}, {"action", "Move to Shown"}});
+    EXPECT_FALSE(isStoredAsHidden(mac, notes));
+    EXPECT_TRUE(mac.shows("2 overflow items will show only with all items"));
+    mac.done({{"do", "perform"}, {"text", "Notes"}, {"action", "Move to Hidden"}});
+    EXPECT_TRUE(isStoredAsHidden(mac, notes));
+}
+
+TEST(ConfigureWindow, staysOnTheScreenWithManyItemsAndLongNames) {
+    const std::string longName = "An application whose maker could not stop when it came to finding a name ";
+    TavrinMac mac(crowdOnTheVisibleSide(100, longName));
+    mac.wait(3);
+    openConfigure(mac);
+    ASSERT_TRUE(mac.shows("Menu Bar Items"));
+    const auto surface = mac.surfacesOf(tavrinBundle).back();
+    const double width = surface["frame"][2];
+    const double height = surface["frame"][3];
+    EXPECT_LT(width, 460);
+    EXPECT_LT(height, 800);
+    const auto apply = mac.find("Apply and Hide").at(0)["frame"];
+    EXPECT_LE(apply[0].get<double>() + apply[2].get<double>(), surface["frame"][0].get<double>() + width);
+    EXPECT_LE(apply[1].get<double>() + apply[3].get<double>(), surface["frame"][1].get<double>() + height);
+    EXPECT_TRUE(mac.shows(longName + "99"));
+    EXPECT_TRUE(mac.shows("100 items will move"));
+}
+
+TEST(ConfigureWindow, tellsThatThereIsNothing) {
+    TavrinMac mac(crowdOnTheVisibleSide(0));
+    mac.wait(3);
+    openConfigure(mac);
+    EXPECT_TRUE(mac.shows("No supported menu bar items found"));
+}
+
+TEST(ConfigureWindow, needsNoMouse) {
+    TavrinMac mac(trustedMac("classic-display"));
+    mac.wait(4);
+    answerHint(mac);
+    openConfigure(mac);
+    const auto key = [&](const std::string& name) { mac.done({{"do", "key"}, {"key", name}}); };
+    const auto focused = [&]() -> std::string {
+        std::string found;
+        const std::function<void(const json&)> visit = [&](const json& node) {
+            if (node.value("focused", false)) found = node.value("label", node.value("text", ""));
+            for (const auto& child : node.value("children", json::array())) visit(child);
+        };
+        for (const auto& surface : mac.surfacesOf(tavrinBundle)) visit(surface);
+        return found;
+    };
+    for (int i = 0; i < 30 && focused() != "Wi-Fi"; ++i) key(i == 0 ? "tab" : "down");
+    ASSERT_EQ(focused(), "Wi-Fi");
+    key("space");
+    EXPECT_FALSE(isStoredAsHidden(mac, wifi));
+}
+
+} // namespace
+} // namespace mac_model

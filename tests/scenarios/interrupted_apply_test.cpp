@@ -1,0 +1,98 @@
+#include "scenarios/applying_acts.h"
+
+namespace mac_model {
+namespace {
+
+/// What may happen in the middle of an apply.
+struct Interruption {
+    const char* name;
+    json command;
+};
+
+class InterruptedApply : public testing::TestWithParam<Interruption> {};
+
+TEST_P(InterruptedApply, leavesThePointerFreeAndTheChoiceWhole) {
+    for (const double moment : {0.3, 0.58, 0.7, 1.3}) {
+        TavrinMac mac(controlInMidBar({wifi, sound}, "classic-display"));
+        mac.wait(2);
+        apply(mac);
+        const auto before = mac.look()["pointer"]["at"];
+        mac.wait(moment);
+        mac.command(GetParam().command);
+        const auto clickedAt = mac.look()["pointer"]["at"];
+        mac.wait(20);
+        const auto isClick = GetParam().command["do"] != "set" && mac.look()["pointer"]["at"] == clickedAt;
+        expectPointerIsFree(mac, isClick ? clickedAt : before); // where it was when the gesture began
+        EXPECT_EQ(storedHidden(mac).size(), 2u);
+        EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+        mac.command({{"do", "terminate"}}); // refused when that is what has interrupted it
+        mac.wait(2);
+        EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{}) << moment;
+        for (const auto& item : mac.look()["menuBar"]) EXPECT_NE(item.value("why", ""), "offscreen");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    By, InterruptedApply,
+    testing::Values(Interruption{"stop", {{"do", "press"}, {"text", "Stop"}}},
+                    Interruption{"click", {{"do", "click"}, {"item", tavrinBundle}}},
+                    Interruption{"hang", {{"do", "set"}, {"hang", "com.apple.controlcenter"}}},
+                    Interruption{"quitOwner", {{"do", "set"}, {"quit", "org.example.notes"}}},
+                    Interruption{"revoke", {{"do", "set"}, {"trusted", false}}},
+                    Interruption{"terminate", {{"do", "terminate"}}},
+                    Interruption{"reopen", {{"do", "start"}}}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(Applying, losesNothingWhenADisplayIsUnplugged) {
+    for (const double moment : {0.3, 0.7, 0.9, 2.0}) {
+        TavrinMac mac(controlInMidBar({wifi, sound}, "two-displays"));
+        mac.wait(2);
+        apply(mac);
+        const auto before = mac.look()["pointer"]["at"];
+        mac.wait(moment);
+        mac.set("screens", json::array({mac.look()["screens"][0]}));
+        mac.wait(20);
+        expectPointerIsFree(mac, before);
+        EXPECT_EQ(storedHidden(mac).size(), 2u);
+        EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t ") || showsPart(mac, "Items")) << moment;
+        EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+    }
+}
+
+TEST(Applying, aHandOnTheMouseCostsAttemptsAndNoMore) {
+    TavrinMac mac(controlInMidBar({wifi, sound}));
+    mac.wait(2);
+    mac.set("personMovesPointerDuringDrags", true);
+    apply(mac);
+    const auto before = mac.look()["pointer"]["at"];
+    waitForApply(mac);
+    expectPointerIsFree(mac, before);
+    EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t apply "));
+    EXPECT_EQ(storedHidden(mac).size(), 2u);
+}
+
+TEST(Applying, tellsOfAnItemWhoseOwnerQuitsWhileItIsDragged) {
+    TavrinMac mac(crowdOnTheVisibleSide(3));
+    mac.wait(2);
+    apply(mac);
+    const auto before = mac.look()["pointer"]["at"];
+    const auto isCarried = [&] {
+        for (const auto& item : mac.look()["menuBar"])
+            if (item.value("carried", false)) return item["owner"].get<std::string>();
+        return std::string();
+    };
+    for (int i = 0; i < 200 && isCarried().empty(); ++i) mac.wait(0.01);
+    const auto owner = isCarried();
+    ASSERT_NE(owner, "");
+    mac.set("quit", owner);
+    waitForApply(mac);
+    expectPointerIsFree(mac, before);
+    EXPECT_EQ(storedHidden(mac).size(), 3u) << "it is hidden again when it comes back";
+    EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t apply 1 change:"))
+        << mac.look()["surfaces"].dump().substr(0, 2000);
+    for (const auto& item : mac.look()["menuBar"])
+        if (item["owner"] != tavrinBundle) EXPECT_LT(item["frame"][0], mac.control()["frame"][0]);
+}
+
+} // namespace
+} // namespace mac_model
