@@ -183,6 +183,22 @@ std::vector<TourStep> applying(const std::string& bundle) {
     };
 }
 
+std::vector<TourStep> toggleShortcut(const std::string& bundle) {
+    return {
+        {"Control-Option-H reveals them from any application.",
+         {key("h", {"control", "option"}), wait(1)},
+         {expanded(bundle)}},
+        {"In the settings the person types another shortcut. Shift-K isn’t one, and the recorder goes on.",
+         {click(bundle, "right"), press("Settings…"), wait(1), press("⌃⌥H"), key("k", {"shift"})},
+         {window("Tavrin Settings"), text("Type shortcut…")}},
+        {"Option-Command-K is one, and is in force at once. Escape closes the settings.",
+         {key("k", {"option", "command"}), key("escape"), key("k", {"option", "command"}), wait(2)},
+         {noWindow("Tavrin Settings"),
+          stored("Skerrow.toggleShortcut", {{"enabled", true}, {"keyCode", 40}, {"modifiers", 0x180000}}),
+          collapsed(bundle)}},
+    };
+}
+
 std::vector<TourStep> quitting(const std::string& bundle) {
     return {
         {"A right click opens the control’s menu.",
@@ -211,6 +227,7 @@ std::vector<TourStep> firstDay(const std::string& bundle) {
     auto steps = onboarding(bundle);
     for (auto& step : hidingAndRevealing(bundle)) steps.push_back(std::move(step));
     for (auto& step : applying(bundle)) steps.push_back(std::move(step));
+    for (auto& step : toggleShortcut(bundle)) steps.push_back(std::move(step));
     for (auto& step : quitting(bundle)) steps.push_back(std::move(step));
     return steps;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "desktop/keyboard_layout.h"
 #include "desktop/uncertainties.h"
 #include "platform/geometry.h"
+#include "platform/hot_keys.h"
 
 #include <array>
 #include <map>
@@ -123,6 +125,20 @@ inline constexpr std::array<std::string_view, 4> visibilityServiceNames{"accepts
 enum class UpdaterSetting { Absent, Manual, Automatic };
 inline constexpr std::array<std::string_view, 3> updaterNames{"absent", "manual", "automatic"};
 
+/// A hot key that some other process holds.
+struct TakenHotKey {
+    tavrin::KeyCode keyCode = 0;
+    std::vector<Modifier> modifiers{};
+    bool isTaken = true;       ///< false: it was given up
+    bool isExclusive = true;   ///< nobody else can register it from then on
+    bool stopsPresses = false; ///< a press ends at its holder instead of reaching the key window
+
+    bool operator==(const TakenHotKey&) const = default;
+};
+
+/// Spotlight, screenshots and the arrow keys of Mission Control, as on a new Mac.
+std::vector<tavrin::SymbolicHotKey> usualSymbolicHotKeys();
+
 /// Domain to key to value. Values are strings, numbers, booleans, arrays and objects of these.
 using PreferenceDomains = std::map<std::string, std::map<std::string, nlohmann::json>>;
 
@@ -137,6 +153,9 @@ struct DesktopFile {
     std::map<std::string, std::string> bundles{}; ///< path of a bundle on disk to its identifier
     VisibilityService visibilityService = VisibilityService::Absent;
     UpdaterSetting updater = UpdaterSetting::Absent;
+    KeyboardLayout keyboardLayout = KeyboardLayout::Us;
+    std::vector<TakenHotKey> hotKeysTaken{};
+    std::vector<tavrin::SymbolicHotKey> symbolicHotKeys = usualSymbolicHotKeys();
     Uncertainties model{};
 
     bool operator==(const DesktopFile&) const = default;

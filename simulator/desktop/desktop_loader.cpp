@@ -91,6 +91,16 @@ void readDefaults(ObjectReader& file, DesktopFile& desktop) {
     desktop.byHostDefaults = std::move(preferences.byHost);
 }
 
+void readKeys(ObjectReader& file, DesktopFile& desktop) {
+    desktop.keyboardLayout = file.choice("keyboardLayout", keyboardLayoutNames, desktop.keyboardLayout);
+    const auto place = file.at("hotKeysTaken");
+    for (const json& value : file.list("hotKeysTaken", hotKeysMax))
+        desktop.hotKeysTaken.push_back(readTakenHotKey(value, pointerTo(place, desktop.hotKeysTaken.size()),
+                                                       desktop.keyboardLayout, file.faults()));
+    if (const json* keys = file.member("symbolicHotKeys"))
+        desktop.symbolicHotKeys = readSymbolicHotKeys(*keys, file.at("symbolicHotKeys"), file.faults());
+}
+
 DesktopFile readDesktop(const json& value, FirstFault& faults) {
     ObjectReader file(value, "", faults);
     DesktopFile desktop;
@@ -104,6 +114,7 @@ DesktopFile readDesktop(const json& value, FirstFault& faults) {
     desktop.visibilityService =
         file.choice("visibilityService", visibilityServiceNames, desktop.visibilityService);
     desktop.updater = file.choice("updater", updaterNames, desktop.updater);
+    readKeys(file, desktop);
     if (const json* model = file.member("model"))
         desktop.model = readUncertainties(*model, file.at("model"), desktop.model, faults);
     file.refuseOthers();
@@ -169,6 +180,18 @@ std::expected<Uncertainties, std::string> parseUncertainties(const json& value, 
                                                              Uncertainties model) {
     FirstFault faults;
     return resultOf(readUncertainties(value, pointer, model, faults), faults);
+}
+
+std::expected<TakenHotKey, std::string> parseTakenHotKey(const json& value, const std::string& pointer,
+                                                         KeyboardLayout layout) {
+    FirstFault faults;
+    return resultOf(readTakenHotKey(value, pointer, layout, faults), faults);
+}
+
+std::expected<std::vector<tavrin::SymbolicHotKey>, std::string>
+parseSymbolicHotKeys(const json& value, const std::string& pointer) {
+    FirstFault faults;
+    return resultOf(readSymbolicHotKeys(value, pointer, faults), faults);
 }
 
 } // namespace mac_model

@@ -40,4 +40,10 @@ parseScreens(const nlohmann::json&, const std::string& pointer, MacOSVersion);
 [[nodiscard]] std::expected<Uncertainties, std::string>
 parseUncertainties(const nlohmann::json&, const std::string& pointer, Uncertainties model);
 
+[[nodiscard]] std::expected<TakenHotKey, std::string>
+parseTakenHotKey(const nlohmann::json&, const std::string& pointer, KeyboardLayout);
+
+[[nodiscard]] std::expected<std::vector<tavrin::SymbolicHotKey>, std::string>
+parseSymbolicHotKeys(const nlohmann::json&, const std::string& pointer);
+
 } // namespace mac_model

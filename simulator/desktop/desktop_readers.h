@@ -5,15 +5,24 @@
 
 namespace mac_model {
 
+inline constexpr std::size_t hotKeysMax = 1000;
+
 // The parts of a desktop file, each from its JSON value. What is wrong goes to `FirstFault`; the value
 // returned after a fault is good for nothing.
 
 ApplicationSpec readApplication(const nlohmann::json&, const std::string& pointer, FirstFault&);
+/// The list under "modifiers".
+std::vector<Modifier> readModifiers(ObjectReader& owner);
 std::vector<MenuItemSpec> readMenu(ObjectReader& owner, std::string_view key);
 std::vector<ScreenSpec> readScreens(const nlohmann::json&, const std::string& pointer, MacOSVersion,
                                     FirstFault&);
 Uncertainties readUncertainties(const nlohmann::json&, const std::string& pointer, Uncertainties,
                                 FirstFault&);
+
+TakenHotKey readTakenHotKey(const nlohmann::json&, const std::string& pointer, KeyboardLayout, FirstFault&);
+/// An array of entries.
+std::vector<tavrin::SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json&, const std::string& pointer,
+                                                        FirstFault&);
 
 struct StoredPreferences {
     PreferenceDomains ordinary;

@@ -12,21 +12,6 @@ constexpr int submenuDepthMax = 24;
 
 std::vector<MenuItemSpec> readEntries(ObjectReader& owner, std::string_view key, int depth);
 
-std::vector<Modifier> readModifiers(ObjectReader& entry) {
-    std::vector<Modifier> modifiers;
-    const std::vector<json>& names = entry.list("modifiers", modifierNames.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string place = pointerTo(entry.at("modifiers"), i);
-        const auto index =
-            indexIn(modifierNames.data(), modifierNames.size(), names[i], place, entry.faults());
-        const auto modifier = static_cast<Modifier>(index.value_or(0));
-        if (std::find(modifiers.begin(), modifiers.end(), modifier) != modifiers.end())
-            entry.faults().note(place, "is given twice");
-        modifiers.push_back(modifier);
-    }
-    return modifiers;
-}
-
 MenuItemSpec readSeparator(ObjectReader& entry) {
     MenuItemSpec separator;
     separator.separator = true;
@@ -71,6 +56,21 @@ std::vector<MenuItemSpec> readEntries(ObjectReader& owner, std::string_view key,
 }
 
 } // namespace
+
+std::vector<Modifier> readModifiers(ObjectReader& entry) {
+    std::vector<Modifier> modifiers;
+    const std::vector<json>& names = entry.list("modifiers", modifierNames.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string place = pointerTo(entry.at("modifiers"), i);
+        const auto index =
+            indexIn(modifierNames.data(), modifierNames.size(), names[i], place, entry.faults());
+        const auto modifier = static_cast<Modifier>(index.value_or(0));
+        if (std::find(modifiers.begin(), modifiers.end(), modifier) != modifiers.end())
+            entry.faults().note(place, "is given twice");
+        modifiers.push_back(modifier);
+    }
+    return modifiers;
+}
 
 std::vector<MenuItemSpec> readMenu(ObjectReader& owner, std::string_view key) {
     return readEntries(owner, key, 1);

@@ -176,14 +176,10 @@ Outcome Driver::scroll(Arguments& arguments) {
 }
 
 Outcome Driver::key(Arguments& arguments) {
-    constexpr std::array<std::string_view, 9> named{"return", "escape", "up",  "down",  "left",
-                                                    "right",  "space",  "tab", "delete"};
     const auto key = arguments.reader().text("key", Need::Required);
     const auto modifiers = arguments.modifiers();
-    const bool isKnown = codePointsOf(key).size() == 1 || std::ranges::find(named, key) != named.end();
-    if (!isKnown)
-        arguments.reader().refuse("key", "must be one character, or return, escape, up, down, left, right, "
-                                         "space, tab or delete");
+    const bool isKnown = codePointsOf(key).size() == 1 || isNamedKey(key);
+    if (!isKnown) arguments.reader().refuse("key", "must be one character, or one of " + namesOfKeys());
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
     return json{{"handled", person_.pressKey(key, modifiers)}};
 }

@@ -79,6 +79,7 @@ json worldShape(Mac& mac, const WorldState& state) {
     return {{"trusted", mac.permission().isTrusted()},
             {"visibilityService", visibilityServiceNames[std::size_t(state.visibilityService)]},
             {"reducedMotion", state.reducedMotion},
+            {"keyboardLayout", keyboardLayoutNames[std::size_t(mac.keyboard().layout)]},
             {"running", mac.program().isRunning()},
             {"model", std::move(model)}};
 }

@@ -26,6 +26,7 @@ void putControl(json& node, const tavrin::View& view) {
     if (!isControl(view)) return;
     node["enabled"] = view.isEnabled;
     if (view.kind == ViewKind::Checkbox) node["checked"] = view.isChecked;
+    if (view.kind == ViewKind::ShortcutRecorder) node["value"] = view.text;
     if (view.isDefaultButton) node["default"] = true;
     if (view.kind == ViewKind::Button) node["buttonStyle"] = buttonStyleNames[std::size_t(view.buttonStyle)];
     if (view.isEnabled) node["actions"].push_back("AXPress");
@@ -66,6 +67,7 @@ json nodeOf(const LaidOutView& laidOut, const LaidOutView* focused) {
     putControl(node, view);
     putAppearance(node, laidOut);
     putInteraction(node, view);
+    if (laidOut.isRecording) node["recording"] = true;
     if (&laidOut == focused) node["focused"] = true;
     if (view.kind == ViewKind::Scroll) {
         node["value"] = number(laidOut.scrollOffset);
@@ -106,6 +108,7 @@ std::string_view roleOf(ViewKind kind) {
     case ViewKind::Text:
         return "AXStaticText";
     case ViewKind::Button:
+    case ViewKind::ShortcutRecorder:
         return "AXButton";
     case ViewKind::Checkbox:
         return "AXCheckBox";

@@ -193,6 +193,32 @@ Change reducedMotion(World world, const json& value, const std::string& pointer,
     return [world, isOn = flagOf(value, pointer, faults)] { world.state.reducedMotion = isOn; };
 }
 
+Change keyboardLayout(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto index =
+        indexIn(keyboardLayoutNames.data(), keyboardLayoutNames.size(), value, pointer, faults);
+    return [world, layout = static_cast<KeyboardLayout>(index.value_or(0))] {
+        world.mac.keyboard().layout = layout;
+    };
+}
+
+Change hotKeyTaken(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    auto taken = parseTakenHotKey(value, pointer, world.mac.keyboard().layout);
+    if (!taken) {
+        noteLine(taken.error(), pointer, faults);
+        return nullptr;
+    }
+    return [world, taken = *taken] { world.mac.hotKeys().set(taken); };
+}
+
+Change symbolicHotKeys(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    auto keys = parseSymbolicHotKeys(value, pointer);
+    if (!keys) {
+        noteLine(keys.error(), pointer, faults);
+        return nullptr;
+    }
+    return [world, keys = *keys] { world.mac.hotKeys().symbolicHotKeys = keys; };
+}
+
 constexpr std::array settings{
     WorldSetting{"model", model},
     WorldSetting{"occlusionLag", fault<&Faults::occlusionLag>},
@@ -206,6 +232,9 @@ constexpr std::array settings{
     WorldSetting{"misreportedWindow", misreportedWindow},
     WorldSetting{"visibilityService", visibilityService},
     WorldSetting{"reducedMotion", reducedMotion},
+    WorldSetting{"keyboardLayout", keyboardLayout},
+    WorldSetting{"hotKeyTaken", hotKeyTaken},
+    WorldSetting{"symbolicHotKeys", symbolicHotKeys},
     WorldSetting{"trusted", trusted},
     WorldSetting{"screens", screens},
     WorldSetting{"latency", latency},

@@ -16,6 +16,8 @@ Mac::Mac(tavrin::VirtualScheduler& scheduler, MacOptions options,
     : scheduler_(scheduler)
     , desktop_(std::move(options.desktop))
     , uncertainties_(desktop_.model)
+    , keyboard_(desktop_.keyboardLayout)
+    , hotKeys_(desktop_)
     , preferences_(std::move(preferences))
     , screens_(std::make_unique<ScreensModel>(scheduler, desktop_.screens, faults_))
     , processes_(std::make_unique<ProcessTable>(desktop_.applications))

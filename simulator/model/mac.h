@@ -5,6 +5,8 @@
 #include "model/accessibility_server.h"
 #include "model/event_server.h"
 #include "model/faults.h"
+#include "model/hot_key_center.h"
+#include "model/keyboard_model.h"
 #include "model/permission.h"
 #include "model/preferences_store.h"
 #include "model/process_table.h"
@@ -18,10 +20,12 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mac_model {
 
@@ -71,6 +75,10 @@ class Mac {
 
     EventServer& eventServer() { return *eventServer_; }
 
+    KeyboardModel& keyboard() { return keyboard_; }
+
+    HotKeyCenter& hotKeys() { return hotKeys_; }
+
     WorkspaceModel& workspace() { return *workspace_; }
 
     tavrin::Text& text() { return *text_; }
@@ -101,6 +109,8 @@ class Mac {
     DesktopFile desktop_;
     Uncertainties uncertainties_;
     Faults faults_;
+    KeyboardModel keyboard_;
+    HotKeyCenter hotKeys_;
     std::unique_ptr<PreferencesStore> preferences_;
     std::unique_ptr<ScreensModel> screens_;
     std::unique_ptr<ProcessTable> processes_;

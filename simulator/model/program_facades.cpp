@@ -102,12 +102,15 @@ ProgramFacades::ProgramFacades(Mac& mac, std::shared_ptr<ProgramConnection> conn
     , accessibility_(mac, connection)
     , defaults_(mac, connection)
     , events_(mac, connection)
+    , hotKeys_(mac, connection)
+    , keyboard_(mac, connection)
     , screens_(mac, connection)
     , statusItems_(mac, connection)
     , windowServer_(mac, connection)
     , workspace_(mac, connection)
     , updater_(mac.updater() ? std::make_unique<ProgramUpdater>(*mac.updater(), connection) : nullptr)
-    , platform_{mac.scheduler(), application_, accessibility_, defaults_,     events_,    presentation,
-                screens_,        statusItems_, mac.text(),     windowServer_, workspace_, updater_.get()} {}
+    , platform_{mac.scheduler(), application_,  accessibility_, defaults_,     events_,
+                hotKeys_,        keyboard_,     presentation,   screens_,      statusItems_,
+                mac.text(),      windowServer_, workspace_,     updater_.get()} {}
 
 } // namespace mac_model

@@ -2,6 +2,7 @@
 
 #include "model/program_connection.h"
 #include "model/program_events.h"
+#include "model/program_keys.h"
 #include "model/program_window_server.h"
 #include "model/program_workspace.h"
 #include "platform/accessibility.h"
@@ -155,6 +156,8 @@ class ProgramFacades {
     ProgramAccessibility accessibility_;
     ProgramDefaults defaults_;
     ProgramEvents events_;
+    ProgramHotKeys hotKeys_;
+    ProgramKeyboard keyboard_;
     ProgramScreens screens_;
     ProgramStatusItems statusItems_;
     ProgramWindowServer windowServer_;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace mac_model {
@@ -202,6 +203,28 @@ void Person::letGo(const HeldItem& held, MouseButton button) {
 
 bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifiers) {
     if (key == "escape" && viewDrag_.cancel()) return true;
+    const auto stroke = mac_.keyboard().strokeOf(key, modifiers);
+    if (stroke && mac_.hotKeys().press(*stroke)) return true;
+    if (stroke && showToMonitors(key, modifiers, *stroke)) return true;
+    return pressKeyInFront(key, modifiers);
+}
+
+/// The monitors belong to the program, whose main loop they run in; what they pass on goes its way after
+/// that.
+bool Person::showToMonitors(std::string_view key, const std::vector<Modifier>& modifiers,
+                            const tavrin::KeyPress& stroke) {
+    const auto connection = mac_.program().connection();
+    const auto* surface = content_.stack.key();
+    const bool isForProgram = connection && surface && surface->owner == connection->process();
+    if (!isForProgram || content_.menus.isOpen() || !mac_.keyboard().monitors.hasSubscribers()) return false;
+    connection->post([this, key = std::string(key), modifiers, stroke] {
+        if (mac_.keyboard().showToMonitors(stroke) == tavrin::KeyHandling::PassedOn)
+            pressKeyInFront(key, modifiers);
+    });
+    return true;
+}
+
+bool Person::pressKeyInFront(std::string_view key, const std::vector<Modifier>& modifiers) {
     if (content_.menus.isOpen()) return pressKeyInMenu(key, modifiers);
     if (auto* surface = content_.stack.key(); surface && pressKeyOn(*surface, key, modifiers)) return true;
     if (modifiers.empty() && key == "escape") return closeKeySurface(key);

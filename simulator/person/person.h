@@ -27,8 +27,8 @@ class Person {
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
     void letGoOfAll();
 
-    /// `key` is the character on the key in lower case, or "return", "escape", "up", "down", "left", "right",
-    /// "space", "tab" or "delete". False when nothing listens to it.
+    /// `key` is the character on the key in lower case, or one of the names of keys ("return", "f5"). Hot
+    /// keys come first, then what the key window's process monitors. False when nothing listens to it.
     bool pressKey(std::string_view key, const std::vector<Modifier>&);
 
     /// Points; positive shows what lies further up. False when nothing under the pointer scrolls.
@@ -81,6 +81,8 @@ class Person {
     bool isCarrying(const HeldPlace&) const;
     tavrin::Point onPrimary(tavrin::Point) const;
     bool isOnMenuBar(tavrin::Point) const;
+    bool showToMonitors(std::string_view key, const std::vector<Modifier>&, const tavrin::KeyPress&);
+    bool pressKeyInFront(std::string_view key, const std::vector<Modifier>&);
     bool pressKeyInMenu(std::string_view key, const std::vector<Modifier>&);
     bool closeKeySurface(std::string_view key);
 

@@ -1,6 +1,6 @@
 #include "surfaces/control_sizes.h"
 
-#include "surfaces/stack_sizes.h"
+#include "platform/view_layout.h"
 #include "surfaces/text_metrics.h"
 
 #include <algorithm>
@@ -18,6 +18,7 @@ using tavrin::ViewKind;
 constexpr double iconSide = 16;
 constexpr double progressSide = 16;
 constexpr double buttonSymbolGap = 4;
+constexpr Size recorderSize{150, 24}; // its titles come later, so the view's width counts
 
 Size sizeOfText(const View& text, double width) {
     const auto lines = wrapped(text.text, text.textStyle, width);
@@ -33,7 +34,7 @@ Size sizeOfSymbol(const View& symbol) {
 }
 
 Size sizeOfLabel(const View& button) {
-    const Size text = button.text.empty() ? Size{} : sizeOfText(button, widthUnlimited);
+    const Size text = button.text.empty() ? Size{} : sizeOfText(button, tavrin::widthUnlimited);
     if (button.symbol.empty()) return text;
     const Size symbol = sizeOfSymbol(button);
     const double gap = button.text.empty() ? 0 : buttonSymbolGap;
@@ -71,6 +72,8 @@ Size sizeOfControl(const View& view, double width) {
         return sizeOfButton(view);
     case ViewKind::Checkbox:
         return sizeOfCheckbox(view, width);
+    case ViewKind::ShortcutRecorder:
+        return recorderSize;
     case ViewKind::Progress:
         return {progressSide, progressSide};
     default:

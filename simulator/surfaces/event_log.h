@@ -15,7 +15,8 @@
 
 namespace mac_model {
 
-/// An input event that a process posted, or a change of the cursor ("cursorHide", "cursorShow") that it made.
+/// An input event that a process posted, a change of the cursor ("cursorHide", "cursorShow") that it made, or
+/// the alert sound ("beep").
 struct SyntheticEvent {
     tavrin::Seconds time{0};
     std::string type;

@@ -50,8 +50,14 @@ ViewPath listAround(const Surface& surface, const ViewPath& path) {
         .value_or(ViewPath{});
 }
 
-void focus(Surface& surface, const ViewPath& path) {
+void setFocus(Surface& surface, const ViewPath& path) {
+    const bool isNew = surface.focus != path;
     surface.focus = path;
+    if (isNew && surface.onFocusMoved) surface.onFocusMoved();
+}
+
+void focus(Surface& surface, const ViewPath& path) {
+    setFocus(surface, path);
     reveal(surface.content, path);
 }
 
@@ -102,7 +108,7 @@ bool moveFocusInList(Surface& surface, FocusStep step) {
 void focusAt(Surface& surface, tavrin::Point point) {
     const auto path = deepestPressedAt(surface.content, point,
                                        [](const LaidOutView& laidOut) { return isListed(laidOut.view); });
-    if (path) surface.focus = path;
+    if (path) setFocus(surface, *path);
 }
 
 } // namespace mac_model

@@ -1,5 +1,6 @@
 #include "surfaces/program_popover.h"
 
+#include "platform/view_layout.h"
 #include "surfaces/placement.h"
 
 #include <algorithm>
@@ -7,11 +8,7 @@
 
 namespace mac_model {
 
-namespace {
-
-constexpr double widthMax = 440; // of content that names no width itself
-
-} // namespace
+namespace {} // namespace
 
 ProgramPopover::ProgramPopover(ProgramPresentation& presentation, tavrin::PopoverBehavior behavior,
                                ProgramCallbacks callbacks)
@@ -28,7 +25,9 @@ ProgramPopover::~ProgramPopover() {
 
 void ProgramPopover::setContent(tavrin::View content) {
     content_ = std::move(content);
+    recorders_.follow(content_);
     if (auto* surface = presentation_.stack_.find(surface_)) layOut(*surface);
+    recorders_.followFocus();
 }
 
 OutsidePress ProgramPopover::outsidePress() const {
@@ -54,6 +53,8 @@ bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
         shown.owner = callbacks_.process();
         shown.outsidePress = outsidePress();
         shown.deliver = callbacks_.deliver();
+        shown.onFocusMoved = [this] { callbacks_.deliver()([this] { recorders_.followFocus(); }); };
+        shown.onResignedKey = [this] { callbacks_.deliver()([this] { recorders_.windowResignedKey(); }); };
         shown.onDismissed = [this] {
             surface_ = SurfaceIdentifier::None;
             callbacks_.postOnClose();
@@ -69,11 +70,12 @@ bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
 
 void ProgramPopover::layOut(Surface& surface) const {
     const auto screen = screenFor(presentation_.mac_.screens().screens(), area_.middle());
-    surface.frame = popoverFrame(measured(content_, widthMax), area_, screen);
+    surface.frame = popoverFrame(measured(content_, tavrin::popoverWidthMax), area_, screen);
     surface.arrowX = std::clamp(area_.midX(), surface.frame.minX(), surface.frame.maxX());
     auto content = laidOut(content_, surface.frame);
     carryScrolling(surface.content, content);
     surface.content = std::move(content);
+    recorders_.dress(surface);
 }
 
 void ProgramPopover::close() {

@@ -3,6 +3,7 @@
 #include "platform/presentation.h"
 #include "surfaces/program_callbacks.h"
 #include "surfaces/program_presentation.h"
+#include "surfaces/program_recorders.h"
 
 #include <optional>
 
@@ -33,6 +34,7 @@ class ProgramPopover final : public tavrin::Popover {
     ProgramCallbacks callbacks_;
     tavrin::View content_;
     SurfaceIdentifier surface_{};
+    ProgramRecorders recorders_{presentation_.stack_, surface_};
     StatusItemIdentifier item_{};
     tavrin::Rect area_;
     tavrin::Point itemOrigin_; // when `area_` was valid

@@ -8,7 +8,12 @@ namespace mac_model {
 
 void ProgramWindow::setContent(tavrin::View content) {
     content_ = std::move(content);
-    if (auto* surface = presentation_.stack_.find(surface_)) replaceContent(*surface, content_);
+    recorders_.follow(content_);
+    if (auto* surface = presentation_.stack_.find(surface_)) {
+        replaceContent(*surface, content_);
+        recorders_.dress(*surface);
+        recorders_.followFocus();
+    }
 }
 
 void ProgramWindow::makeKeyAndOrderFront() {
@@ -28,7 +33,11 @@ void ProgramWindow::open() {
     window.deliver = callbacks_.deliver();
     window.onDismissed = [this] { hasClosed(); };
     placeTitledWindow(window, content_, presentation_.mac_.screens().screens());
-    surface_ = presentation_.stack_.add(std::move(window)).identifier;
+    window.onFocusMoved = [this] { callbacks_.deliver()([this] { recorders_.followFocus(); }); };
+    window.onResignedKey = [this] { callbacks_.deliver()([this] { recorders_.windowResignedKey(); }); };
+    auto& surface = presentation_.stack_.add(std::move(window));
+    surface_ = surface.identifier;
+    recorders_.dress(surface);
 }
 
 void ProgramWindow::close() {

@@ -3,6 +3,7 @@
 #include "platform/presentation.h"
 #include "surfaces/program_callbacks.h"
 #include "surfaces/program_presentation.h"
+#include "surfaces/program_recorders.h"
 
 namespace mac_model {
 
@@ -33,6 +34,7 @@ class ProgramWindow final : public tavrin::Window {
     ProgramCallbacks callbacks_;
     tavrin::View content_;
     SurfaceIdentifier surface_{};
+    ProgramRecorders recorders_{presentation_.stack_, surface_};
 };
 
 } // namespace mac_model

@@ -17,6 +17,18 @@ ScreenContent::ScreenContent(Mac& mac)
     installActions(mac);
     subscriptions_.push_back(mac.processes().onEnded.subscribe(
         [this](tavrin::ProcessIdentifier ended) { stack.dismissAllOf(ended); }));
+    const auto followFront = [this, &mac] {
+        const auto* front = mac.processes().frontmost();
+        stack.setActive(front ? front->identifier : 0);
+    };
+    followFront();
+    subscriptions_.push_back(mac.processes().onFrontChanged.subscribe(followFront));
+    subscriptions_.push_back(mac.keyboard().onBeep.subscribe([this, &mac] {
+        SyntheticEvent beep;
+        beep.time = mac.scheduler().now();
+        beep.type = "beep";
+        events.record(std::move(beep));
+    }));
     subscriptions_.push_back(mac.statusArea().onChanged.subscribe([this] {
         presentation.followStatusItems();
         statusItems.closeOrphans();

@@ -54,6 +54,10 @@ struct Surface {
 
     /// Runs a callback of the content in its owner, later; drops it when the owner is gone by then.
     std::function<void(tavrin::Work)> deliver;
+    /// Called when the person has moved the keyboard focus in it.
+    std::function<void()> onFocusMoved;
+    /// Called when it is the key surface no more, also because it closes, and then first.
+    std::function<void()> onResignedKey;
     /// Called when anyone but its owner has closed it.
     std::function<void()> onDismissed;
 

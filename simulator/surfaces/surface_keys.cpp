@@ -45,7 +45,7 @@ bool pressKeyOn(Surface& surface, std::string_view key, const std::vector<Modifi
         return moveFocus(surface, FocusStep::Previous);
     if (!modifiers.empty()) return false;
     const auto focused = focusedPath(surface);
-    if (focused && performKeyAction(surface, *focused, key)) return true;
+    if (performKeyAction(surface, focused.value_or(ViewPath{}), key)) return true;
     if (key == "tab") return moveFocus(surface, FocusStep::Next);
     if (key == "down") return moveFocusInList(surface, FocusStep::Next);
     if (key == "up") return moveFocusInList(surface, FocusStep::Previous);

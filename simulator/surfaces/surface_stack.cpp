@@ -46,12 +46,20 @@ std::unique_ptr<Surface> SurfaceStack::take(SurfaceIdentifier identifier) {
 
 void SurfaceStack::remove(SurfaceIdentifier identifier) {
     std::erase(keyHistory_, identifier);
-    take(identifier);
+    const auto taken = take(identifier);
+    hasGone(taken.get());
+}
+
+void SurfaceStack::hasGone(Surface* surface) {
+    if (!surface) return;
+    if (surface->identifier == key_ && surface->onResignedKey) surface->onResignedKey();
+    noteKeyChange();
 }
 
 void SurfaceStack::dismiss(SurfaceIdentifier identifier) {
     std::erase(keyHistory_, identifier);
     const auto taken = take(identifier);
+    hasGone(taken.get());
     if (taken && taken->onDismissed) taken->onDismissed();
 }
 
@@ -82,10 +90,30 @@ void SurfaceStack::raise(SurfaceIdentifier identifier) {
 void SurfaceStack::makeKey(SurfaceIdentifier identifier) {
     std::erase(keyHistory_, identifier);
     if (find(identifier) != nullptr) keyHistory_.push_back(identifier);
+    noteKeyChange();
+}
+
+void SurfaceStack::setActive(tavrin::ProcessIdentifier process) {
+    active_ = process;
+    noteKeyChange();
+}
+
+bool SurfaceStack::canBeKey(const Surface& surface) const {
+    const bool needsActivity = surface.kind == SurfaceKind::Window || surface.kind == SurfaceKind::Alert;
+    return !needsActivity || surface.owner == active_;
 }
 
 Surface* SurfaceStack::key() const {
-    return keyHistory_.empty() ? nullptr : positionOf(keyHistory_.back())->get();
+    for (const auto identifier : keyHistory_ | std::views::reverse)
+        if (auto* surface = positionOf(identifier)->get(); canBeKey(*surface)) return surface;
+    return nullptr;
+}
+
+void SurfaceStack::noteKeyChange() {
+    const auto* now = key();
+    const auto before = std::exchange(key_, now ? now->identifier : SurfaceIdentifier::None);
+    if (before == key_) return;
+    if (const auto* resigned = find(before); resigned && resigned->onResignedKey) resigned->onResignedKey();
 }
 
 void SurfaceStack::moveBy(Surface& surface, double dx, double dy) {

@@ -35,7 +35,10 @@ class SurfaceStack {
     void raise(SurfaceIdentifier);
     /// When the key surface goes away, the one that was key before it takes its place.
     void makeKey(SurfaceIdentifier);
+    /// None while the windows that could be key belong to applications that aren't active; panels and
+    /// popovers are key without that.
     Surface* key() const;
+    void setActive(tavrin::ProcessIdentifier);
 
     /// Moves the surface and all in it.
     static void moveBy(Surface&, double dx, double dy);
@@ -44,9 +47,14 @@ class SurfaceStack {
     Surfaces::const_iterator positionOf(SurfaceIdentifier) const;
     std::unique_ptr<Surface> take(SurfaceIdentifier);
     void insert(std::unique_ptr<Surface>);
+    bool canBeKey(const Surface&) const;
+    void noteKeyChange();
+    void hasGone(Surface*);
 
     Surfaces surfaces_;
-    std::vector<SurfaceIdentifier> keyHistory_; // the key surface last
+    std::vector<SurfaceIdentifier> keyHistory_; // the one that was made key last comes last
+    SurfaceIdentifier key_{};                   // as last noted
+    tavrin::ProcessIdentifier active_ = 0;
     std::uint64_t nextIdentifier_ = 1;
 };
 

@@ -1,5 +1,6 @@
 #include "surfaces/titled_window.h"
 
+#include "platform/view_layout.h"
 #include "surfaces/placement.h"
 
 #include <cmath>
@@ -9,10 +10,8 @@ namespace mac_model {
 
 namespace {
 
-constexpr double widthMax = 640; // of content that names no width itself
-
 tavrin::Size sizeFor(const tavrin::View& content) {
-    auto size = measured(content, widthMax);
+    auto size = measured(content, tavrin::windowWidthMax);
     size.height += Surface::titleBarHeight;
     return size;
 }

@@ -1,11 +1,10 @@
 #include "surfaces/view_layout.h"
 
+#include "platform/view_layout.h"
 #include "surfaces/control_sizes.h"
-#include "surfaces/stack_sizes.h"
 #include "surfaces/text_metrics.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace mac_model {
@@ -16,66 +15,44 @@ using tavrin::Rect;
 using tavrin::View;
 using tavrin::ViewKind;
 
-Rect insetBy(Rect frame, double inset) {
-    return {frame.x + inset, frame.y + inset, std::max(0.0, frame.width - 2 * inset),
-            std::max(0.0, frame.height - 2 * inset)};
-}
-
-double startOf(double begin, double room, double size, bool isCentered) {
-    return isCentered ? begin + std::round(std::max(0.0, room - size) / 2) : begin;
-}
-
-void layOutStack(LaidOutView& stack, Rect inside) {
-    const bool isRow = stack.view.kind == ViewKind::Row;
-    const bool isCentered = stack.view.isCentered;
-    const auto sizes = sizesOfChildren(stack.view, inside.size());
-    double x = inside.x;
-    double y = inside.y;
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        if (isRow)
-            y = startOf(inside.y, inside.height, sizes[i].height, isCentered);
-        else
-            x = startOf(inside.x, inside.width, sizes[i].width, isCentered);
-        stack.children.push_back(laidOut(std::move(stack.view.children[i]), Rect::from({x, y}, sizes[i])));
-        if (isRow)
-            x += sizes[i].width + stack.view.spacing;
-        else
-            y += sizes[i].height + stack.view.spacing;
+/// Sizes of the model's own drawings.
+class DrawnSizes final : public tavrin::ControlSizes {
+  public:
+    tavrin::Size sizeOf(const View& control, double width) const override {
+        return sizeOfControl(control, width);
     }
-}
+};
 
-/// Its child is as wide as the Scroll and as tall as it wants to be.
-void layOutScroll(LaidOutView& scroll, Rect inside) {
-    double bottom = inside.y;
-    for (auto& child : scroll.view.children) {
-        const double height = measured(child, inside.width).height;
-        scroll.children.push_back(laidOut(std::move(child), {inside.x, bottom, inside.width, height}));
-        bottom += height;
+void layOutChildren(LaidOutView& parent) {
+    const auto frames = tavrin::framesOfChildren(parent.view, parent.frame.size(), DrawnSizes());
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const Rect& inParent = frames[i];
+        parent.children.push_back(laidOut(
+            std::move(parent.view.children[i]),
+            {parent.frame.x + inParent.x, parent.frame.y + inParent.y, inParent.width, inParent.height}));
     }
-    scroll.scrollOffsetMax = std::max(0.0, bottom - inside.maxY());
+    if (parent.view.kind != ViewKind::Scroll || parent.children.empty()) return;
+    const double padding = parent.view.padding;
+    const double bottom = std::max(parent.frame.minY() + padding, parent.frame.maxY() - padding);
+    parent.scrollOffsetMax = std::max(0.0, parent.children.back().frame.maxY() - bottom);
 }
 
 } // namespace
+
+tavrin::Size measured(const View& view, double width) { return tavrin::measured(view, width, DrawnSizes()); }
 
 LaidOutView laidOut(View view, Rect frame) {
     LaidOutView result;
     result.view = std::move(view);
     result.frame = frame;
-    const Rect inside = insetBy(frame, result.view.padding);
+    layOutChildren(result);
     switch (result.view.kind) {
-    case ViewKind::Column:
-    case ViewKind::Card:
-    case ViewKind::Row:
-        layOutStack(result, inside);
-        break;
-    case ViewKind::Scroll:
-        layOutScroll(result, inside);
-        break;
     case ViewKind::Text:
     case ViewKind::Checkbox:
         if (result.view.text.empty()) break;
         result.lines =
-            wrapped(result.view.text, result.view.textStyle, textWidthOf(result.view, inside.width));
+            wrapped(result.view.text, result.view.textStyle,
+                    textWidthOf(result.view, std::max(0.0, frame.width - 2 * result.view.padding)));
         break;
     default:
         break;

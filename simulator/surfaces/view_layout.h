@@ -16,6 +16,7 @@ struct LaidOutView {
     std::vector<std::string> lines; // Text and Checkbox: the text as wrapped
     double scrollOffset = 0;        // Scroll: points of its child above its top edge
     double scrollOffsetMax = 0;
+    bool isRecording = false; // ShortcutRecorder
     std::vector<LaidOutView> children;
 };
 

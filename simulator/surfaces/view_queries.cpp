@@ -1,6 +1,7 @@
 #include "surfaces/view_queries.h"
 
 #include <ranges>
+#include <utility>
 
 namespace mac_model {
 
@@ -37,7 +38,8 @@ void forEachBelow(const LaidOutView& view, ViewPath& path,
 } // namespace
 
 bool isControl(const tavrin::View& view) {
-    return view.kind == ViewKind::Button || view.kind == ViewKind::Checkbox || view.onPress != nullptr;
+    return view.kind == ViewKind::Button || view.kind == ViewKind::Checkbox ||
+           view.kind == ViewKind::ShortcutRecorder || view.onPress != nullptr;
 }
 
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath& path) {
@@ -47,6 +49,10 @@ const LaidOutView* viewAt(const LaidOutView& root, const ViewPath& path) {
         view = &view->children[index];
     }
     return view;
+}
+
+LaidOutView* viewAt(LaidOutView& root, const ViewPath& path) {
+    return const_cast<LaidOutView*>(viewAt(std::as_const(root), path));
 }
 
 std::optional<ViewPath> deepestAt(const LaidOutView& root, Point point,

@@ -16,6 +16,7 @@ bool isControl(const tavrin::View&);
 
 /// Null when the tree has no such place.
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);
+LaidOutView* viewAt(LaidOutView& root, const ViewPath&);
 
 // What a person points at; scrolled-away parts are nowhere.
 

@@ -50,7 +50,8 @@ void AppDelegate::startMenuBar() {
 
 void AppDelegate::showSettings() {
     if (!settingsWindow_)
-        settingsWindow_ = std::make_unique<SettingsWindowController>(platform_, *permission_, updates_);
+        settingsWindow_ = std::make_unique<SettingsWindowController>(platform_, *permission_, updates_,
+                                                                     menuBarManager_->toggleShortcut());
     settingsWindow_->show();
 }
 

@@ -40,9 +40,10 @@ class AppDelegate final : public ApplicationDelegate {
     AppUpdates updates_;
     std::unique_ptr<AccessibilityPermission> permission_;
     Subscription lateGrantObservation_;
-    std::unique_ptr<SettingsWindowController> settingsWindow_;
     std::unique_ptr<AccessibilityOnboardingController> accessibilityOnboarding_;
     std::unique_ptr<MenuBarManager> menuBarManager_;
+    std::unique_ptr<SettingsWindowController>
+        settingsWindow_; // goes before the manager, whose shortcut it shows
     bool isPreparingForTermination_ = false;
     Job<> terminationTask_;
 };

@@ -3,6 +3,7 @@
 #include "platform/application.h"
 #include "platform/view_builders.h"
 #include "platform/workspace.h"
+#include "shortcuts/toggle_shortcut_settings_view.h"
 
 #include <utility>
 
@@ -38,12 +39,15 @@ View accessRow(const Platform& platform, bool isTrusted) {
 } // namespace
 
 SettingsWindowController::SettingsWindowController(const Platform& platform,
-                                                   AccessibilityPermission& permission, AppUpdates& updates)
+                                                   AccessibilityPermission& permission, AppUpdates& updates,
+                                                   ToggleShortcutController& toggleShortcut)
     : platform_(platform)
     , permission_(permission)
-    , updates_(updates) {
+    , updates_(updates)
+    , toggleShortcut_(toggleShortcut) {
     observations_.push_back(permission.onChanged([this](const bool&) { render(); }));
     observations_.push_back(updates.onChanged([this](const bool&) { render(); }));
+    observations_.push_back(toggleShortcut.onChanged([this] { render(); }));
 }
 
 SettingsWindowController::~SettingsWindowController() = default;
@@ -61,12 +65,17 @@ void SettingsWindowController::render() {
 }
 
 View SettingsWindowController::content() {
-    return column({text("General", {.style = TextStyle::Heading}), updatesRow(updates_), divider(),
-                   text("Access", {.style = TextStyle::Heading}),
-                   accessRow(platform_, permission_.isTrusted()), divider(),
-                   text(platform_.application.displayVersion(),
-                        {.style = TextStyle::Caption, .tone = Tone::Secondary})},
-                  {.spacing = 12, .padding = 20, .width = windowWidth});
+    auto content = column({text("General", {.style = TextStyle::Heading}),
+                           toggleShortcutSettingsView(platform_, toggleShortcut_), updatesRow(updates_),
+                           divider(), text("Access", {.style = TextStyle::Heading}),
+                           accessRow(platform_, permission_.isTrusted()), divider(),
+                           text(platform_.application.displayVersion(),
+                                {.style = TextStyle::Caption, .tone = Tone::Secondary})},
+                          {.spacing = 12, .padding = 20, .width = windowWidth});
+    content.keyActions.push_back({"escape", [this] {
+                                      if (window_) window_->close();
+                                  }});
+    return content;
 }
 
 } // namespace tavrin

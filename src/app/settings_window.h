@@ -5,17 +5,18 @@
 #include "discovery/accessibility_permission.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
+#include "shortcuts/toggle_shortcut_controller.h"
 
 #include <memory>
 #include <vector>
 
 namespace tavrin {
 
-/// The settings window. Main thread.
+/// The settings window. Escape and Command-W close it. Main thread.
 class SettingsWindowController {
   public:
     SettingsWindowController(const Platform& platform, AccessibilityPermission& permission,
-                             AppUpdates& updates);
+                             AppUpdates& updates, ToggleShortcutController& toggleShortcut);
     SettingsWindowController(const SettingsWindowController&) = delete;
     SettingsWindowController& operator=(const SettingsWindowController&) = delete;
     ~SettingsWindowController();
@@ -29,6 +30,7 @@ class SettingsWindowController {
     const Platform& platform_;
     AccessibilityPermission& permission_;
     AppUpdates& updates_;
+    ToggleShortcutController& toggleShortcut_;
     std::unique_ptr<Window> window_;
     std::vector<Subscription> observations_;
 };

@@ -25,6 +25,9 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
     , runtimeMode_(tavrin::runtimeMode(platform.workspace.operatingSystemVersion()))
     , settings_(platform.defaults)
     , firstRun_(settings_)
+    , hotKeyRegistrars_(platform.hotKeys)
+    , toggleShortcut_(ToggleShortcutStore(platform.defaults), hotKeyRegistrars_.make(),
+                      [this] { toggleCollapse(); })
     , statusItems_(platform, settings_, runtimeMode_,
                    [this](StatusItem& control) { control_.dress(control); })
     , geometry_(platform, state_, statusItems_)

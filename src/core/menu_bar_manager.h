@@ -20,6 +20,8 @@
 #include "discovery/window_server_status_item_bridge.h"
 #include "movement/menu_bar_item_mover.h"
 #include "platform/platform.h"
+#include "shortcuts/carbon_hot_key_registrar.h"
+#include "shortcuts/toggle_shortcut_controller.h"
 
 #include <functional>
 #include <memory>
@@ -49,6 +51,8 @@ class MenuBarManager {
     MenuBarRuntimeMode runtimeMode() const { return runtimeMode_; }
 
     AccessibilityPermission& permission() { return permission_; }
+
+    ToggleShortcutController& toggleShortcut() { return toggleShortcut_; }
 
     std::vector<MenuBarItem> visibleItems() const;
     std::vector<MenuBarItem> hiddenItems() const;
@@ -97,6 +101,8 @@ class MenuBarManager {
     MenuBarState state_;
     Settings settings_;
     FirstRunState firstRun_;
+    HotKeyRegistrars hotKeyRegistrars_;
+    ToggleShortcutController toggleShortcut_;
     bool isAwaitingFirstRunDefault_ = false;
     OwnStatusItems statusItems_;
     StatusItemGeometryKeeper geometry_;

@@ -6,6 +6,8 @@ class Accessibility;
 class Application;
 class Defaults;
 class Events;
+class HotKeys;
+class Keyboard;
 class Presentation;
 class Scheduler;
 class Screens;
@@ -23,6 +25,8 @@ struct Platform {
     Accessibility& accessibility;
     Defaults& defaults;
     Events& events;
+    HotKeys& hotKeys;
+    Keyboard& keyboard;
     Presentation& presentation;
     Screens& screens;
     StatusItems& statusItems;

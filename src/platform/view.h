@@ -8,6 +8,8 @@
 
 namespace tavrin {
 
+struct RecorderButtonMaker;
+
 /// A picture that the platform holds, such as an application's icon.
 struct IconOfApplication {
     std::string bundleIdentifier;
@@ -20,8 +22,8 @@ struct ViewAction {
     std::function<void()> perform;
 };
 
-/// A key that does something while the view has the keyboard focus: "left", "right", "space", "return",
-/// "delete".
+/// A key that does something while the view or one inside it has the keyboard focus, and for the outermost
+/// view also while none has: "left", "right", "space", "return", "delete", "escape".
 struct KeyAction {
     std::string key;
     std::function<void()> perform;
@@ -37,9 +39,10 @@ enum class ViewKind {
     Button,
     Checkbox,
     Divider,
-    Spacer,   // takes what room is left in its row or column
-    Progress, // a turning wheel
-    Card,     // a column on a filled, rounded ground
+    Spacer,           // takes what room is left in its row or column
+    Progress,         // a turning wheel
+    ShortcutRecorder, // a push button whose title and doings are those of `recorder`
+    Card,             // a column on a filled, rounded ground
 };
 
 enum class TextStyle { Body, Title, Heading, Caption };
@@ -66,6 +69,9 @@ struct View {
     std::optional<double> height; // Scroll: the largest height
     double pointSize = 0;         // Symbol: 0 is the size of body text
     bool isCentered = false;      // text and children, across the stack's direction
+
+    /// ShortcutRecorder: renderers keep the button that it makes for as long as the view keeps its place.
+    std::shared_ptr<const RecorderButtonMaker> recorder;
 
     bool isEnabled = true;
     bool isChecked = false;

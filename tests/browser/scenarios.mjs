@@ -237,6 +237,33 @@ export const scenarios = {
         await mac.control.waitFor();
     },
 
+    async "shortcut recorder: it takes the keys typed on the page, and the new shortcut hides and reveals"({ mac }) {
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Settings…").click();
+        const recorder = mac.window("Tavrin Settings").getByRole("button", { name: "Toggle shortcut" });
+        await recorder.getByText("⌃⌥H").waitFor();
+        await recorder.click();
+        await recorder.getByText("Type shortcut…").waitFor();
+        assert.equal(await recorder.getAttribute("aria-pressed"), "true");
+        for (const key of ["Tab", "Shift+A", "Enter"]) await mac.page.keyboard.press(key);
+        await mac.trace.getByText("beep").nth(2).waitFor();
+        await mac.page.keyboard.press("Control+Alt+Shift+Digit4");
+        await recorder.getByText("⌃⌥⇧4").waitFor();
+        await mac.trace.getByText("toggleShortcut").waitFor();
+        await recorder.focus();
+        await mac.page.keyboard.press(" ");
+        await recorder.getByText("Type shortcut…").waitFor();
+        await mac.page.keyboard.press("Escape");
+        await recorder.getByText("⌃⌥⇧4").waitFor();
+        await mac.page.keyboard.press("Control+Alt+Shift+Digit4");
+        await mac.item("Spotlight").waitFor();
+        await mac.page.keyboard.press("Escape");
+        await mac.window("Tavrin Settings").waitFor({ state: "detached" });
+        await mac.page.keyboard.press("Control+Alt+Shift+Digit4");
+        await mac.item("Spotlight").waitFor({ state: "detached" });
+    },
+
     async "help: a tooltip shows when the pointer rests"({ mac }) {
         await mac.hidden();
         await mac.control.hover();

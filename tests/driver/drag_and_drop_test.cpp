@@ -1,4 +1,5 @@
 #include "driver/probe_program.h"
+#include "platform/application.h"
 #include "platform/view_builders.h"
 #include "support/tavrin_mac.h"
 
@@ -22,6 +23,8 @@ class DragAndDrop : public ::testing::Test {
         probe.window = probe.platform->presentation.makeWindow("Lists", probe.logs("closed"));
         render();
         probe.window->makeKeyAndOrderFront();
+        probe.platform->application.activate();
+        mac.settle();
     }
 
     View rowFor(const std::string& name) {

@@ -34,6 +34,8 @@ class Surfaces : public ::testing::Test {
         done.isDefaultButton = true;
         probe.window->setContent(tavrin::column({tavrin::text("Words"), std::move(done)}, {.padding = 20}));
         probe.window->makeKeyAndOrderFront();
+        probe.platform->application.activate();
+        mac.settle();
     }
 
     void popUpMenu() {
@@ -118,6 +120,10 @@ TEST_F(Surfaces, WindowTakesKeysAndCloses) {
     EXPECT_EQ(takeLog(), Log{"done"});
     mac.done({{"do", "start"}});
     EXPECT_EQ(takeLog(), Log{"reopened with windows"});
+    mac.done({{"do", "click"}, {"at", {20, 700}}}); // another application is active then
+    EXPECT_FALSE(mac.surfacesOf(tavrinBundle).at(0)["key"]);
+    mac.done({{"do", "key"}, {"key", "return"}});
+    EXPECT_EQ(takeLog(), Log{});
 
     const double x = window["frame"][0];
     const double y = window["frame"][1];

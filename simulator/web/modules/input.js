@@ -6,8 +6,25 @@ import { send } from "./commands.js";
 const modifierOfProperty = { ctrlKey: "control", altKey: "option", shiftKey: "shift", metaKey: "command" };
 const keyNames = {
     Enter: "return", Escape: "escape", ArrowUp: "up", ArrowDown: "down", ArrowLeft: "left", ArrowRight: "right",
-    " ": "space", Tab: "tab", Backspace: "delete",
+    " ": "space", Tab: "tab", Backspace: "delete", Delete: "forwardDelete", Home: "home", End: "end",
+    PageUp: "pageUp", PageDown: "pageDown",
 };
+const charactersOfCodes = {
+    Comma: ",", Period: ".", Slash: "/", Semicolon: ";", Quote: "'", BracketLeft: "[", BracketRight: "]", Backslash: "\\",
+    Minus: "-", Equal: "=", Backquote: "`",
+};
+
+// The character on the key itself: Shift and Option make others of it, which the Mac would look for in vain.
+function characterOn(event) {
+    if (event.key.length === 1 && (/^[a-z0-9]$/i.test(event.key) || !(event.shiftKey || event.altKey))) return event.key.toLowerCase();
+    return event.code.match(/^(?:Key|Digit)(.)$/)?.[1].toLowerCase() ?? charactersOfCodes[event.code] ?? null;
+}
+
+// Function keys by themselves stay with the browser, which reloads and searches with them.
+function keyOf(event, isForRecorder) {
+    if (/^F\d+$/.test(event.key)) return isForRecorder ? event.key.toLowerCase() : null;
+    return keyNames[event.key] ?? characterOn(event);
+}
 const buttonNames = { 0: "left", 2: "right" };
 
 // On other computers than Macs the Command key is often taken: the page offers a key that stays held, and Control serves
@@ -67,11 +84,12 @@ export class Input {
     keyed(event) {
         const isElsewhere = event.target !== document.body && !this.room.contains(event.target);
         if (isElsewhere || event.isComposing || ["Shift", "Control", "Alt", "Meta"].includes(event.key)) return;
-        const isPressOfControl = event.target.matches("button, input") && [" ", "Enter"].includes(event.key);
+        const isForRecorder = this.room.querySelector(".surface.key .recording") !== null;
+        const isPressOfControl = !isForRecorder && event.target.matches("button, input") && [" ", "Enter"].includes(event.key);
         // Where the Mac's keyboard focus has nowhere to go, Tab leads through the page as everywhere.
-        const isFocusMove = event.key === "Tab" && !this.room.querySelector(".surface.key .view[tabindex]");
+        const isFocusMove = !isForRecorder && event.key === "Tab" && !this.room.querySelector(".surface.key .view[tabindex]");
         if (isPressOfControl || isFocusMove) return;
-        const key = keyNames[event.key] ?? (event.key.length === 1 ? event.key.toLowerCase() : null);
+        const key = keyOf(event, isForRecorder);
         if (!key) return;
         event.preventDefault();
         send({ do: "key", key, modifiers: this.modifiers(event) });

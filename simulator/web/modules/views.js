@@ -87,10 +87,17 @@ function drawButton(node) {
         tag: "button",
         properties: {
             type: "button", class: `button ${node.default ? "prominent" : node.buttonStyle ?? "bordered"}`,
-            disabled: node.enabled === false, onclick: pressedWithoutPointer(node),
+            disabled: node.enabled === false, onclick: pressedWithoutPointer(node), ...recorderProperties(node),
         },
         content: [node.symbol && symbol(node), isTitled(node) && h("span", { class: "title" }, node.text)],
     };
+}
+
+// A shortcut recorder is a button whose title is its value.
+function recorderProperties(node) {
+    if (node.value === undefined) return {};
+    return { class: `button recorder${node.recording ? " recording" : ""}`, "aria-description": node.value,
+        "aria-pressed": node.recording ? "true" : "false" };
 }
 
 // Without a title of its own a control's text is what a screen reader says.

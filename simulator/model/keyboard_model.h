@@ -1,0 +1,34 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "desktop/desktop_file.h"
+#include "platform/keyboard.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+/// The Mac's keyboard, and what the program wants to hear of it.
+class KeyboardModel {
+  public:
+    explicit KeyboardModel(KeyboardLayout layoutAtStart) : layout(layoutAtStart) {}
+
+    KeyboardLayout layout;
+
+    /// The key that makes this character or is called so, with modifiers held; none when the keyboard has no
+    /// such key.
+    std::optional<tavrin::KeyPress> strokeOf(std::string_view key, const std::vector<Modifier>&) const;
+
+    /// The program's monitors, which see its keys before its windows do. Those after one that has consumed
+    /// the key don't see it.
+    tavrin::Signal<tavrin::KeyPress, tavrin::KeyHandling*> monitors;
+    tavrin::KeyHandling showToMonitors(const tavrin::KeyPress&) const;
+
+    tavrin::Signal<> onBeep;
+};
+
+tavrin::ModifierFlags flagsOf(const std::vector<Modifier>&);
+
+} // namespace mac_model

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "shortcuts/hot_key_registering.h"
+#include "shortcuts/hot_key_shortcut.h"
+#include "shortcuts/toggle_shortcut_store.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tavrin {
+
+/// The shortcut that shows and hides the hidden items from anywhere. It is loaded and registered when this is
+/// made. Main thread.
+class ToggleShortcutController {
+  public:
+    ToggleShortcutController(ToggleShortcutStore store, std::unique_ptr<HotKeyRegistering> registrar,
+                             std::function<void()> onPress);
+    ToggleShortcutController(const ToggleShortcutController&) = delete;
+    ToggleShortcutController& operator=(const ToggleShortcutController&) = delete;
+
+    /// Why a shortcut can't be had; nothing when it can.
+    std::function<std::optional<std::string>(const HotKeyShortcut&)> conflict;
+
+    const std::optional<HotKeyShortcut>& shortcut() const { return shortcut_.get(); }
+
+    /// For the user.
+    const std::optional<std::string>& errorMessage() const { return errorMessage_.get(); }
+
+    bool isSuspended() const { return isSuspended_; }
+
+    /// Fires after `shortcut` or `errorMessage` has changed.
+    Subscription onChanged(std::function<void()> handler) { return changed_.subscribe(std::move(handler)); }
+
+    /// Takes another shortcut, or keeps the present one and says why in `errorMessage`.
+    bool update(const HotKeyShortcut& to);
+    /// Switches the shortcut off.
+    void clear();
+
+    /// Keep the shortcut from acting while a person types a new one, which may be the same.
+    void suspend();
+    void resume();
+
+  private:
+    bool registerCurrent();
+    void registerCurrentShortcut();
+    bool refuse(std::string message);
+
+    ToggleShortcutStore store_;
+    std::unique_ptr<HotKeyRegistering> registrar_;
+    Published<std::optional<HotKeyShortcut>> shortcut_;
+    Published<std::optional<std::string>> errorMessage_;
+    bool isSuspended_ = false;
+    Signal<> changed_;
+    Subscription shortcutChanges_;
+    Subscription messageChanges_;
+};
+
+} // namespace tavrin
