@@ -55,7 +55,8 @@ class AccessibilityElement {
     std::shared_ptr<const Reference> reference_;
 };
 
-/// What an attribute holds. A value of a type that is not listed comes as `std::monostate`.
+/// What an attribute holds. A value of a type that is not listed comes as `std::monostate`; members of a list
+/// that are no elements are left out, and a list of nothing else counts as not listed.
 using AttributeValue = std::variant<std::monostate, bool, double, std::string, Point, Size, Rect,
                                     AccessibilityElement, std::vector<AccessibilityElement>>;
 using AttributeResult = std::expected<AttributeValue, AccessibilityError>;

@@ -6,8 +6,9 @@
 
 namespace tavrin {
 
-/// The system's text services in the user's current locale. Text is UTF-8; invalid bytes are read as U+FFFD.
-/// Any thread.
+/// The system's text services. Comparing and folding follow the user's current locale; the other operations
+/// are the same in every locale, so that identifiers stay what they are. Text is UTF-8; invalid bytes are
+/// read as U+FFFD. Any thread.
 class Text {
   public:
     virtual ~Text() = default;

@@ -33,7 +33,8 @@ class Workspace {
 
     virtual OperatingSystemVersion operatingSystemVersion() const = 0;
 
-    /// All processes with a connection to the window server, this one included, in the order of their launch.
+    /// All processes with a connection to the window server, this one included. Those that stay keep their
+    /// order.
     virtual std::vector<RunningApplication> runningApplications() const = 0;
     virtual Subscription onApplicationsChanged(std::function<void()> handler) = 0;
 

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <Foundation/Foundation.h>
+
+@protocol NSAnimatablePropertyContainer
+- (instancetype)animator;
+@end

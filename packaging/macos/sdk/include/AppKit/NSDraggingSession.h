@@ -1,0 +1,6 @@
+#pragma once
+
+#include <Foundation/Foundation.h>
+
+@interface NSDraggingSession : NSObject
+@end

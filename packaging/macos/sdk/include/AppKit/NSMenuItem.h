@@ -1,0 +1,15 @@
+#pragma once
+
+#include <AppKit/NSCell.h>
+
+@class NSMenu;
+
+@interface NSMenuItem : NSObject <NSCopying, NSCoding>
+@property (getter=isEnabled) BOOL enabled;
+@property (strong) id representedObject;
+@property NSControlStateValue state;
+@property (strong) NSMenu *submenu;
+@property (weak) id target;
++ (NSMenuItem *)separatorItem;
+- (instancetype)initWithTitle:(NSString *)title action:(SEL)action keyEquivalent:(NSString *)key;
+@end

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <AppKit/NSRunningApplication.h>
+
+@class NSImage;
+
+@interface NSWorkspace : NSObject
+@property (class, readonly, strong) NSWorkspace *sharedWorkspace;
+@property (readonly, copy) NSArray<NSRunningApplication *> *runningApplications;
+@property (readonly) BOOL accessibilityDisplayShouldReduceMotion;
+- (BOOL)openURL:(NSURL *)url;
+- (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)identifier;
+- (NSImage *)iconForFile:(NSString *)path;
+@end

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <CoreFoundation/CFBase.h>
+
+struct CGPoint {
+    CGFloat x;
+    CGFloat y;
+};
+typedef struct CGPoint CGPoint;
+
+struct CGSize {
+    CGFloat width;
+    CGFloat height;
+};
+typedef struct CGSize CGSize;
+
+struct CGRect {
+    CGPoint origin;
+    CGSize size;
+};
+typedef struct CGRect CGRect;
+
+struct CGAffineTransform {
+    CGFloat a, b, c, d;
+    CGFloat tx, ty;
+};
+typedef struct CGAffineTransform CGAffineTransform;

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <stand_in_base.h>
+
+typedef CF_ENUM(int32_t, CGError) {
+    kCGErrorSuccess = 0,
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <CoreFoundation/CFCGTypes.h>
+#include <CoreGraphics/CGEventTypes.h>
+
+CG_EXTERN CGEventRef CGEventCreate(CGEventSourceRef source) CF_RETURNS_RETAINED;
+CG_EXTERN CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType type, CGPoint location,
+                                             CGMouseButton button) CF_RETURNS_RETAINED;
+CG_EXTERN CGPoint CGEventGetLocation(CGEventRef event);
+CG_EXTERN void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
+CG_EXTERN void CGEventSetIntegerValueField(CGEventRef event, CGEventField field, int64_t value);
+CG_EXTERN void CGEventPost(CGEventTapLocation tap, CGEventRef event);
+CG_EXTERN void CGEventPostToPid(pid_t process, CGEventRef event);
+CG_EXTERN bool CGPreflightPostEventAccess(void);

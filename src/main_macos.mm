@@ -1,0 +1,72 @@
+#include "app/app_delegate.h"
+#include "platform/macos/apple.h"
+#include "platform/macos/mac_platform.h"
+#include "platform/macos/main_menu.h"
+
+#include <memory>
+
+@interface TavrinApplicationDelegate : NSObject <NSApplicationDelegate>
+- (instancetype)initWithDelegate:(tavrin::ApplicationDelegate*)delegate;
+@end
+
+@implementation TavrinApplicationDelegate {
+    tavrin::ApplicationDelegate* delegate_;
+}
+
+- (instancetype)initWithDelegate:(tavrin::ApplicationDelegate*)delegate {
+    if ((self = [super init])) delegate_ = delegate;
+    return self;
+}
+
+- (void)applicationDidFinishLaunching:(NSNotification*)notification {
+    delegate_->applicationDidFinishLaunching();
+}
+
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasVisibleWindows {
+    return delegate_->applicationShouldHandleReopen(hasVisibleWindows);
+}
+
+- (BOOL)applicationShouldTerminateAfterLastWindowClosed:(NSApplication*)sender {
+    return delegate_->applicationShouldTerminateAfterLastWindowClosed();
+}
+
+- (NSApplicationTerminateReply)applicationShouldTerminate:(NSApplication*)sender {
+    const auto reply = delegate_->applicationShouldTerminate();
+    return reply == tavrin::TerminateReply::Now ? NSTerminateNow : NSTerminateLater;
+}
+
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
+    return YES;
+}
+
+@end
+
+namespace {
+
+/// The program is in the background when it drags an item, and counts on waits of hundredths of a second:
+/// macOS must not put it to sleep meanwhile. An idle program costs nothing by this, and the computer may
+/// still sleep.
+id<NSObject> keepTimersPunctual() {
+    return [NSProcessInfo.processInfo beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
+                                                        reason:@"Moves menu bar items by timed events"];
+}
+
+} // namespace
+
+/// Nothing made here is ever destroyed: the application ends by leaving the process. A status item that was
+/// removed would lose its place in the menu bar.
+int main() {
+    @autoreleasepool {
+        NSApplication* application = NSApplication.sharedApplication;
+        application.mainMenu = tavrin::macos::makeMainMenu();
+        tavrin::macos::MacPlatform mac;
+        const auto program = tavrin::makeAppDelegate(mac.platform());
+        // NSApplication doesn't hold its delegate, and ARC would let go of it here.
+        NS_VALID_UNTIL_END_OF_SCOPE TavrinApplicationDelegate* delegate =
+            [[TavrinApplicationDelegate alloc] initWithDelegate:program.get()];
+        NS_VALID_UNTIL_END_OF_SCOPE const id activity = keepTimersPunctual();
+        application.delegate = delegate;
+        [application run];
+    }
+    return 0;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "platform/application.h"
+
+namespace tavrin::macos {
+
+class MacApplication final : public Application {
+  public:
+    explicit MacApplication(Scheduler& scheduler) : scheduler_(scheduler) {}
+
+    ProcessIdentifier processIdentifier() const override;
+    std::string bundleIdentifier() const override;
+    std::string displayVersion() const override;
+    void setActivationPolicy(ActivationPolicy policy) override;
+    void activate() override;
+    Subscription onDidBecomeActive(std::function<void()> handler) override;
+    void showAboutPanel() override;
+    void terminate() override;
+    void replyToShouldTerminate(bool terminates) override;
+
+  private:
+    Scheduler& scheduler_;
+};
+
+} // namespace tavrin::macos

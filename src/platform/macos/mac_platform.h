@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/macos/accessibility.h"
+#include "platform/macos/application.h"
+#include "platform/macos/defaults.h"
+#include "platform/macos/events.h"
+#include "platform/macos/hot_keys.h"
+#include "platform/macos/keyboard.h"
+#include "platform/macos/presentation.h"
+#include "platform/macos/scheduler.h"
+#include "platform/macos/screens.h"
+#include "platform/macos/status_items.h"
+#include "platform/macos/text.h"
+#include "platform/macos/window_server.h"
+#include "platform/macos/workspace.h"
+#include "platform/platform.h"
+
+namespace tavrin::macos {
+
+/// The real Mac. Made on the main thread once NSApplication is there. Faults of the program's work are
+/// written to the system log.
+class MacPlatform {
+  public:
+    MacPlatform();
+    MacPlatform(const MacPlatform&) = delete;
+    MacPlatform& operator=(const MacPlatform&) = delete;
+
+    Platform platform();
+
+  private:
+    MacScheduler scheduler_;
+    MacApplication application_{scheduler_};
+    MacAccessibility accessibility_{scheduler_};
+    MacDefaults defaults_;
+    MacEvents events_;
+    MacHotKeys hotKeys_{scheduler_};
+    MacKeyboard keyboard_{scheduler_};
+    MacPresentation presentation_{scheduler_};
+    MacScreens screens_{scheduler_};
+    MacStatusItems statusItems_{scheduler_};
+    MacText text_;
+    MacWindowServer windowServer_;
+    MacWorkspace workspace_{scheduler_};
+};
+
+} // namespace tavrin::macos

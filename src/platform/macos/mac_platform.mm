@@ -1,0 +1,30 @@
+#include "platform/macos/mac_platform.h"
+
+#include "platform/macos/conversions.h"
+
+namespace tavrin::macos {
+
+MacPlatform::MacPlatform() {
+    scheduler_.onFault = [](std::string_view what) {
+        NSLog(@"A piece of work has failed: %@", toNSString(what));
+    };
+}
+
+Platform MacPlatform::platform() {
+    return {.scheduler = scheduler_,
+            .application = application_,
+            .accessibility = accessibility_,
+            .defaults = defaults_,
+            .events = events_,
+            .hotKeys = hotKeys_,
+            .keyboard = keyboard_,
+            .presentation = presentation_,
+            .screens = screens_,
+            .statusItems = statusItems_,
+            .text = text_,
+            .windowServer = windowServer_,
+            .workspace = workspace_,
+            .updater = nullptr};
+}
+
+} // namespace tavrin::macos

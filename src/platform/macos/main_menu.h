@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/macos/apple.h"
+
+namespace tavrin::macos {
+
+/// The menu of an application without a Dock icon is never on the screen, but the keys of its commands work
+/// in our windows, and the system tells the height of the menu bar only to an application that has one. Main
+/// thread.
+NSMenu* makeMainMenu();
+
+} // namespace tavrin::macos

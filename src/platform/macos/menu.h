@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/macos/apple.h"
+#include "platform/macos/callback_gate.h"
+#include "platform/menu.h"
+
+namespace tavrin::macos {
+
+/// A menu of AppKit's that delivers the action of what is chosen. It holds all that it needs. Main thread.
+NSMenu* makeMenu(const Menu& menu, const Deliver& deliver);
+
+} // namespace tavrin::macos

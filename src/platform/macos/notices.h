@@ -1,0 +1,25 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
+#include "platform/macos/apple.h"
+
+#include <functional>
+
+namespace tavrin::macos {
+
+// Each of these calls `handler` after every notice of the system, posted to the main thread, until the
+// subscription goes. The system is listened to no longer than that. Main thread.
+
+Subscription observe(Scheduler& scheduler, NSNotificationCenter* center, NSNotificationName name,
+                     std::function<void()> handler);
+
+/// Notices of other processes. They also arrive while this application isn't active, which AppKit would
+/// otherwise put off until it is.
+Subscription observeDistributed(Scheduler& scheduler, NSNotificationName name, std::function<void()> handler);
+
+/// Changes of a property that is compliant with key-value observing and changes on the main thread.
+Subscription observeProperty(Scheduler& scheduler, NSObject* object, NSString* keyPath,
+                             std::function<void()> handler);
+
+} // namespace tavrin::macos

@@ -1,0 +1,83 @@
+#include "platform/macos/window_server.h"
+
+#include "platform/macos/conversions.h"
+#include "platform/macos/main_thread.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <limits>
+
+namespace tavrin::macos {
+
+namespace {
+
+using WindowServerMenuBar::Connection;
+using WindowServerMenuBar::Status;
+using WindowServerMenuBar::WindowNumber;
+
+// The functions stand in no header of Apple's. A target connection of 0 means all processes.
+using MainConnection = Connection();
+using WindowCount = Status(Connection connection, Connection target, std::int32_t* count);
+using MenuBarWindowList = Status(Connection connection, Connection target, std::int32_t capacity,
+                                 WindowNumber* windows, std::int32_t* count);
+using ScreenRect = Status(Connection connection, WindowNumber window, CGRect* rect);
+constexpr Connection allProcesses = 0;
+
+template <class Function>
+Function* lookedUp(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
+}
+
+class LookedUpFunctions final : public WindowServerMenuBar::Functions {
+  public:
+    bool areAllThere() const { return mainConnection_ && windowCount_ && menuBarWindowList_ && screenRect_; }
+
+    Connection mainConnection() override {
+        assertMainThread();
+        return mainConnection_();
+    }
+
+    std::expected<std::int32_t, Status> windowCount(Connection connection) override {
+        assertMainThread();
+        std::int32_t count = 0;
+        if (const auto status = windowCount_(connection, allProcesses, &count))
+            return std::unexpected(status);
+        return count;
+    }
+
+    std::expected<std::int32_t, Status> processMenuBarWindowList(Connection connection,
+                                                                 std::span<WindowNumber> windows) override {
+        assertMainThread();
+        constexpr std::size_t capacityMax = std::numeric_limits<std::int32_t>::max();
+        const auto capacity = static_cast<std::int32_t>(std::min(windows.size(), capacityMax));
+        std::int32_t count = 0;
+        if (const auto status =
+                menuBarWindowList_(connection, allProcesses, capacity, windows.data(), &count))
+            return std::unexpected(status);
+        return count;
+    }
+
+    std::expected<Rect, Status> screenRect(Connection connection, WindowNumber window) override {
+        assertMainThread();
+        CGRect rect = CGRectZero;
+        if (const auto status = screenRect_(connection, window, &rect)) return std::unexpected(status);
+        return rectFromQuartz(rect);
+    }
+
+  private:
+    MainConnection* mainConnection_ = lookedUp<MainConnection>("CGSMainConnectionID");
+    WindowCount* windowCount_ = lookedUp<WindowCount>("CGSGetWindowCount");
+    MenuBarWindowList* menuBarWindowList_ = lookedUp<MenuBarWindowList>("CGSGetProcessMenuBarWindowList");
+    ScreenRect* screenRect_ = lookedUp<ScreenRect>("CGSGetScreenRectForWindow");
+};
+
+} // namespace
+
+MacWindowServer::MacWindowServer() {
+    auto functions = std::make_unique<LookedUpFunctions>();
+    if (functions->areAllThere()) functions_ = std::move(functions);
+}
+
+MacWindowServer::~MacWindowServer() = default;
+
+} // namespace tavrin::macos

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "platform/workspace.h"
+
+namespace tavrin::macos {
+
+class MacWorkspace final : public Workspace {
+  public:
+    explicit MacWorkspace(Scheduler& scheduler) : scheduler_(scheduler) {}
+
+    OperatingSystemVersion operatingSystemVersion() const override;
+    std::vector<RunningApplication> runningApplications() const override;
+    Subscription onApplicationsChanged(std::function<void()> handler) override;
+    std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
+    bool openUrl(std::string_view url) override;
+
+  private:
+    Scheduler& scheduler_;
+};
+
+} // namespace tavrin::macos

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "seam_check/runner.h"
+
+#include <expected>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrin::seam_check {
+
+struct Options {
+    Scope scope = Scope::ReadingOnly;
+    bool wantsHelp = false;
+};
+
+std::string_view helpText();
+
+/// The arguments after the program's name. The error is one sentence for the user.
+std::expected<Options, std::string> parseOptions(const std::vector<std::string_view>& arguments);
+
+} // namespace tavrin::seam_check

@@ -1,0 +1,95 @@
+#include "platform/application.h"
+#include "platform/workspace.h"
+#include "seam_check/all_checks.h"
+#include "seam_check/findings.h"
+#include "seam_check/waiting.h"
+#include "seam_check/words.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+namespace tavrin::seam_check {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+Verdict versionIsKnown(const Platform& platform) {
+    const auto version = platform.workspace.operatingSystemVersion();
+    const auto seen = "macOS " + std::to_string(version.major) + "." + std::to_string(version.minor);
+    const bool isLikely = version.major >= 11 && version.major < 100 && version.minor >= 0;
+    return isLikely ? passed(seen + ".") : failed(seen + " is no version that Tavrin runs on.");
+}
+
+Task<Verdict> programIsListed(Platform platform) {
+    const auto own = platform.application.processIdentifier();
+    const auto entriesOfOwn = [platform, own] {
+        return std::ranges::count(platform.workspace.runningApplications(), own,
+                                  &RunningApplication::processIdentifier);
+    };
+    // Becoming an accessory application reaches the list a moment after the launch.
+    (void)co_await comesTrue(platform, [=] { return entriesOfOwn() > 0; }, 2s);
+    if (entriesOfOwn() != 1)
+        co_return failed("This process is listed " + std::to_string(entriesOfOwn()) + " times.");
+    const auto list = platform.workspace.runningApplications();
+    const auto& found = *std::ranges::find(list, own, &RunningApplication::processIdentifier);
+    if (found.bundleIdentifier != platform.application.bundleIdentifier())
+        co_return failed("This process is listed with another bundle identifier than its own.");
+    co_return passed("It is one of " + counted(list.size(), "application") + ".");
+}
+
+Verdict processesAreListedOnce(const Platform& platform) {
+    std::set<ProcessIdentifier> processes;
+    Findings findings;
+    for (const auto& application : platform.workspace.runningApplications()) {
+        if (application.processIdentifier == -1) continue; // it has just ended, or begins
+        findings.expect(application.processIdentifier > 0, "a process identifier isn't positive");
+        findings.expect(processes.insert(application.processIdentifier).second, "a process is listed twice");
+    }
+    return findings.verdict(std::to_string(processes.size()) + " processes.");
+}
+
+Verdict listFollowsLaunches(const Platform& platform) {
+    const auto list = platform.workspace.runningApplications();
+    const auto login =
+        std::ranges::find(list, "com.apple.loginwindow", &RunningApplication::bundleIdentifier);
+    const auto own = std::ranges::find(list, platform.application.processIdentifier(),
+                                       &RunningApplication::processIdentifier);
+    if (login == list.end() || own == list.end()) return skipped("The login window isn't listed.");
+    if (own < login) return failed("This process is listed before the login window.");
+    return passed("The login window is number " + std::to_string(login - list.begin() + 1) +
+                  ", this process number " + std::to_string(own - list.begin() + 1) + ".");
+}
+
+Task<Verdict> bundlesAreFound(Platform platform) {
+    constexpr std::string_view finder = "/System/Library/CoreServices/Finder.app";
+    const auto& workspace = platform.workspace;
+    Findings findings;
+    findings.expect(workspace.bundleIdentifierAt(finder) == "com.apple.finder", "the Finder isn't found");
+    findings.expect(workspace.bundleIdentifierAt(std::string(finder) + "/") == "com.apple.finder",
+                    "a slash at the end of a path matters");
+    for (const auto* path : {"", "/", "/System/Library/CoreServices/No such bundle.app", "no path", "\xFF"})
+        findings.expect(!workspace.bundleIdentifierAt(path), quoted(path) + " has a bundle identifier");
+    const auto elsewhere = co_await offTheMainThread(
+        platform, [&workspace, finder] { return workspace.bundleIdentifierAt(finder); });
+    findings.expect(elsewhere && *elsewhere == "com.apple.finder", "on a queue the Finder isn't found");
+    co_return findings.verdict("The Finder is com.apple.finder; five other paths lead to no bundle.");
+}
+
+} // namespace
+
+std::vector<Check> workspaceChecks() {
+    constexpr auto family = "workspace";
+    return {
+        reads(family, "The version of macOS is known.", versionIsKnown),
+        reads(family, "The running applications contain this process once, with its bundle identifier.",
+              programIsListed),
+        reads(family, "No process is listed twice.", processesAreListedOnce),
+        reads(family, "Applications are listed in the order of their launch.", listFollowsLaunches),
+        reads(family, "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",
+              bundlesAreFound),
+    };
+}
+
+} // namespace tavrin::seam_check

@@ -1,0 +1,229 @@
+#pragma once
+
+#include "platform/accessibility.h"
+#include "platform/defaults.h"
+#include "platform/events.h"
+#include "platform/platform.h"
+#include "platform/presentation.h"
+#include "platform/screens.h"
+#include "platform/status_items.h"
+#include "platform/text.h"
+#include "platform/window_server.h"
+#include "platform/workspace.h"
+
+#include <memory>
+#include <utility>
+
+// Families that pass everything on to a true one: a lie overrides what it falsifies.
+
+namespace tavrin {
+
+class PassedOnDefaults : public Defaults {
+  public:
+    explicit PassedOnDefaults(Defaults& real) : truth(real) {}
+
+    DefaultsDomain ownDomain() const override { return truth.ownDomain(); }
+
+    std::optional<DefaultsValue> value(const DefaultsDomain& domain, std::string_view key) const override {
+        return truth.value(domain, key);
+    }
+
+    void set(const DefaultsDomain& domain, std::string_view key, DefaultsValue value) override {
+        truth.set(domain, key, std::move(value));
+    }
+
+    void remove(const DefaultsDomain& domain, std::string_view key) override { truth.remove(domain, key); }
+
+    std::vector<std::string> keys(const DefaultsDomain& domain) const override { return truth.keys(domain); }
+
+    void synchronize(const DefaultsDomain& domain) override { truth.synchronize(domain); }
+
+    Defaults& truth;
+};
+
+class PassedOnAccessibility : public Accessibility {
+  public:
+    explicit PassedOnAccessibility(Accessibility& real) : truth(real) {}
+
+    bool isTrusted() const override { return truth.isTrusted(); }
+
+    Subscription onTrustListChanged(std::function<void()> handler) override {
+        return truth.onTrustListChanged(std::move(handler));
+    }
+
+    AccessibilityElement application(ProcessIdentifier process) override {
+        return truth.application(process);
+    }
+
+    void setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) override {
+        truth.setMessagingTimeout(element, timeout);
+    }
+
+    AttributeResult attribute(const AccessibilityElement& element, std::string_view name) override {
+        return truth.attribute(element, name);
+    }
+
+    std::expected<std::vector<AttributeResult>, AccessibilityError>
+    attributes(const AccessibilityElement& element, std::span<const std::string_view> names) override {
+        return truth.attributes(element, names);
+    }
+
+    std::expected<std::vector<std::string>, AccessibilityError>
+    actionNames(const AccessibilityElement& element) override {
+        return truth.actionNames(element);
+    }
+
+    std::expected<void, AccessibilityError> perform(const AccessibilityElement& element,
+                                                    std::string_view action) override {
+        return truth.perform(element, action);
+    }
+
+    Accessibility& truth;
+};
+
+class PassedOnWorkspace : public Workspace {
+  public:
+    explicit PassedOnWorkspace(Workspace& real) : truth(real) {}
+
+    OperatingSystemVersion operatingSystemVersion() const override { return truth.operatingSystemVersion(); }
+
+    std::vector<RunningApplication> runningApplications() const override {
+        return truth.runningApplications();
+    }
+
+    Subscription onApplicationsChanged(std::function<void()> handler) override {
+        return truth.onApplicationsChanged(std::move(handler));
+    }
+
+    std::optional<std::string> bundleIdentifierAt(std::string_view path) const override {
+        return truth.bundleIdentifierAt(path);
+    }
+
+    bool openUrl(std::string_view url) override { return truth.openUrl(url); }
+
+    Workspace& truth;
+};
+
+class PassedOnText : public Text {
+  public:
+    explicit PassedOnText(Text& real) : truth(real) {}
+
+    std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view right) const override {
+        return truth.compareIgnoringCase(left, right);
+    }
+
+    std::string foldingCaseAndDiacritics(std::string_view text) const override {
+        return truth.foldingCaseAndDiacritics(text);
+    }
+
+    std::string lowercased(std::string_view text) const override { return truth.lowercased(text); }
+
+    std::string capitalized(std::string_view text) const override { return truth.capitalized(text); }
+
+    std::string keepingAlphanumerics(std::string_view text) const override {
+        return truth.keepingAlphanumerics(text);
+    }
+
+    std::string trimmed(std::string_view text) const override { return truth.trimmed(text); }
+
+    Text& truth;
+};
+
+class PassedOnScheduler : public Scheduler {
+  public:
+    explicit PassedOnScheduler(Scheduler& real) : truth(real) {}
+
+    Seconds now() const override { return truth.now(); }
+
+    bool isMainThread() const override { return truth.isMainThread(); }
+
+    void post(Work work) override { truth.post(std::move(work)); }
+
+    TimerIdentifier callAfter(Seconds delay, Work work) override {
+        return truth.callAfter(delay, std::move(work));
+    }
+
+    TimerIdentifier callEvery(Seconds interval, Work work) override {
+        return truth.callEvery(interval, std::move(work));
+    }
+
+    void cancelTimer(TimerIdentifier timer) override { truth.cancelTimer(timer); }
+
+    std::unique_ptr<SerialQueue> makeSerialQueue(std::string label) override {
+        return truth.makeSerialQueue(std::move(label));
+    }
+
+    void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& body) override {
+        truth.concurrentPerform(count, body);
+    }
+
+    Scheduler& truth;
+};
+
+class PassedOnEvents : public Events {
+  public:
+    explicit PassedOnEvents(Events& real) : truth(real) {}
+
+    std::shared_ptr<const EventSource> createSource(const EventSourceSettings& settings) override {
+        return truth.createSource(settings);
+    }
+
+    std::unique_ptr<PreparedEvent> create(const MouseEvent& event) override { return truth.create(event); }
+
+    void post(const PreparedEvent& event, EventTap tap) override { truth.post(event, tap); }
+
+    void postToProcess(const PreparedEvent& event, ProcessIdentifier process) override {
+        truth.postToProcess(event, process);
+    }
+
+    bool mayPost() const override { return truth.mayPost(); }
+
+    void warpPointer(Point location) override { truth.warpPointer(location); }
+
+    std::optional<Point> pointerLocation() const override { return truth.pointerLocation(); }
+
+    std::uint32_t eventCount(MouseEventType type) const override { return truth.eventCount(type); }
+
+    void hideCursor() override { truth.hideCursor(); }
+
+    void showCursor() override { truth.showCursor(); }
+
+    Events& truth;
+};
+
+class PassedOnStatusItem : public StatusItem {
+  public:
+    explicit PassedOnStatusItem(std::unique_ptr<StatusItem> real) : truth(std::move(real)) {}
+
+    void setLength(double length) override { truth->setLength(length); }
+
+    double length() const override { return truth->length(); }
+
+    void setAutosaveName(std::string name) override { truth->setAutosaveName(std::move(name)); }
+
+    void setVisible(bool visible) override { truth->setVisible(visible); }
+
+    void setImage(TemplateImage image) override { truth->setImage(std::move(image)); }
+
+    void setToolTip(std::string text) override { truth->setToolTip(std::move(text)); }
+
+    void setAccessibilityLabel(std::string label) override { truth->setAccessibilityLabel(std::move(label)); }
+
+    void setHiddenFromAccessibility(bool hidden) override { truth->setHiddenFromAccessibility(hidden); }
+
+    void setAlpha(double alpha) override { truth->setAlpha(alpha); }
+
+    void setDecorations(bool pillShown, double glow) override { truth->setDecorations(pillShown, glow); }
+
+    void setAction(std::function<void(StatusItemPress)> action) override {
+        truth->setAction(std::move(action));
+    }
+
+    std::optional<Rect> frame() const override { return truth->frame(); }
+
+    bool isDrawn() const override { return truth->isDrawn(); }
+
+    std::unique_ptr<StatusItem> truth;
+};
+
+} // namespace tavrin
