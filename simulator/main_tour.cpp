@@ -1,6 +1,7 @@
 #include "main_tour.h"
 
 #include "driver/tour.h"
+#include "model/defaults_json.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -217,10 +218,48 @@ std::vector<TourStep> quitting(const std::string& bundle) {
     };
 }
 
+/// A stored list of pinned actions with one in it.
+json backupOfPins() {
+    const std::string document =
+        R"({"version":1,"pins":[{"id":"E621E1F8-C36C-495A-93FC-0C247A3E6E5F","name":"Plan","path":[)"
+        R"({"title":"File"},{"title":"Open Recent"},{"title":"Plan.txt"}],"menuOrigin":"appMenuBar",)"
+        R"("bundleIdentifier":"org.example.textdesk","applicationName":"Text Desk","statusItem":{"index":0},)"
+        R"("hasConfirmedFirstRun":false}]})";
+    tavrin::DefaultsData bytes;
+    for (const char byte : document) bytes.push_back(std::byte(byte));
+    return {{"$data", toBase64(bytes)}};
+}
+
+std::vector<TourStep> runningAPin(const std::string& bundle) {
+    const Expectation ran{"“Plan.txt” was chosen in Text Desk, which is in front", [](const Seen& seen) {
+                              const json path{"Open Recent", "Plan.txt"};
+                              return seen.chosen.size() == 1 && seen.chosen[0]["path"] == path &&
+                                     seen.look["frontmost"] == "org.example.textdesk";
+                          }};
+    return {
+        {"The person brings a pinned action back from a backup of Tavrin’s preferences.",
+         {{{"do", "terminate"}},
+          wait(1),
+          {{"do", "set"}, {"preferences", {{bundle, {{"Tavrin.pinnedActions", backupOfPins()}}}}}},
+          {{"do", "start"}},
+          wait(4)},
+         {collapsed(bundle)}},
+        {"It stands in the control’s menu, and asks before its first run.",
+         {click(bundle, "right"), press("Plan"), wait(1)},
+         {text("Run \"Plan\"?"),
+          text("Tavrin will bring Text Desk forward and choose File > Open Recent > Plan.txt from its menus. "
+               "You're only asked the first time.")}},
+        {"Then it chooses the menu item.", {press("Run"), wait(2)}, {ran}},
+    };
+}
+
 std::vector<TourStep> nextMorning(const std::string& bundle) {
-    return {{"The Mac was switched off and on again. Tavrin has kept the choice and hides the items.",
-             {wait(4)},
-             {noWindow(onboardingTitle), collapsed(bundle), stored(startCollapsed, true)}}};
+    std::vector<TourStep> steps{
+        {"The Mac was switched off and on again. Tavrin has kept the choice and hides the items.",
+         {wait(4)},
+         {noWindow(onboardingTitle), collapsed(bundle), stored(startCollapsed, true)}}};
+    for (auto& step : runningAPin(bundle)) steps.push_back(std::move(step));
+    return steps;
 }
 
 std::vector<TourStep> firstDay(const std::string& bundle) {

@@ -31,6 +31,7 @@ class Copy:
         shutil.copytree(app, self.app)
         shutil.copytree(ROOT / "packaging/macos/sdk", self.root / "packaging/macos/sdk",
                         ignore=shutil.ignore_patterns("include"))
+        shutil.copytree(ROOT / "src/platform/macos", self.root / "src/platform/macos")
         shutil.copy(ROOT / "packaging/macos/entitlements.plist", self.root / "packaging/macos")
         shutil.copy(ROOT / "CMakeLists.txt", self.root)
         self.program = self.app / "Contents/MacOS/Tavrin"
@@ -118,6 +119,10 @@ FAULTS = [
     ("a stub lost a function", forget_export, "_CFRelease is taken from"),
     ("a stub lost a class", forget_class, "_OBJC_CLASS_$_NSStatusBar is taken from"),
     ("a stub exports what nobody uses", export_unused, "exports _objc_neverCalled"),
+    ("a private function is looked up without a reason", lambda c: swap(c.sdk / "allow.txt", b"CGSGetWindowCount #", b"# "),
+     "allow.txt gives no reason for CGSGetWindowCount"),
+    ("a reason outlived its private function", lambda c: swap(c.sdk / "allow.txt", b"CGSGetWindowCount #", b"CGSGetWindowCounts #"),
+     "allow.txt names CGSGetWindowCounts"),
     ("Info.plist is torn", lambda c: c.info.write_bytes(c.info.read_bytes()[:300]), "Info.plist: can't be read"),
     ("it would stand in the Dock", lambda c: swap(c.info, b"LSUIElement", b"LSUIElemint"), "LSUIElement is None"),
     ("a yes is a text", lambda c: swap(c.info, b"<key>LSUIElement</key>\n    <true/>",

@@ -17,9 +17,9 @@ json shapeOf(const SyntheticEvent& event) {
     json shape{{"time", timeShape(event.time)}, {"type", event.type}};
     if (!event.tap.empty()) shape["tap"] = event.tap;
     if (event.processIdentifier) shape["processIdentifier"] = *event.processIdentifier;
-    if (!event.at) return shape; // a change of the cursor, or a sound
-    shape.update({{"at", pointShape(*event.at)}, {"flags", event.flags}, {"clickState", event.clickState}});
     for (const auto& [field, value] : event.fields) shape["fields"][std::to_string(field)] = value;
+    if (!event.at) return shape; // a key, a change of the cursor, or a sound
+    shape.update({{"at", pointShape(*event.at)}, {"flags", event.flags}, {"clickState", event.clickState}});
     return shape;
 }
 

@@ -85,6 +85,7 @@ json nodeOf(const MenuRow& row, bool isHighlighted) {
     put(node, "identifier", row.item.identifier);
     put(node, "key", keyEquivalentText(row.item));
     put(node, "value", row.item.mark);
+    put(node, "icon", row.item.icon);
     if (!row.item.separator) node["enabled"] = row.item.enabled;
     if (!row.item.mark.empty()) node["checked"] = row.item.mark == "✓";
     if (isHighlighted) node["highlighted"] = true;

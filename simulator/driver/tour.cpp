@@ -11,7 +11,8 @@ using nlohmann::json;
 
 Seen see(Driver& driver) {
     return {driver.command({{"do", "look"}}),
-            driver.command({{"do", "defaults"}}).value("values", json::object())};
+            driver.command({{"do", "defaults"}}).value("values", json::object()),
+            driver.command({{"do", "events"}}).value("chosen", json::array())};
 }
 
 void draw(std::string_view when, const json& look, std::ostream& out) {

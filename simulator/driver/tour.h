@@ -10,11 +10,12 @@
 
 namespace mac_model {
 
-/// What a step of a tour may go by: the replies to "look" and "defaults", as anyone who drives the Mac sees
-/// them.
+/// What a step of a tour may go by: the replies to "look", "defaults" and "events", as anyone who drives the
+/// Mac sees them.
 struct Seen {
     nlohmann::json look;
     nlohmann::json defaults; // the program's own domain: key to value
+    nlohmann::json chosen;   // menu entries of other applications that ran in the step
 };
 
 /// Something that must be true after a step.

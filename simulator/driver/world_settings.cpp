@@ -1,8 +1,11 @@
 #include "driver/world_settings.h"
 
 #include "desktop/desktop_loader.h"
+#include "model/defaults_json.h"
 
 #include <array>
+#include <map>
+#include <tuple>
 #include <utility>
 
 namespace mac_model {
@@ -167,6 +170,52 @@ Change misreportedWindow(World world, const json& value, const std::string& poin
     };
 }
 
+/// What another program writes into preferences, as "defaults write" does.
+Change preferences(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    std::vector<std::tuple<std::string, std::string, tavrin::DefaultsValue>> wanted;
+    ObjectReader domains(value, pointer, faults);
+    for (const auto& [domain, keys] : value.items()) {
+        if (!value.is_object()) break;
+        const auto place = domains.at(domain);
+        ObjectReader reader(keys, place, faults);
+        for (const auto& [key, one] : keys.items()) {
+            if (!keys.is_object()) break;
+            const auto read = defaultsValue(one);
+            if (!read) faults.note(pointerTo(place, key), "can't be kept in preferences");
+            if (read) wanted.emplace_back(domain, key, *read);
+        }
+    }
+    return [world, wanted] {
+        for (const auto& [domain, key, one] : wanted) world.mac.preferences().set({domain}, key, one);
+    };
+}
+
+/// What is said of a bundle replaces what was said before.
+Change menus(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    std::map<std::string, MenuFaults> wanted;
+    ObjectReader reader(value, pointer, faults);
+    for (const auto& [bundle, how] : value.items()) {
+        if (!value.is_object()) break;
+        (void)runningBundle(world, bundle, reader.at(bundle), faults);
+        ObjectReader menu(how, reader.at(bundle), faults);
+        constexpr NumberRange delays{0, latencySecondsMax};
+        auto& fault = wanted[bundle];
+        fault.ignoresPress = menu.flag("ignoresPress", false);
+        fault.blocksInPress = menu.flag("blocksInPress", false);
+        fault.opensAfter = tavrin::Seconds{menu.number("opensAfter", delays).value_or(0)};
+        if (const auto fillsAfter = menu.number("fillsAfter", delays))
+            fault.fillsAfter = tavrin::Seconds{*fillsAfter};
+        fault.hidesShownMenu = menu.flag("hidesShownMenu", false);
+        fault.refusesChoices = menu.flag("refusesChoices", false);
+        fault.ignoresCancel = menu.flag("ignoresCancel", false);
+        fault.ignoresEscape = menu.flag("ignoresEscape", false);
+        menu.refuseOthers();
+    }
+    return [world, wanted] {
+        for (const auto& [bundle, fault] : wanted) world.mac.faults().menus[bundle] = fault;
+    };
+}
+
 Change loseDrags(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     const bool isCount = value.is_number_integer() && value >= 0 && value <= dragsMax;
     if (!isCount) faults.note(pointer, "must be a whole number from 0 to " + std::to_string(dragsMax));
@@ -230,11 +279,13 @@ constexpr std::array settings{
     WorldSetting{"eventsFail", fault<&Faults::eventsFail>},
     WorldSetting{"windowServerAbsent", fault<&Faults::windowServerAbsent>},
     WorldSetting{"misreportedWindow", misreportedWindow},
+    WorldSetting{"menus", menus},
     WorldSetting{"visibilityService", visibilityService},
     WorldSetting{"reducedMotion", reducedMotion},
     WorldSetting{"keyboardLayout", keyboardLayout},
     WorldSetting{"hotKeyTaken", hotKeyTaken},
     WorldSetting{"symbolicHotKeys", symbolicHotKeys},
+    WorldSetting{"preferences", preferences},
     WorldSetting{"trusted", trusted},
     WorldSetting{"screens", screens},
     WorldSetting{"latency", latency},

@@ -104,6 +104,7 @@ AttributeResult AccessibilityTree::ofItem(const ElementKey& key, std::string_vie
     if (name == "AXDescription") return textOrNone(record.spec.description);
     if (name == "AXHelp") return textOrNone(record.spec.help);
     if (name == "AXSelected") return record.isOpen;
+    if (name == "AXShownMenuUIElement") return shownMenu(key);
     if (name == "AXIdentifier" && !record.spec.identifier.empty()) return record.spec.identifier;
     return name == "AXWindow" || name == "AXTopLevelUIElement" ? noValue() : unsupported();
 }
@@ -114,7 +115,14 @@ AttributeResult AccessibilityTree::ofTitle(const ElementKey& key, std::string_vi
         if (key.owner == 0) return std::string("Apple");
         return key.owner == 1 ? application.name : application.menuBar[key.owner - 2].title;
     }
-    return name == "AXSelected" ? AttributeResult(false) : unsupported();
+    if (name == "AXShownMenuUIElement") return shownMenu(key);
+    return name == "AXSelected" ? AttributeResult(menus_.isShownAt(key)) : unsupported();
+}
+
+AttributeResult AccessibilityTree::shownMenu(const ElementKey& key) const {
+    if (menus_.faultsOf(key.process).hidesShownMenu) return unsupported();
+    if (!menus_.isShownAt(key)) return noValue();
+    return elementFor(children(key)->front());
 }
 
 AttributeResult AccessibilityTree::ofEntry(const ElementKey& key, std::string_view name) const {

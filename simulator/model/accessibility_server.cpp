@@ -23,13 +23,15 @@ const ElementReference* referenceOf(const AccessibilityElement& element) {
 AccessibilityServer::AccessibilityServer(tavrin::VirtualScheduler& scheduler, const ProcessTable& processes,
                                          const StatusArea& statusArea, const ScreensModel& screens,
                                          const Permission& permission, const Uncertainties& uncertainties,
+                                         const Faults& faults, const std::optional<OpenMenu>& openMenu,
                                          std::uint64_t seed)
     : scheduler_(scheduler)
     , world_(scheduler)
     , processes_(processes)
     , permission_(permission)
     , uncertainties_(uncertainties)
-    , tree_(processes, statusArea, screens, uncertainties)
+    , menus_(scheduler, processes, faults, openMenu)
+    , tree_(processes, statusArea, screens, uncertainties, menus_)
     , varies_(seed != 0)
     , random_(seed) {}
 
@@ -120,10 +122,28 @@ AccessibilityServer::perform(ProcessIdentifier caller, const AccessibilityElemen
     if (std::ranges::find(names, action) == names.end()) return std::unexpected(Error::ActionUnsupported);
     // macOS answers a press on something disabled like any other, and does nothing.
     if (!tree_.isEnabled(reference->key())) return {};
-    world_.after(Seconds{0}, [this, key = reference->key(), name = std::string(action)] {
+    return performOn(*reference, action);
+}
+
+std::expected<void, AccessibilityServer::Error>
+AccessibilityServer::performOn(const ElementReference& reference, std::string_view action) {
+    using Kind = ElementKey::Kind;
+    const auto& key = reference.key();
+    const auto faults = menus_.faultsOf(key.process);
+    const bool isItem = key.kind == Kind::StatusItem;
+    const bool isEntry = key.kind == Kind::StatusEntry || key.kind == Kind::TitleEntry;
+    if (isItem && faults.ignoresPress) return {};
+    if (isEntry && faults.refusesChoices) return std::unexpected(Error::Failure);
+    actAfter(isItem ? faults.opensAfter : Seconds{0}, key, action);
+    if (!isItem || !faults.blocksInPress) return {};
+    scheduler_.spend(timeoutOf(reference));
+    return std::unexpected(Error::CannotComplete);
+}
+
+void AccessibilityServer::actAfter(Seconds delay, const ElementKey& key, std::string_view action) {
+    world_.after(delay, [this, key, name = std::string(action)] {
         if (tree_.exists(key)) act(key, name);
     });
-    return {};
 }
 
 void AccessibilityServer::act(const ElementKey& key, const std::string& action) const {

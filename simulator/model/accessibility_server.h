@@ -4,6 +4,7 @@
 #include "desktop/desktop_file.h"
 #include "model/accessibility_element.h"
 #include "model/accessibility_tree.h"
+#include "model/menu_contents.h"
 #include "model/permission.h"
 #include "model/process_table.h"
 #include "model/screens_model.h"
@@ -15,6 +16,7 @@
 #include <expected>
 #include <functional>
 #include <map>
+#include <optional>
 #include <random>
 #include <span>
 #include <string>
@@ -28,7 +30,7 @@ struct AccessibilityActions {
     /// "AXPress", or another action that the item lists.
     std::function<void(StatusItemIdentifier, std::string_view action)> actOnItem;
     std::function<void(tavrin::ProcessIdentifier, std::size_t title)> pressTitle;
-    /// A `StatusEntry` or `TitleEntry`.
+    /// A `StatusEntry` or `TitleEntry`: it runs, or opens its submenu.
     std::function<void(const ElementKey& entry)> pressEntry;
     /// Anything in or at an open menu: the menus of its title or status item close.
     std::function<void(const ElementKey&)> cancelMenu;
@@ -44,7 +46,8 @@ class AccessibilityServer {
 
     /// `seed` other than 0 makes latencies vary between half and twice their value.
     AccessibilityServer(tavrin::VirtualScheduler&, const ProcessTable&, const StatusArea&,
-                        const ScreensModel&, const Permission&, const Uncertainties&, std::uint64_t seed);
+                        const ScreensModel&, const Permission&, const Uncertainties&, const Faults&,
+                        const std::optional<OpenMenu>&, std::uint64_t seed);
 
     using Error = tavrin::AccessibilityError;
 
@@ -61,11 +64,15 @@ class AccessibilityServer {
     /// Messages sent since the start, by the receiver's bundle identifier, or its name when it has none.
     const std::map<std::string, std::uint64_t>& messages() const { return messages_; }
 
+    const MenuContents& menus() const { return menus_; }
+
     AccessibilityActions actions;
 
   private:
     std::expected<void, Error> send(tavrin::ProcessIdentifier caller, const ElementReference&);
     std::expected<void, Error> deliver(const ElementReference&);
+    std::expected<void, Error> performOn(const ElementReference&, std::string_view action);
+    void actAfter(tavrin::Seconds delay, const ElementKey&, std::string_view action);
     void act(const ElementKey&, const std::string& action) const;
     tavrin::Seconds latencyOf(const Process&);
     static tavrin::Seconds timeoutOf(const ElementReference&);
@@ -75,6 +82,7 @@ class AccessibilityServer {
     const ProcessTable& processes_;
     const Permission& permission_;
     const Uncertainties& uncertainties_;
+    MenuContents menus_;
     AccessibilityTree tree_;
     std::map<std::string, std::uint64_t> messages_;
     bool varies_;

@@ -158,6 +158,7 @@ AccessibilityTree::Keys AccessibilityTree::itemsInExtrasBar(tavrin::ProcessIdent
 std::optional<AccessibilityTree::Keys> AccessibilityTree::children(const ElementKey& key) const {
     Keys found;
     const auto addEntries = [&](Kind kind) {
+        if (!menus_.areListed(key)) return;
         const auto count = key.path.empty() ? entriesOfMenu(key).size() : entry(key)->items.size();
         for (std::uint32_t n = 0; n < count; ++n) found.push_back(inPath(key, kind, n));
     };

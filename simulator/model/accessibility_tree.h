@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/accessibility_element.h"
+#include "model/menu_contents.h"
 #include "model/process_table.h"
 #include "model/screens_model.h"
 #include "model/status_area.h"
@@ -22,11 +23,13 @@ namespace mac_model {
 class AccessibilityTree {
   public:
     AccessibilityTree(const ProcessTable& processes, const StatusArea& statusArea,
-                      const ScreensModel& screens, const Uncertainties& uncertainties)
+                      const ScreensModel& screens, const Uncertainties& uncertainties,
+                      const MenuContents& menus)
         : processes_(processes)
         , statusArea_(statusArea)
         , screens_(screens)
-        , uncertainties_(uncertainties) {}
+        , uncertainties_(uncertainties)
+        , menus_(menus) {}
 
     bool exists(const ElementKey&) const;
     tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const;
@@ -59,6 +62,7 @@ class AccessibilityTree {
     tavrin::AttributeResult own(const ElementKey&, std::string_view name) const;
     tavrin::AttributeResult ofApplication(const ElementKey&, std::string_view name) const;
     tavrin::AttributeResult ofItem(const ElementKey&, std::string_view name) const;
+    tavrin::AttributeResult shownMenu(const ElementKey&) const;
     tavrin::AttributeResult ofEntry(const ElementKey&, std::string_view name) const;
     tavrin::AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
 
@@ -66,6 +70,7 @@ class AccessibilityTree {
     const StatusArea& statusArea_;
     const ScreensModel& screens_;
     const Uncertainties& uncertainties_;
+    const MenuContents& menus_;
 };
 
 } // namespace mac_model

@@ -17,9 +17,16 @@ struct PostedEvent {
     std::optional<tavrin::ProcessIdentifier> process;
 };
 
+/// A synthetic key on its way to one process.
+struct PostedKey {
+    tavrin::KeyEvent event;
+    tavrin::ProcessIdentifier process = 0;
+};
+
 /// What the input of this Mac needs of those who have the pointer. None are set where nobody has one.
 struct EventHooks {
     std::function<void(const PostedEvent&)> deliver;
+    std::function<void(const PostedKey&)> deliverKey;
     std::function<tavrin::Point()> pointerLocation;
     std::function<void(tavrin::Point)> warpPointer;
     std::function<void()> hideCursor;
@@ -38,6 +45,12 @@ class EventServer {
     void post(PostedEvent posted) {
         world_.after(tavrin::Seconds{0}, [this, posted = std::move(posted)] {
             if (hooks.deliver) hooks.deliver(posted);
+        });
+    }
+
+    void post(PostedKey posted) {
+        world_.after(tavrin::Seconds{0}, [this, posted] {
+            if (hooks.deliverKey) hooks.deliverKey(posted);
         });
     }
 

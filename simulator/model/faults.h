@@ -1,8 +1,11 @@
 #pragma once
 
+#include "concurrency/scheduler.h"
+
 #include <array>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -16,6 +19,18 @@ enum class WindowReport {
     Doubled,   // two windows for one item
 };
 inline constexpr std::array<std::string_view, 3> windowReportNames{"no", "displaced", "doubled"};
+
+/// How the menus of a bundle's status items and menu bar misbehave towards Accessibility.
+struct MenuFaults {
+    bool ignoresPress = false;                 // actions on its status items come to nothing
+    bool blocksInPress = false;                // such an action opens the menu and isn't answered in time
+    tavrin::Seconds opensAfter{0};             // between such an action and the menu
+    std::optional<tavrin::Seconds> fillsAfter; // a menu lists nothing until it has been open for so long
+    bool hidesShownMenu = false;               // AXShownMenuUIElement is unsupported
+    bool refusesChoices = false;               // actions on entries fail
+    bool ignoresCancel = false;
+    bool ignoresEscape = false; // posted to the process; the person's own isn't
+};
 
 /// What can go wrong on this Mac beside the answers of `Uncertainties`. Faults lie over the truth: clearing
 /// one heals the Mac. Whoever changes one that bears on the menu bar calls `StatusArea::refresh` afterwards.
@@ -44,6 +59,8 @@ struct Faults {
 
     /// The window server's private functions can't be found.
     bool windowServerAbsent = false;
+
+    std::map<std::string, MenuFaults, std::less<>> menus; // by bundle
 
     std::map<std::string, WindowReport, std::less<>> misreportedWindows; // by bundle
 };

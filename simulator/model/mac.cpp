@@ -1,5 +1,6 @@
 #include "model/mac.h"
 
+#include "model/seeded_randomness.h"
 #include "model/text_icu.h"
 
 namespace mac_model {
@@ -27,10 +28,12 @@ Mac::Mac(tavrin::VirtualScheduler& scheduler, MacOptions options,
                                                options.program.bundleIdentifier,
                                                desktop_.accessibilityTrusted))
     , accessibility_(std::make_unique<AccessibilityServer>(scheduler, *processes_, *statusArea_, *screens_,
-                                                           *permission_, uncertainties_, options.seed))
+                                                           *permission_, uncertainties_, faults_, openMenu,
+                                                           options.seed))
     , eventServer_(std::make_unique<EventServer>(scheduler))
     , workspace_(std::make_unique<WorkspaceModel>(desktop_.macOS, desktop_.bundles))
     , text_(makeIcuText())
+    , randomness_(std::make_unique<SeededRandomness>(options.seed, *preferences_))
     , program_(std::make_unique<ProgramHost>(*this, std::move(options.program))) {
     if (desktop_.updater != UpdaterSetting::Absent)
         updater_ = std::make_unique<UpdaterModel>(desktop_.updater == UpdaterSetting::Automatic);

@@ -7,6 +7,7 @@
 #include "model/faults.h"
 #include "model/hot_key_center.h"
 #include "model/keyboard_model.h"
+#include "model/open_menu.h"
 #include "model/permission.h"
 #include "model/preferences_store.h"
 #include "model/process_table.h"
@@ -15,7 +16,9 @@
 #include "model/status_area.h"
 #include "model/updater_model.h"
 #include "model/workspace_model.h"
+#include "platform/randomness.h"
 #include "platform/text.h"
+#include "platform/window_server.h"
 
 #include <cstdint>
 #include <expected>
@@ -83,9 +86,17 @@ class Mac {
 
     tavrin::Text& text() { return *text_; }
 
+    tavrin::Randomness& randomness() { return *randomness_; }
+
     UpdaterModel* updater() { return updater_.get(); } // null when none is bundled
 
     ProgramHost& program() { return *program_; }
+
+    /// Set by who draws menus.
+    std::optional<OpenMenu> openMenu;
+
+    /// The windows of what is on the screen beside the menu bar, from front to back. Set by who draws it.
+    std::function<std::vector<tavrin::OnScreenWindow>()> surfaceWindows;
 
     Faults& faults() { return faults_; }
 
@@ -120,6 +131,7 @@ class Mac {
     std::unique_ptr<EventServer> eventServer_;
     std::unique_ptr<WorkspaceModel> workspace_;
     std::unique_ptr<tavrin::Text> text_;
+    std::unique_ptr<tavrin::Randomness> randomness_;
     std::unique_ptr<UpdaterModel> updater_;
     std::unique_ptr<ProgramHost> program_;
 };

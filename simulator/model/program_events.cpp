@@ -25,6 +25,12 @@ void ProgramEvents::postToProcess(const tavrin::PreparedEvent& event, tavrin::Pr
     if (mayPost()) mac_.eventServer().post({event.value(), std::nullopt, process});
 }
 
+bool ProgramEvents::postKeyToProcess(const tavrin::KeyEvent& event, tavrin::ProcessIdentifier process) {
+    if (mac_.faults().eventsFail) return false;
+    if (mayPost()) mac_.eventServer().post(PostedKey{event, process});
+    return true;
+}
+
 std::optional<tavrin::Point> ProgramEvents::pointerLocation() const {
     if (mac_.faults().eventsFail) return std::nullopt;
     const auto& ask = mac_.eventServer().hooks.pointerLocation;

@@ -21,6 +21,7 @@ class ProgramEvents final : public tavrin::Events {
     std::unique_ptr<tavrin::PreparedEvent> create(const tavrin::MouseEvent&) override;
     void post(const tavrin::PreparedEvent&, tavrin::EventTap) override;
     void postToProcess(const tavrin::PreparedEvent&, tavrin::ProcessIdentifier) override;
+    bool postKeyToProcess(const tavrin::KeyEvent&, tavrin::ProcessIdentifier) override;
     std::optional<tavrin::Point> pointerLocation() const override;
     std::uint32_t eventCount(tavrin::MouseEventType) const override;
     bool mayPost() const override;

@@ -109,8 +109,8 @@ ProgramFacades::ProgramFacades(Mac& mac, std::shared_ptr<ProgramConnection> conn
     , windowServer_(mac, connection)
     , workspace_(mac, connection)
     , updater_(mac.updater() ? std::make_unique<ProgramUpdater>(*mac.updater(), connection) : nullptr)
-    , platform_{mac.scheduler(), application_,  accessibility_, defaults_,     events_,
-                hotKeys_,        keyboard_,     presentation,   screens_,      statusItems_,
-                mac.text(),      windowServer_, workspace_,     updater_.get()} {}
+    , platform_{mac.scheduler(), application_, accessibility_, defaults_,        events_,
+                hotKeys_,        keyboard_,    presentation,   mac.randomness(), screens_,
+                statusItems_,    mac.text(),   windowServer_,  workspace_,       updater_.get()} {}
 
 } // namespace mac_model

@@ -13,6 +13,10 @@ constexpr tavrin::WindowServerMenuBar::Connection connectionBase = 0x10000;
 constexpr tavrin::WindowServerMenuBar::Status failure = 1000;         // kCGErrorFailure
 constexpr tavrin::WindowServerMenuBar::Status illegalArgument = 1001; // kCGErrorIllegalArgument
 
+constexpr int menuBarLayer = 24;
+constexpr int statusItemLayer = 25;
+constexpr tavrin::ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
+
 } // namespace
 
 tavrin::WindowServerMenuBar::Functions* ProgramWindowServer::menuBarFunctions() {
@@ -50,6 +54,19 @@ ProgramWindowServer::screenRect(Connection connection, WindowNumber number) {
     const auto found = std::ranges::find(windows, number, &MenuBarWindow::number);
     if (found == windows.end()) return std::unexpected(illegalArgument);
     return found->frame;
+}
+
+std::vector<tavrin::OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
+    std::vector<tavrin::OnScreenWindow> windows;
+    if (!connection_->isOpen()) return windows;
+    if (mac_.surfaceWindows) windows = mac_.surfaceWindows();
+    for (const auto& bar : menuBarWindows(mac_)) {
+        const auto* item = itemWithWindow(mac_, bar.number);
+        if (item && !item->isDrawn) continue;
+        windows.push_back({bar.number, item ? item->owner : windowServerProcess,
+                           item ? statusItemLayer : menuBarLayer, bar.frame});
+    }
+    return windows;
 }
 
 } // namespace mac_model

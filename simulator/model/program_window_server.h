@@ -20,6 +20,8 @@ class ProgramWindowServer final : public tavrin::WindowServer,
 
     tavrin::WindowServerMenuBar::Functions* menuBarFunctions() override;
 
+    std::vector<tavrin::OnScreenWindow> onScreenWindows() const override;
+
   private:
     using Connection = tavrin::WindowServerMenuBar::Connection;
     using WindowNumber = tavrin::WindowServerMenuBar::WindowNumber;

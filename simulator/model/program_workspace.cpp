@@ -1,8 +1,16 @@
 #include "model/program_workspace.h"
 
+#include "model/application_icon.h"
 #include "model/mac.h"
 
 namespace mac_model {
+
+namespace {
+
+/// Becoming active is a request that the window server grants a moment later.
+constexpr tavrin::Seconds activationTime{0.02};
+
+} // namespace
 
 ProgramWorkspace::ProgramWorkspace(Mac& mac, std::shared_ptr<ProgramConnection> connection)
     : mac_(mac)
@@ -44,6 +52,30 @@ tavrin::OperatingSystemVersion ProgramWorkspace::operatingSystemVersion() const 
 
 std::optional<std::string> ProgramWorkspace::bundleIdentifierAt(std::string_view path) const {
     return mac_.workspace().bundleIdentifierAt(path);
+}
+
+std::optional<std::vector<std::byte>>
+ProgramWorkspace::iconPngOfProcess(tavrin::ProcessIdentifier identifier) const {
+    const auto* process = mac_.processes().find(identifier);
+    if (!process) return std::nullopt;
+    const auto& application = process->application;
+    return applicationIconPng(application.bundleIdentifier, application.name);
+}
+
+std::optional<std::vector<std::byte>>
+ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
+    const auto running = mac_.processes().withBundle(bundleIdentifier);
+    if (!running.empty()) return iconPngOfProcess(running.front());
+    const auto name = mac_.workspace().nameOfBundle(bundleIdentifier);
+    return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
+}
+
+bool ProgramWorkspace::activate(tavrin::ProcessIdentifier process) {
+    if (!connection_->isOpen() || !mac_.processes().find(process)) return false;
+    mac_.scheduler().callInWorldAfter(activationTime, [&mac = mac_, process, connection = connection_] {
+        if (connection->isOpen()) mac.processes().activate(process);
+    });
+    return true;
 }
 
 bool ProgramWorkspace::openUrl(std::string_view url) {

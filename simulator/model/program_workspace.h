@@ -26,6 +26,9 @@ class ProgramWorkspace final : public tavrin::Workspace {
 
     tavrin::Subscription onApplicationsChanged(std::function<void()> handler) override;
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
+    std::optional<std::vector<std::byte>> iconPngOfProcess(tavrin::ProcessIdentifier) const override;
+    std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
+    bool activate(tavrin::ProcessIdentifier) override;
     bool openUrl(std::string_view url) override;
 
   private:

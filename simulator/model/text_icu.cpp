@@ -38,6 +38,11 @@ bool isAlphanumeric(UChar32 character) {
 
 bool isNoAccent(UChar32 character) { return u_charType(character) != U_NON_SPACING_MARK; }
 
+/// From here on (Armenian, Hebrew, Arabic, kana) marks tell words apart and stay.
+constexpr UChar32 marksMatterFrom = 0x0510;
+
+bool isMark(UChar32 character) { return u_hasBinaryProperty(character, UCHAR_GRAPHEME_EXTEND) != 0; }
+
 bool isWhiteSpace(UChar32 character) {
     const bool isControl = (character >= 0x09 && character <= 0x0D) || character == 0x85;
     return isControl || (U_GET_GC_MASK(character) & U_GC_Z_MASK) != 0;
@@ -50,6 +55,7 @@ class IcuText final : public tavrin::Text {
         collator_.reset(icu::Collator::createInstance(locale_, status));
         decomposition_ = icu::Normalizer2::getNFDInstance(status);
         composition_ = icu::Normalizer2::getNFCInstance(status);
+        compatibility_ = icu::Normalizer2::getNFKCInstance(status);
         assert(U_SUCCESS(status) && "ICU has its data");
         collator_->setStrength(icu::Collator::SECONDARY); // letters and accents count, case does not
     }
@@ -63,6 +69,11 @@ class IcuText final : public tavrin::Text {
         UErrorCode status = U_ZERO_ERROR;
         auto folded = keeping(decomposition_->normalize(unicode(text), status), isNoAccent);
         return utf8(composition_->normalize(folded.foldCase(), status));
+    }
+
+    std::string foldingCaseDiacriticsAndWidth(std::string_view text) const override {
+        UErrorCode status = U_ZERO_ERROR;
+        return utf8(composition_->normalize(foldedClusters(unicode(text)), status));
     }
 
     std::string lowercased(std::string_view text) const override {
@@ -92,10 +103,40 @@ class IcuText final : public tavrin::Text {
     }
 
   private:
+    /// As Core Foundation folds: a base with its marks at a time.
+    UnicodeString foldedClusters(const UnicodeString& text) const {
+        UnicodeString folded;
+        bool losesMarks = false;
+        for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+            const auto character = withUsualWidth(text.char32At(i));
+            if (i > 0 && isMark(character)) {
+                if (!losesMarks) folded.append(character);
+                continue;
+            }
+            const auto base = baseOf(character);
+            losesMarks = base < marksMatterFrom;
+            folded.append(UnicodeString(losesMarks ? base : character).foldCase());
+        }
+        return folded;
+    }
+
+    /// What the character begins with when it is taken apart.
+    UChar32 baseOf(UChar32 character) const {
+        UnicodeString parts;
+        return decomposition_->getDecomposition(character, parts) ? parts.char32At(0) : character;
+    }
+
+    UChar32 withUsualWidth(UChar32 character) const {
+        if (character < 0xFF00 || character > 0xFFEF) return character;
+        UnicodeString usual;
+        return compatibility_->getDecomposition(character, usual) ? usual.char32At(0) : character;
+    }
+
     icu::Locale locale_{"en", "US"};
     std::unique_ptr<icu::Collator> collator_;
     const icu::Normalizer2* decomposition_ = nullptr;
     const icu::Normalizer2* composition_ = nullptr;
+    const icu::Normalizer2* compatibility_ = nullptr;
 };
 
 } // namespace

@@ -21,6 +21,9 @@ class WorkspaceModel {
 
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const;
 
+    /// What the bundle with the identifier is called on the disk; none when there is none.
+    std::optional<std::string> nameOfBundle(std::string_view bundleIdentifier) const;
+
     /// Opens the link, in the world; false when nothing handles it. Set by who draws System Settings.
     std::function<bool(const std::string& url)> openUrl;
 

@@ -59,6 +59,7 @@ SyntheticInput::SyntheticInput(Mac& mac, ScreenContent& content, Person& person)
     , world_(mac.scheduler()) {
     auto& hooks = mac.eventServer().hooks;
     hooks.deliver = [this](const PostedEvent& posted) { receive(posted); };
+    hooks.deliverKey = [this](const PostedKey& posted) { receive(posted); };
     hooks.pointerLocation = [this] { return content_.pointer.at; };
     hooks.warpPointer = [this](Point point) { content_.pointer.at = onScreen(point); };
     hooks.hideCursor = [this] { content_.cursor.hide(mac_.scheduler().now()); };
@@ -89,6 +90,24 @@ void SyntheticInput::receive(const PostedEvent& posted) {
         giveToWindow(posted.event, posted.process);
     else
         enterAtTap(posted.event);
+}
+
+/// Of all keys that a process can be given, only Escape means something here: it closes that process's menu.
+void SyntheticInput::receive(const PostedKey& posted) {
+    constexpr int keyCodeField = 9; // kCGKeyboardEventKeycode
+    const bool isDown = posted.event.motion == tavrin::KeyMotion::Down;
+    SyntheticEvent entry;
+    entry.time = mac_.scheduler().now();
+    entry.type = isDown ? "keyDown" : "keyUp";
+    entry.processIdentifier = posted.process;
+    entry.fields[keyCodeField] = posted.event.keyCode;
+    content_.events.record(std::move(entry));
+    const auto* process = mac_.processes().find(posted.process);
+    const bool reaches =
+        process && process->application.responding && content_.menus.owner() == posted.process;
+    const bool ignores = mac_.accessibility().menus().faultsOf(posted.process).ignoresEscape;
+    if (isDown && posted.event.keyCode == tavrin::escapeKeyCode && reaches && !ignores)
+        content_.menus.close();
 }
 
 void SyntheticInput::record(const PostedEvent& posted) {

@@ -33,6 +33,7 @@ class SyntheticInput {
     };
 
     void receive(const PostedEvent&);
+    void receive(const PostedKey&);
     void record(const PostedEvent&);
     void enterAtTap(const tavrin::MouseEvent&);
     void followTap(const tavrin::MouseEvent&);

@@ -55,9 +55,10 @@ void ApplicationMenus::choose(tavrin::ProcessIdentifier process, std::size_t tit
     if (!owner || title >= titleCount(owner->application)) return;
     const auto items = menuUnderTitle(owner->application, title);
     const auto* entry = entryAt(items, path);
-    if (!entry || !isChoosable(*entry)) return;
     const bool isOpen =
         mac_.processes().menuBarOwner() == owner && menus_.anchor() && menus_.anchor()->title == title;
+    if (entry && !entry->items.empty() && isOpen) return menus_.openSubmenuAt(path);
+    if (!entry || !isChoosable(*entry)) return;
     if (isOpen)
         menus_.choose(path);
     else

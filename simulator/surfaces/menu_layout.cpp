@@ -16,6 +16,7 @@ constexpr double inset = 5; // above the first and below the last entry
 constexpr double rowHeight = 22;
 constexpr double separatorHeight = 11;
 constexpr double markWidth = 22;
+constexpr double iconWidth = 22; // with the room beside it
 constexpr double trailingWidth = 14;
 constexpr double columnGap = 24;
 constexpr double widthMin = 120;
@@ -46,7 +47,8 @@ tavrin::Size menuSize(const std::vector<MenuItemSpec>& items) {
     double widest = 0;
     double height = 2 * inset;
     for (const auto& item : items) {
-        widest = std::max(widest, widthOf(item.title, TextStyle::Body) + trailingTextWidth(item));
+        const double icon = item.icon.empty() ? 0 : iconWidth;
+        widest = std::max(widest, icon + widthOf(item.title, TextStyle::Body) + trailingTextWidth(item));
         height += heightOf(item);
     }
     return {std::max(widthMin, std::ceil(markWidth + widest + trailingWidth)), height};

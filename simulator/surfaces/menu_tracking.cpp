@@ -32,12 +32,14 @@ void MenuTracking::addSurface(std::vector<MenuItemSpec> items, tavrin::Rect fram
     menu.rows = menuRows(std::move(items), frame);
     menu.onDismissed = [this] { close(); };
     session_->surfaces.push_back(stack_.add(std::move(menu)).identifier);
+    onChanged.emit();
 }
 
 void MenuTracking::close() {
     if (!session_) return;
     const auto closed = *std::exchange(session_, std::nullopt);
     for (const auto surface : closed.surfaces) stack_.remove(surface);
+    onChanged.emit();
     if (closed.request.onClosed) closed.request.onClosed();
 }
 
@@ -104,7 +106,19 @@ void MenuTracking::closeDeeperThan(std::size_t depth) {
         stack_.remove(session_->surfaces.back());
         session_->surfaces.pop_back();
     }
-    if (session_->path.size() > depth) session_->path.resize(depth);
+    if (session_->path.size() <= depth) return;
+    session_->path.resize(depth);
+    onChanged.emit();
+}
+
+void MenuTracking::openSubmenuAt(const MenuPath& path) {
+    for (std::size_t depth = 0; session_ && depth < path.size(); ++depth) {
+        const bool isOpen = session_->path.size() > depth && session_->path[depth] == path[depth];
+        if (isOpen) continue;
+        const auto& rows = surfaceAt(depth).rows;
+        if (path[depth] >= rows.size() || rows[path[depth]].item.items.empty()) return;
+        highlight({depth, path[depth]});
+    }
 }
 
 void MenuTracking::releasedAt(tavrin::Point point) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/signal.h"
 #include "model/screens_model.h"
 #include "surfaces/surface_stack.h"
 
@@ -63,6 +64,17 @@ class MenuTracking {
     /// Opens the submenu of the highlighted entry and highlights its first entry; false when it has none.
     bool openHighlighted();
     void closeInnermost();
+    /// Opens the submenu of the entry at this path, and those on the way to it.
+    void openSubmenuAt(const MenuPath&);
+
+    /// Whose menu it is; 0 while none is open.
+    tavrin::ProcessIdentifier owner() const { return session_ ? session_->request.owner : 0; }
+
+    /// The entries whose submenus are open.
+    MenuPath openPath() const { return session_ ? session_->path : MenuPath{}; }
+
+    /// After a menu was opened or closed.
+    tavrin::Signal<> onChanged;
 
     std::vector<SurfaceIdentifier> menus() const; // outermost first
 

@@ -1,6 +1,8 @@
 #include "surfaces/program_presentation.h"
 
 #include "model/program_status_item.h"
+#include "surfaces/program_alert.h"
+#include "surfaces/program_panel.h"
 #include "surfaces/program_popover.h"
 #include "surfaces/program_window.h"
 
@@ -19,6 +21,7 @@ MenuItemSpec entryFor(const tavrin::MenuItem& item) {
     entry.separator = item.isSeparator;
     entry.enabled = item.isEnabled && !item.isSeparator;
     if (item.isChecked) entry.mark = "✓";
+    if (item.icon) entry.icon = item.icon->bundleIdentifier;
     return entry;
 }
 
@@ -39,6 +42,16 @@ std::unique_ptr<tavrin::Window> ProgramPresentation::makeWindow(std::string titl
                                                                 std::function<void()> onClose) {
     return std::make_unique<ProgramWindow>(*this, std::move(title),
                                            ProgramCallbacks(mac_.program().connection(), std::move(onClose)));
+}
+
+std::unique_ptr<tavrin::Panel> ProgramPresentation::makePanel() {
+    return std::make_unique<ProgramPanel>(*this, ProgramCallbacks(mac_.program().connection(), nullptr));
+}
+
+std::unique_ptr<tavrin::Alert> ProgramPresentation::showAlert(tavrin::AlertQuestion question,
+                                                              std::function<void(std::size_t)> onAnswer) {
+    return std::make_unique<ProgramAlert>(*this, std::move(question), std::move(onAnswer),
+                                          ProgramCallbacks(mac_.program().connection(), nullptr));
 }
 
 void ProgramPresentation::popUp(tavrin::Menu menu, tavrin::StatusItem& item, tavrin::Rect area) {

@@ -29,6 +29,9 @@ class ProgramPresentation final : public tavrin::Presentation {
     std::unique_ptr<tavrin::Popover> makePopover(tavrin::PopoverBehavior,
                                                  std::function<void()> onClose) override;
     std::unique_ptr<tavrin::Window> makeWindow(std::string title, std::function<void()> onClose) override;
+    std::unique_ptr<tavrin::Panel> makePanel() override;
+    std::unique_ptr<tavrin::Alert> showAlert(tavrin::AlertQuestion,
+                                             std::function<void(std::size_t)> onAnswer) override;
     void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect area) override;
 
     /// Moves popovers with the status items that they are anchored at, and closes those whose item is gone.
@@ -36,6 +39,8 @@ class ProgramPresentation final : public tavrin::Presentation {
     bool hasVisibleWindows() const;
 
   private:
+    friend class ProgramAlert;
+    friend class ProgramPanel;
     friend class ProgramPopover;
     friend class ProgramWindow;
 

@@ -1,5 +1,9 @@
 #include "surfaces/screen_content.h"
 
+#include <array>
+#include <ranges>
+#include <utility>
+
 namespace mac_model {
 
 ScreenContent::ScreenContent(Mac& mac)
@@ -15,6 +19,8 @@ ScreenContent::ScreenContent(Mac& mac)
     mac.program().hooks.hasVisibleWindows = [this] { return presentation.hasVisibleWindows(); };
     if (auto* updater = mac.updater()) updater->onCheck = [this] { panels_.showUpToDate(); };
     installActions(mac);
+    mac.surfaceWindows = [this] { return windows(); };
+    subscriptions_.push_back(menus.onChanged.subscribe([this, &mac] { noteOpenMenu(mac); }));
     subscriptions_.push_back(mac.processes().onEnded.subscribe(
         [this](tavrin::ProcessIdentifier ended) { stack.dismissAllOf(ended); }));
     const auto followFront = [this, &mac] {
@@ -51,7 +57,38 @@ void ScreenContent::installActions(Mac& mac) {
         else
             statusItems.choose(StatusItemIdentifier{entry.owner}, path);
     };
-    actions.cancelMenu = [this](const ElementKey&) { menus.close(); };
+    actions.cancelMenu = [this, &mac](const ElementKey& key) {
+        const bool ignores = mac.accessibility().menus().faultsOf(key.process).ignoresCancel;
+        if (mac.openMenu && mac.openMenu->isOf(key) && !ignores) menus.close();
+    };
+}
+
+void ScreenContent::noteOpenMenu(Mac& mac) const {
+    const auto anchor = menus.anchor();
+    const auto before = std::exchange(mac.openMenu, std::nullopt);
+    if (!anchor) return;
+    auto& open = mac.openMenu.emplace();
+    open.owner = menus.owner();
+    open.item = anchor->item;
+    open.title = anchor->title;
+    for (const auto entry : menus.openPath()) open.path.push_back(static_cast<std::uint32_t>(entry));
+    bool isAsBefore =
+        before && before->owner == open.owner && before->item == open.item && before->title == open.title;
+    for (std::size_t depth = 0; depth <= open.path.size(); ++depth) {
+        isAsBefore = isAsBefore && depth < before->openedAt.size() &&
+                     (depth == 0 || before->path[depth - 1] == open.path[depth - 1]);
+        open.openedAt.push_back(isAsBefore ? before->openedAt[depth] : mac.scheduler().now());
+    }
+}
+
+std::vector<tavrin::OnScreenWindow> ScreenContent::windows() const {
+    constexpr std::array layers{0, 8, 25, 101, 101, 500}; // of each SurfaceKind
+    constexpr std::uint32_t firstNumber = 100'000;
+    std::vector<tavrin::OnScreenWindow> windows;
+    for (const auto& surface : stack.backToFront() | std::views::reverse)
+        windows.push_back({firstNumber + static_cast<std::uint32_t>(surface->identifier), surface->owner,
+                           layers[std::size_t(surface->kind)], surface->frame});
+    return windows;
 }
 
 } // namespace mac_model

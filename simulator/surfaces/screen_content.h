@@ -36,6 +36,8 @@ class ScreenContent {
 
   private:
     void installActions(Mac&);
+    void noteOpenMenu(Mac&) const;
+    std::vector<tavrin::OnScreenWindow> windows() const;
 
     SystemSettings settings_;
     ProgramPanels panels_;

@@ -95,8 +95,10 @@ void StatusItemSurfaces::openContent(const StatusItemRecord& item, SurfaceKind k
 void StatusItemSurfaces::choose(StatusItemIdentifier identifier, const MenuPath& path) {
     const auto* item = mac_.statusArea().find(identifier);
     const auto* entry = item ? entryAt(item->spec.menu, path) : nullptr;
+    const bool isOpen = menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt};
+    if (entry && !entry->items.empty() && isOpen) return menus_.openSubmenuAt(path);
     if (!entry || !isChoosable(*entry) || !canAct(*item)) return;
-    if (menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt}) return menus_.choose(path);
+    if (isOpen) return menus_.choose(path);
     record(identifier, path);
 }
 

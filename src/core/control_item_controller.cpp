@@ -60,8 +60,10 @@ void ControlItemController::showContextMenu() {
 Menu ControlItemController::buildMenu() {
     Menu menu;
     for (const auto& section : ControlMenuPlan::sections()) {
-        // There is nothing to list while no action can be pinned.
-        if (section.front() == ControlMenuEntry::pinnedActions) continue;
+        if (section.front() == ControlMenuEntry::pinnedActions) {
+            actions_.appendPinnedActions(menu);
+            continue;
+        }
         if (!menu.items.empty()) menu.items.push_back(MenuItem::separator());
         for (const auto entry : section) menu.items.push_back(menuItem(entry));
     }

@@ -23,6 +23,7 @@ class ControlItemController {
         std::function<void()> cancelConfigurationRestore;
         std::function<void()> refreshItems;
         std::function<void()> showSettings;
+        std::function<void(Menu&)> appendPinnedActions;
     };
 
     ControlItemController(const Platform& platform, MenuBarState& state, OwnStatusItems& items,

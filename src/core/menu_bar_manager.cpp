@@ -16,6 +16,15 @@ namespace {
 /// The status items need this long after their creation to find their places.
 constexpr Seconds startUpWait{0.5};
 
+/// Why a pin keeps the toggle shortcut from being this.
+std::optional<std::string> conflictWithPins(const std::vector<PinnedAction>& pins,
+                                            const HotKeyShortcut& shortcut) {
+    const auto user =
+        std::ranges::find(pins, std::optional(shortcut), [](const PinnedAction& pin) { return pin.hotKey; });
+    if (user == pins.end()) return std::nullopt;
+    return "Already used by the pin \"" + user->name + "\".";
+}
+
 } // namespace
 
 MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission& permission,
@@ -48,12 +57,20 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
           platform, state_, settings_, statusItems_, hiding_, [this] { cancelPendingConfiguration(); },
           [this, view = std::move(hooks.configureView)] { return view(*this); })
     , hint_(platform, settings_, statusItems_, [this] { showConfiguration(); })
+    , pinnedActions_(platform, permission,
+                     {.isHidingItems = [this] { return state_.isCollapsed.get(); },
+                      .noticeAnchor = [this] { return statusItems_.controlGlyphFrame(); },
+                      .editPin = [this](const Uuid&) { showConfiguration(); }})
     , control_(platform, state_, statusItems_, hint_, updates,
                {.toggleCollapse = [this] { toggleCollapse(); },
                 .showConfiguration = [this] { showConfiguration(); },
                 .cancelConfigurationRestore = [this] { configure_.cancelPendingRestore(); },
                 .refreshItems = [this] { refreshItems(); },
-                .showSettings = std::move(hooks.showSettings)}) {
+                .showSettings = std::move(hooks.showSettings),
+                .appendPinnedActions = [this](Menu& menu) { pinnedActions_.appendMenuSection(menu); }}) {
+    toggleShortcut_.conflict = [this](const HotKeyShortcut& shortcut) {
+        return conflictWithPins(pinnedActions_.store().pins(), shortcut);
+    };
     loadHiddenItems();
     statusItems_.configureStatusItems(OwnStatusItems::PositionSeed::IfAbsent);
     observeDisplayChanges();
@@ -141,6 +158,7 @@ Task<> MenuBarManager::prepareForTermination() {
     startUpTask_.cancel();
     refreshTask_.cancel();
     cancelPendingConfiguration();
+    pinnedActions_.cancel();
     configure_.close();
     hiding_.restoreForTermination();
     co_return;

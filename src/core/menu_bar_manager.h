@@ -19,6 +19,7 @@
 #include "discovery/menu_bar_item_reader.h"
 #include "discovery/window_server_status_item_bridge.h"
 #include "movement/menu_bar_item_mover.h"
+#include "pins/pinned_actions_controller.h"
 #include "platform/platform.h"
 #include "shortcuts/carbon_hot_key_registrar.h"
 #include "shortcuts/toggle_shortcut_controller.h"
@@ -115,6 +116,7 @@ class MenuBarManager {
     ConfigurationApplier applier_;
     ConfigurePresentation configure_;
     FirstRunHint hint_;
+    PinnedActionsController pinnedActions_;
     ControlItemController control_;
     Subscription screenObserver_;
     Subscription accessibilityObservation_;

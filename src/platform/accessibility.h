@@ -56,7 +56,8 @@ class AccessibilityElement {
 };
 
 /// What an attribute holds. A value of a type that is not listed comes as `std::monostate`; members of a list
-/// that are no elements are left out, and a list of nothing else counts as not listed.
+/// that are no elements are left out, and a list of nothing else counts as not listed. Attributed text comes
+/// as the text alone.
 using AttributeValue = std::variant<std::monostate, bool, double, std::string, Point, Size, Rect,
                                     AccessibilityElement, std::vector<AccessibilityElement>>;
 using AttributeResult = std::expected<AttributeValue, AccessibilityError>;

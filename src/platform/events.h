@@ -3,6 +3,7 @@
 #include "concurrency/scheduler.h"
 #include "platform/accessibility.h"
 #include "platform/geometry.h"
+#include "platform/keyboard.h"
 
 #include <cstdint>
 #include <map>
@@ -103,8 +104,20 @@ class PreparedEvent {
     MouseEvent value_;
 };
 
-/// Synthetic mouse events and the pointer. Posting needs the user's consent to Accessibility; without it
-/// events vanish silently. Nothing here waits or blocks. Main thread.
+inline constexpr KeyCode escapeKeyCode = 53;
+
+enum class KeyMotion { Down, Up };
+
+/// A key of the keyboard, with no modifier key held.
+struct KeyEvent {
+    KeyCode keyCode = 0;
+    KeyMotion motion = KeyMotion::Down;
+
+    bool operator==(const KeyEvent&) const = default;
+};
+
+/// Synthetic mouse and keyboard events and the pointer. Posting needs the user's consent to Accessibility;
+/// without it events vanish silently. Nothing here waits or blocks. Main thread.
 class Events {
   public:
     virtual ~Events() = default;
@@ -120,6 +133,9 @@ class Events {
 
     /// Gives the event to one process alone; the pointer stays.
     virtual void postToProcess(const PreparedEvent& event, ProcessIdentifier process) = 0;
+
+    /// Gives a key to one process, whoever has the keyboard; false when the event could not be made.
+    virtual bool postKeyToProcess(const KeyEvent& event, ProcessIdentifier process) = 0;
 
     /// Whether posted events arrive ("CGPreflightPostEventAccess").
     virtual bool mayPost() const = 0;

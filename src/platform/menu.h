@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/view.h"
+
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +15,8 @@ struct MenuItem {
     bool isEnabled = true;
     bool isChecked = false;
     bool isSeparator = false;
-    std::function<void()> action; // main thread, after the menu has closed
+    std::optional<IconOfApplication> icon; // 16 points
+    std::function<void()> action;          // main thread, after the menu has closed
 
     static MenuItem separator() {
         MenuItem item;

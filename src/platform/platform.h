@@ -9,6 +9,7 @@ class Events;
 class HotKeys;
 class Keyboard;
 class Presentation;
+class Randomness;
 class Scheduler;
 class Screens;
 class StatusItems;
@@ -28,6 +29,7 @@ struct Platform {
     HotKeys& hotKeys;
     Keyboard& keyboard;
     Presentation& presentation;
+    Randomness& randomness;
     Screens& screens;
     StatusItems& statusItems;
     Text& text;

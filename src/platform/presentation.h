@@ -5,9 +5,12 @@
 #include "platform/status_items.h"
 #include "platform/view.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tavrin {
 
@@ -40,6 +43,33 @@ class Window {
     virtual bool isVisible() const = 0;
 };
 
+/// A panel without a title bar, above the windows of all applications; showing it takes the keyboard from
+/// nobody. Destroying it takes it from the screen. Main thread.
+class Panel {
+  public:
+    virtual ~Panel() = default;
+    virtual void setContent(View content) = 0;
+    /// Shows it below `anchor`, a rectangle on the screen, and keeps it on that screen.
+    virtual void show(Rect anchor) = 0;
+    virtual void close() = 0;
+    virtual bool isShown() const = 0;
+};
+
+/// What an alert asks. Return presses the first button, Escape one that is called "Cancel".
+struct AlertQuestion {
+    std::string messageText;
+    std::string informativeText;
+    std::vector<std::string> buttons;
+    std::optional<IconOfApplication> icon; // the program's own without one, or when the system knows none
+};
+
+/// An alert on the screen. Destroying it takes it away without an answer. Main thread.
+class Alert {
+  public:
+    virtual ~Alert() = default;
+    virtual void bringToFront() = 0;
+};
+
 /// Where Tavrin's views meet the screen. Main thread.
 class Presentation {
   public:
@@ -50,6 +80,13 @@ class Presentation {
 
     /// `onClose` runs when the window is about to close, whoever closes it.
     virtual std::unique_ptr<Window> makeWindow(std::string title, std::function<void()> onClose) = 0;
+
+    virtual std::unique_ptr<Panel> makePanel() = 0;
+
+    /// Shows a modal alert and returns at once; activate the application first. `onAnswer` gets the number of
+    /// the button that was pressed, at most once, and may destroy the alert.
+    virtual std::unique_ptr<Alert> showAlert(AlertQuestion question,
+                                             std::function<void(std::size_t button)> onAnswer) = 0;
 
     /// Shows the menu below `area`, a rectangle on the screen inside `item`'s button, and returns at once;
     /// the menu tracks the mouse until something was chosen or it was dismissed.

@@ -6,9 +6,9 @@
 
 namespace tavrin {
 
-/// The system's text services. Comparing and folding follow the user's current locale; the other operations
-/// are the same in every locale, so that identifiers stay what they are. Text is UTF-8; invalid bytes are
-/// read as U+FFFD. Any thread.
+/// The system's text services. Comparing, and folding where nothing else is said, follow the user's current
+/// locale; the other operations are the same in every locale, so that identifiers stay what they are. Text is
+/// UTF-8; invalid bytes are read as U+FFFD. Any thread.
 class Text {
   public:
     virtual ~Text() = default;
@@ -18,6 +18,10 @@ class Text {
 
     /// Without differences of case and of diacritics.
     virtual std::string foldingCaseAndDiacritics(std::string_view text) const = 0;
+
+    /// Also without differences of width (half-width kana, full-width letters), and the same in every locale.
+    /// Marks come off Latin, Greek and Cyrillic letters only. Canonically equivalent texts give equal bytes.
+    virtual std::string foldingCaseDiacriticsAndWidth(std::string_view text) const = 0;
 
     virtual std::string lowercased(std::string_view text) const = 0;
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/accessibility.h"
 #include "platform/geometry.h"
 
 #include <cstdint>
 #include <expected>
 #include <span>
+#include <vector>
 
 namespace tavrin {
 
@@ -39,7 +41,20 @@ class Functions {
 
 } // namespace WindowServerMenuBar
 
-/// Access to the window server beyond the public interfaces. Main thread.
+/// A window as the window server lists it.
+struct OnScreenWindow {
+    /// Where open menus lie, and what hangs from status items (kCGPopUpMenuWindowLevelKey).
+    static constexpr int popUpMenuLayer = 101;
+
+    std::uint32_t number = 0;
+    ProcessIdentifier owner = 0;
+    int layer = 0;
+    Rect frame;
+
+    bool operator==(const OnScreenWindow&) const = default;
+};
+
+/// The window server beside what other families show of it. Main thread, except `onScreenWindows`.
 class WindowServer {
   public:
     virtual ~WindowServer() = default;
@@ -47,6 +62,10 @@ class WindowServer {
     /// The private functions, looked up by name in all loaded images; null when any of the four is missing.
     /// Lives as long as this object.
     virtual WindowServerMenuBar::Functions* menuBarFunctions() = 0;
+
+    /// All windows on the screens from front to back, but for those of the desktop. Empty when the system
+    /// doesn't tell. Any thread.
+    virtual std::vector<OnScreenWindow> onScreenWindows() const = 0;
 };
 
 } // namespace tavrin

@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "platform/accessibility.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -33,13 +34,24 @@ class Workspace {
 
     virtual OperatingSystemVersion operatingSystemVersion() const = 0;
 
-    /// All processes with a connection to the window server, this one included. Those that stay keep their
-    /// order.
+    /// All processes with a connection to the window server, this one included. Those that stay
+    /// keep their order.
     virtual std::vector<RunningApplication> runningApplications() const = 0;
     virtual Subscription onApplicationsChanged(std::function<void()> handler) = 0;
 
     /// The identifier of the bundle at a file path; none when there is no bundle.
     virtual std::optional<std::string> bundleIdentifierAt(std::string_view path) const = 0;
+
+    /// The application's icon as a PNG of 32 × 32 pixels for 16 × 16 points; none when there is no such
+    /// process or no icon of it. Main thread.
+    virtual std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier process) const = 0;
+
+    /// The same for the application that is installed under the bundle identifier, running or not.
+    virtual std::optional<std::vector<std::byte>>
+    iconPngOfBundle(std::string_view bundleIdentifier) const = 0;
+
+    /// Asks the system to make the application the active one, which takes a moment; false when it has ended.
+    virtual bool activate(ProcessIdentifier process) = 0;
 
     /// Opens the link in the application that handles it; false when none does.
     virtual bool openUrl(std::string_view url) = 0;

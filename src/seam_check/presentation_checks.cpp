@@ -1,13 +1,17 @@
 #include "concurrency/waits.h"
+#include "platform/application.h"
 #include "platform/presentation.h"
 #include "platform/recorder_button.h"
+#include "platform/screens.h"
 #include "platform/view_builders.h"
+#include "platform/window_server.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
 #include "seam_check/shown_item.h"
 #include "seam_check/waiting.h"
 #include "seam_check/words.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -179,6 +183,54 @@ Task<Verdict> destroyedWindowsAreSilent(Platform platform) {
     co_return passed("It went without a word.");
 }
 
+bool isOnScreen(const Platform& platform, Rect area) {
+    const auto own = platform.application.processIdentifier();
+    return std::ranges::any_of(platform.windowServer.onScreenWindows(), [&](const OnScreenWindow& window) {
+        return window.owner == own && window.layer > 0 && window.frame.intersects(area);
+    });
+}
+
+Task<Verdict> panelsShowBelowTheirAnchor(Platform platform) {
+    const auto screens = platform.screens.screens();
+    if (screens.empty()) co_return skipped("There is no screen.");
+    const auto& screen = screens.front().frame;
+    const Rect anchor{screen.midX() - 20, screen.minY() + 200, 40, 20};
+    const Rect below{anchor.x, anchor.maxY() + 15, anchor.width, 4};
+    auto panel = platform.presentation.makePanel();
+    panel->setContent(note("Self-check of Tavrin"));
+    Findings findings;
+    findings.expect(!panel->isShown() && !isOnScreen(platform, below), "it is shown before it was");
+    panel->show(anchor);
+    (void)co_await sleepFor(300ms);
+    findings.expect(panel->isShown(), "it is not shown");
+    findings.expect(isOnScreen(platform, below), "the window server has no window of it below its anchor");
+    panel->close();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!panel->isShown() && !isOnScreen(platform, below), "it is there after it was closed");
+    panel->show(anchor);
+    (void)co_await sleepFor(300ms);
+    panel.reset();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!isOnScreen(platform, below), "it is there after it was destroyed");
+    co_return findings.verdict("It showed, and the window server listed it.");
+}
+
+Task<Verdict> destroyedAlertsGiveNoAnswer(Platform platform) {
+    const auto answers = std::make_shared<int>(0);
+    auto alert = platform.presentation.showAlert({.messageText = "Self-check of Tavrin",
+                                                  .informativeText = "This alert goes by itself.",
+                                                  .buttons = {"OK", "Cancel"},
+                                                  .icon = std::nullopt},
+                                                 [answers](std::size_t) { ++*answers; });
+    (void)co_await sleepFor(300ms);
+    alert->bringToFront();
+    (void)co_await sleepFor(300ms);
+    alert.reset();
+    (void)co_await sleepFor(animationTime);
+    if (*answers != 0) co_return failed("It was answered.");
+    co_return passed("It went without an answer, and work went on while it was there.");
+}
+
 /// What a recorder learns of its button.
 struct RecorderNotes {
     RecorderButtonHost* host = nullptr;
@@ -252,6 +304,9 @@ std::vector<Check> presentationChecks() {
         changes(family, "A popover of an item without a window isn't shown.", popoversNeedAnItem),
         changes(family, "A window shows every kind of view, and tells once that it closes.",
                 windowsTellOnceThatTheyClose),
+        changes(family, "A panel shows below its anchor, where the window server lists it, until it goes.",
+                panelsShowBelowTheirAnchor),
+        changes(family, "An alert that is destroyed goes without an answer.", destroyedAlertsGiveNoAnswer),
         changes(family, "A recorder's button takes the keyboard, and the recorder is told when it goes.",
                 recordersKnowTheirButtons),
         changes(family, "A window that is destroyed closes without telling.", destroyedWindowsAreSilent),

@@ -1,22 +1,18 @@
 #include "platform/text.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
+#include "seam_check/folded_texts.h"
 #include "seam_check/waiting.h"
 #include "seam_check/words.h"
 
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace tavrin::seam_check {
 
 namespace {
 
-struct Case {
-    std::string_view given;
-    std::string_view expected;
-};
-
+using Case = TextCase;
 using Operation = std::string (Text::*)(std::string_view) const;
 
 // No letter I in the tables: Turkish gives it another counterpart. "\xFF" is no UTF-8.
@@ -45,6 +41,10 @@ Verdict folds(const Platform& platform) {
         {"A1-_", "a1-_"},
     };
     return compareWithTable(platform.text, &Text::foldingCaseAndDiacritics, table);
+}
+
+Verdict foldsWidth(const Platform& platform) {
+    return compareWithTable(platform.text, &Text::foldingCaseDiacriticsAndWidth, foldedTexts);
 }
 
 Verdict lowers(const Platform& platform) {
@@ -140,6 +140,8 @@ std::vector<Check> textChecks() {
     constexpr auto family = "text";
     return {
         reads(family, "Folding takes away case and diacritics and reads invalid bytes as U+FFFD.", folds),
+        reads(family, "Folding width, too, is the same in every locale and leaves other scripts their marks.",
+              foldsWidth),
         reads(family, "Comparing takes no account of case, but of accents.", compares),
         reads(family, "Lower case is made of every script.", lowers),
         reads(family, "Capitalizing raises the first letter of each word and lowers the others.",

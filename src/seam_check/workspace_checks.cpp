@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace tavrin::seam_check {
 
@@ -50,16 +52,23 @@ Verdict processesAreListedOnce(const Platform& platform) {
     return findings.verdict(std::to_string(processes.size()) + " processes.");
 }
 
-Verdict listFollowsLaunches(const Platform& platform) {
-    const auto list = platform.workspace.runningApplications();
-    const auto login =
-        std::ranges::find(list, "com.apple.loginwindow", &RunningApplication::bundleIdentifier);
-    const auto own = std::ranges::find(list, platform.application.processIdentifier(),
-                                       &RunningApplication::processIdentifier);
-    if (login == list.end() || own == list.end()) return skipped("The login window isn't listed.");
-    if (own < login) return failed("This process is listed before the login window.");
-    return passed("The login window is number " + std::to_string(login - list.begin() + 1) +
-                  ", this process number " + std::to_string(own - list.begin() + 1) + ".");
+std::vector<ProcessIdentifier> processesIn(const std::vector<RunningApplication>& list,
+                                           const std::vector<RunningApplication>& other) {
+    std::vector<ProcessIdentifier> both;
+    for (const auto& application : list) {
+        const bool isInBoth = std::ranges::find(other, application.processIdentifier,
+                                                &RunningApplication::processIdentifier) != other.end();
+        if (isInBoth) both.push_back(application.processIdentifier);
+    }
+    return both;
+}
+
+Verdict listKeepsItsOrder(const Platform& platform) {
+    const auto first = platform.workspace.runningApplications();
+    const auto second = platform.workspace.runningApplications();
+    const auto stayed = processesIn(first, second);
+    if (stayed != processesIn(second, first)) return failed("Two readings have different orders.");
+    return passed(counted(stayed.size(), "application") + " stand in the same order twice.");
 }
 
 Task<Verdict> bundlesAreFound(Platform platform) {
@@ -77,6 +86,27 @@ Task<Verdict> bundlesAreFound(Platform platform) {
     co_return findings.verdict("The Finder is com.apple.finder; five other paths lead to no bundle.");
 }
 
+/// A PNG's signature and its header with the width and the height.
+bool isIcon(const std::optional<std::vector<std::byte>>& file) {
+    constexpr std::string_view begin("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0 \0\0\0 ", 24);
+    return file && file->size() > begin.size() &&
+           std::ranges::equal(begin, std::span(*file).first(begin.size()),
+                              [](char a, std::byte b) { return std::byte(a) == b; });
+}
+
+Verdict iconsAreDrawn(const Platform& platform) {
+    const auto& workspace = platform.workspace;
+    Findings findings;
+    findings.expect(isIcon(workspace.iconPngOfProcess(platform.application.processIdentifier())),
+                    "this process has no icon of 32 × 32 pixels");
+    findings.expect(isIcon(workspace.iconPngOfBundle("com.apple.finder")),
+                    "the Finder has no icon of 32 × 32 pixels");
+    findings.expect(!workspace.iconPngOfProcess(-1), "no process has an icon");
+    findings.expect(!workspace.iconPngOfBundle("org.tavrin.no-such-application"),
+                    "an application that isn't there has an icon");
+    return findings.verdict("This process and the Finder have icons.");
+}
+
 } // namespace
 
 std::vector<Check> workspaceChecks() {
@@ -86,9 +116,10 @@ std::vector<Check> workspaceChecks() {
         reads(family, "The running applications contain this process once, with its bundle identifier.",
               programIsListed),
         reads(family, "No process is listed twice.", processesAreListedOnce),
-        reads(family, "Applications are listed in the order of their launch.", listFollowsLaunches),
+        reads(family, "Applications that stay keep their order in the list.", listKeepsItsOrder),
         reads(family, "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",
               bundlesAreFound),
+        reads(family, "Icons are pictures of 32 × 32 pixels, and who isn't there has none.", iconsAreDrawn),
     };
 }
 

@@ -38,8 +38,8 @@ class ApplierTest : public MovingTest {
     void buildCore() {
         const auto& p = MovingTest::platform();
         ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, p.events, p.hotKeys,
-                              p.keyboard, p.presentation, p.screens, p.statusItems, p.text, p.windowServer,
-                              p.workspace});
+                              p.keyboard, p.presentation, p.randomness, p.screens, p.statusItems, p.text,
+                              p.windowServer, p.workspace});
         const auto mode = MenuBarRuntimeMode::divider;
         settings.emplace(p.defaults);
         permission.emplace(scheduler, accessibility, p.application);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@ class FakeAccessibility final : public Accessibility {
     struct Node {
         std::map<std::string, AttributeValue, std::less<>> attributes;
         std::optional<AccessibilityError> error; // of any message to it
+        std::vector<std::string> actions{};
     };
 
     bool isTrusted() const override { return trusted; }
@@ -45,8 +47,11 @@ class FakeAccessibility final : public Accessibility {
     }
 
     std::expected<std::vector<std::string>, AccessibilityError>
-    actionNames(const AccessibilityElement&) override {
-        return {};
+    actionNames(const AccessibilityElement& element) override {
+        ++messages;
+        const auto& node = nodes[number(element)];
+        if (node.error) return std::unexpected(*node.error);
+        return node.actions;
     }
 
     std::expected<void, AccessibilityError> perform(const AccessibilityElement&, std::string_view) override {

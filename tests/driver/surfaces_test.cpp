@@ -40,10 +40,10 @@ class Surfaces : public ::testing::Test {
 
     void popUpMenu() {
         tavrin::Menu menu;
-        menu.items = {{"First", "f", true, true, false, probe.logs("first")},
+        menu.items = {{"First", "f", true, true, false, {}, probe.logs("first")},
                       tavrin::MenuItem::separator(),
-                      {"Second", "", false, false, false, probe.logs("second")},
-                      {"Third", "t", true, false, false, probe.logs("third")}};
+                      {"Second", "", false, false, false, {}, probe.logs("second")},
+                      {"Third", "t", true, false, false, {}, probe.logs("third")}};
         probe.platform->presentation.popUp(std::move(menu), *probe.item, *probe.item->frame());
     }
 

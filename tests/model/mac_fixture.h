@@ -25,6 +25,13 @@ class BlankPresentation final : public tavrin::Presentation {
         return nullptr;
     }
 
+    std::unique_ptr<tavrin::Panel> makePanel() override { return nullptr; }
+
+    std::unique_ptr<tavrin::Alert> showAlert(tavrin::AlertQuestion,
+                                             std::function<void(std::size_t)>) override {
+        return nullptr;
+    }
+
     void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect) override {}
 };
 

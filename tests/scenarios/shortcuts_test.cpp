@@ -1,4 +1,4 @@
-#include "scenarios/acts.h"
+#include "scenarios/pin_acts.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +122,16 @@ TEST(ToggleShortcut, doesNotActWhileANewOneIsTypedAndCanBeTypedAgain) {
         pressUsualAndWait(mac);
         EXPECT_NE(isCollapsed(mac), wasCollapsed) << "it acts again after being cancelled";
     }
+}
+
+TEST(ToggleShortcut, isRefusedWhereAPinHasIt) {
+    const json stored{{"hotKey", {{"keyCode", 40}, {"modifiers", 0x180000}}}};
+    TavrinMac mac(macWithPins({pin("Sync", {"Sync Now"}, stored)}));
+    mac.wait(2);
+    openSettings(mac);
+    record(mac, "k", {"option", "command"});
+    EXPECT_TRUE(mac.shows("Already used by the pin \"Sync\"."));
+    EXPECT_EQ(shownShortcut(mac), "⌃⌥H");
 }
 
 TEST(ToggleShortcut, oneThatAnotherAppHasIsRefusedAndTheOldOneStays) {

@@ -99,6 +99,16 @@ class PassedOnWorkspace : public Workspace {
         return truth.bundleIdentifierAt(path);
     }
 
+    std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier process) const override {
+        return truth.iconPngOfProcess(process);
+    }
+
+    std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundle) const override {
+        return truth.iconPngOfBundle(bundle);
+    }
+
+    bool activate(ProcessIdentifier process) override { return truth.activate(process); }
+
     bool openUrl(std::string_view url) override { return truth.openUrl(url); }
 
     Workspace& truth;
@@ -114,6 +124,10 @@ class PassedOnText : public Text {
 
     std::string foldingCaseAndDiacritics(std::string_view text) const override {
         return truth.foldingCaseAndDiacritics(text);
+    }
+
+    std::string foldingCaseDiacriticsAndWidth(std::string_view text) const override {
+        return truth.foldingCaseDiacriticsAndWidth(text);
     }
 
     std::string lowercased(std::string_view text) const override { return truth.lowercased(text); }
@@ -174,6 +188,10 @@ class PassedOnEvents : public Events {
 
     void postToProcess(const PreparedEvent& event, ProcessIdentifier process) override {
         truth.postToProcess(event, process);
+    }
+
+    bool postKeyToProcess(const KeyEvent& event, ProcessIdentifier process) override {
+        return truth.postKeyToProcess(event, process);
     }
 
     bool mayPost() const override { return truth.mayPost(); }

@@ -60,6 +60,10 @@ struct MindsCase : PassedOnText {
     }
 
     std::string foldingCaseAndDiacritics(std::string_view text) const override { return lowercased(text); }
+
+    std::string foldingCaseDiacriticsAndWidth(std::string_view text) const override {
+        return truth.foldingCaseAndDiacritics(text);
+    }
 };
 
 struct CountsFromBelow : Screens {
@@ -87,14 +91,22 @@ struct ListsBackwards : PassedOnWorkspace {
 
     std::vector<RunningApplication> runningApplications() const override {
         auto all = truth.runningApplications();
-        std::ranges::reverse(all);
-        all.push_back(all.front());
+        const auto latest = all.back();
+        if (++readings_ % 2 == 1) std::ranges::reverse(all);
+        all.push_back(latest);
         return all;
     }
 
     std::optional<std::string> bundleIdentifierAt(std::string_view) const override {
         return "com.apple.finder";
     }
+
+    std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier) const override {
+        return std::nullopt;
+    }
+
+  private:
+    mutable int readings_ = 0;
 };
 
 struct WritesTooFar : WindowServer, WindowServerMenuBar::Functions {
@@ -105,6 +117,8 @@ struct WritesTooFar : WindowServer, WindowServerMenuBar::Functions {
     explicit WritesTooFar(WindowServer& real) : truth(*real.menuBarFunctions()) {}
 
     WindowServerMenuBar::Functions* menuBarFunctions() override { return this; }
+
+    std::vector<OnScreenWindow> onScreenWindows() const override { return {}; }
 
     Connection mainConnection() override { return truth.mainConnection(); }
 
@@ -193,6 +207,13 @@ struct TellsTwice : Presentation {
 
     std::unique_ptr<Window> makeWindow(std::string title, std::function<void()> onClose) override {
         return truth.makeWindow(std::move(title), twice(std::move(onClose)));
+    }
+
+    std::unique_ptr<Panel> makePanel() override { return truth.makePanel(); }
+
+    std::unique_ptr<Alert> showAlert(AlertQuestion question,
+                                     std::function<void(std::size_t)> onAnswer) override {
+        return truth.showAlert(std::move(question), std::move(onAnswer));
     }
 
     void popUp(Menu menu, StatusItem& item, Rect area) override { truth.popUp(std::move(menu), item, area); }
@@ -291,6 +312,7 @@ Platform with(Lie& lie, const Platform& real) {
             .hotKeys = pick(real.hotKeys),
             .keyboard = real.keyboard,
             .presentation = pick(real.presentation),
+            .randomness = real.randomness,
             .screens = pick(real.screens),
             .statusItems = pick(real.statusItems),
             .text = pick(real.text),
@@ -353,6 +375,7 @@ TEST(PlantedLies, OfTheScheduler) {
 TEST(PlantedLies, OfText) {
     expectCaught<MindsCase>(
         "text", {"Folding takes away case and diacritics and reads invalid bytes as U+FFFD.",
+                 "Folding width, too, is the same in every locale and leaves other scripts their marks.",
                  "Comparing takes no account of case, but of accents.", "Text services work on any thread."});
 }
 
@@ -366,10 +389,10 @@ TEST(PlantedLies, OfScreens) {
 
 TEST(PlantedLies, OfTheWorkspace) {
     expectCaught<ListsBackwards>(
-        "workspace",
-        {"The running applications contain this process once, with its bundle identifier.",
-         "No process is listed twice.", "Applications are listed in the order of their launch.",
-         "A path leads to its bundle's identifier, and to none without a bundle, on any thread."});
+        "workspace", {"The running applications contain this process once, with its bundle identifier.",
+                      "No process is listed twice.", "Applications that stay keep their order in the list.",
+                      "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",
+                      "Icons are pictures of 32 × 32 pixels, and who isn't there has none."});
 }
 
 TEST(PlantedLies, OfTheWindowServer) {

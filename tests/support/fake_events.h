@@ -45,6 +45,13 @@ class FakeEvents final : public Events {
         note(std::to_string(process) + " " + text(event.value()));
     }
 
+    bool postKeyToProcess(const KeyEvent& event, ProcessIdentifier process) override {
+        if (isTrusted)
+            note(std::to_string(process) + " key " + std::to_string(event.keyCode) +
+                 (event.motion == KeyMotion::Down ? " down" : " up"));
+        return true;
+    }
+
     bool mayPost() const override { return isTrusted; }
 
     void warpPointer(Point location) override {

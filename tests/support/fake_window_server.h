@@ -17,6 +17,8 @@ class FakeWindowServer final : public WindowServer, public WindowServerMenuBar::
 
     WindowServerMenuBar::Functions* menuBarFunctions() override { return isAbsent ? nullptr : this; }
 
+    std::vector<OnScreenWindow> onScreenWindows() const override { return onScreen; }
+
     Connection mainConnection() override { return 7; }
 
     std::expected<std::int32_t, Status> windowCount(Connection) override {
@@ -44,6 +46,7 @@ class FakeWindowServer final : public WindowServer, public WindowServerMenuBar::
     }
 
     bool isAbsent = false;
+    std::vector<OnScreenWindow> onScreen;
     std::map<Number, Rect> frames;
     std::map<Number, int> reads;
     double shiftAfterListing = 0; // windows are read in pairs: to list them, and to look again

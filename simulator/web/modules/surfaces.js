@@ -25,7 +25,7 @@ function surfaceElement(surface, index, origin, state) {
     surface.arrowX !== undefined && arrow(surface),
     h("div", { class: "ground" }),
     closeButton && titleBar(surface, closeButton, corner),
-    content.map((child) => (surface.kind === "menu" ? menuEntry(child, corner) : view(child, corner, state))));
+    content.map((child) => (surface.kind === "menu" ? menuEntry(child, corner, state) : view(child, corner, state))));
 }
 
 function nameOf(surface, state) {

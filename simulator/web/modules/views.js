@@ -67,7 +67,7 @@ export function linesOf(node, indent = 0) {
     const style = node.textStyle ?? "body";
     return (node.lines ?? [node.text ?? ""]).map((line) => {
         const spacing = fitting(line, style, node.frame[2] - indent);
-        return h("span", { class: "line", style: spacing ? { "letter-spacing": `${spacing}px` } : {} }, line);
+        return h("span", { class: "line", style: spacing ? { "letter-spacing": `${spacing}px` } : {} }, line || "\u00a0"); // an empty line takes its room
     });
 }
 

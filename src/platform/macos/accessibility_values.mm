@@ -80,6 +80,9 @@ AccessibilityError errorFrom(AXError error) {
 AttributeResult attributeFrom(CFTypeRef value) {
     if (!value) return std::unexpected(AccessibilityError::NoValue);
     const auto type = CFGetTypeID(value);
+    if (type == CFAttributedStringGetTypeID())
+        return toString(
+            (__bridge NSString*)CFAttributedStringGetString(static_cast<CFAttributedStringRef>(value)));
     if (type == CFStringGetTypeID()) return toString((__bridge NSString*)value);
     if (type == AXValueGetTypeID()) return axValueFrom(static_cast<AXValueRef>(value));
     if (type == CFArrayGetTypeID()) return elementsFrom(static_cast<CFArrayRef>(value));

@@ -15,6 +15,7 @@ class MacEvents final : public Events {
     std::unique_ptr<PreparedEvent> create(const MouseEvent& event) override;
     void post(const PreparedEvent& event, EventTap tap) override;
     void postToProcess(const PreparedEvent& event, ProcessIdentifier process) override;
+    bool postKeyToProcess(const KeyEvent& event, ProcessIdentifier process) override;
     bool mayPost() const override;
     void warpPointer(Point location) override;
     std::optional<Point> pointerLocation() const override;

@@ -120,6 +120,16 @@ void MacEvents::postToProcess(const PreparedEvent& event, ProcessIdentifier proc
     if (const auto prepared = eventOf(event)) CGEventPostToPid(process, prepared);
 }
 
+bool MacEvents::postKeyToProcess(const KeyEvent& value, ProcessIdentifier process) {
+    assertMainThread();
+    const auto event = CgEvent::adopting(CGEventCreateKeyboardEvent(
+        nullptr, static_cast<CGKeyCode>(value.keyCode), value.motion == KeyMotion::Down));
+    if (!event) return false;
+    CGEventSetFlags(event.get(), 0); // else it takes over the modifier keys that the user holds
+    CGEventPostToPid(process, event.get());
+    return true;
+}
+
 bool MacEvents::mayPost() const {
     assertMainThread();
     return CGPreflightPostEventAccess();

@@ -7,6 +7,7 @@
 #include "platform/macos/hot_keys.h"
 #include "platform/macos/keyboard.h"
 #include "platform/macos/presentation.h"
+#include "platform/macos/randomness.h"
 #include "platform/macos/scheduler.h"
 #include "platform/macos/screens.h"
 #include "platform/macos/status_items.h"
@@ -36,6 +37,7 @@ class MacPlatform {
     MacHotKeys hotKeys_{scheduler_};
     MacKeyboard keyboard_{scheduler_};
     MacPresentation presentation_{scheduler_};
+    MacRandomness randomness_;
     MacScreens screens_{scheduler_};
     MacStatusItems statusItems_{scheduler_};
     MacText text_;

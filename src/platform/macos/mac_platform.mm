@@ -19,6 +19,7 @@ Platform MacPlatform::platform() {
             .hotKeys = hotKeys_,
             .keyboard = keyboard_,
             .presentation = presentation_,
+            .randomness = randomness_,
             .screens = screens_,
             .statusItems = statusItems_,
             .text = text_,

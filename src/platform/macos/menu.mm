@@ -35,12 +35,21 @@ namespace tavrin::macos {
 
 namespace {
 
+NSImage* menuImageOf(const IconOfApplication& icon) {
+    NSURL* place =
+        [NSWorkspace.sharedWorkspace URLForApplicationWithBundleIdentifier:toNSString(icon.bundleIdentifier)];
+    NSImage* image = place ? [[NSWorkspace.sharedWorkspace iconForFile:place.path] copy] : nil;
+    image.size = NSMakeSize(16, 16);
+    return image;
+}
+
 NSMenuItem* makeItem(const MenuItem& entry, const Deliver& deliver) {
     if (entry.isSeparator) return [NSMenuItem separatorItem];
     NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:localized(entry.title)
                                                   action:@selector(choose:)
                                            keyEquivalent:toNSString(entry.keyEquivalent)];
     item.enabled = entry.isEnabled;
+    if (entry.icon) item.image = menuImageOf(*entry.icon);
     item.state = entry.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
     TavrinMenuAction* action = [[TavrinMenuAction alloc] initWithWork:entry.action deliver:deliver];
     item.target = action;

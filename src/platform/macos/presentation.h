@@ -17,6 +17,9 @@ class MacPresentation final : public Presentation {
 
     std::unique_ptr<Popover> makePopover(PopoverBehavior behavior, std::function<void()> onClose) override;
     std::unique_ptr<Window> makeWindow(std::string title, std::function<void()> onClose) override;
+    std::unique_ptr<Panel> makePanel() override;
+    std::unique_ptr<Alert> showAlert(AlertQuestion question,
+                                     std::function<void(std::size_t)> onAnswer) override;
     void popUp(Menu menu, StatusItem& item, Rect area) override;
 
   private:

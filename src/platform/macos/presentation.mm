@@ -1,8 +1,10 @@
 #include "platform/macos/presentation.h"
 
+#include "platform/macos/alert.h"
 #include "platform/macos/apple.h"
 #include "platform/macos/main_thread.h"
 #include "platform/macos/menu.h"
+#include "platform/macos/panel.h"
 #include "platform/macos/popover.h"
 #include "platform/macos/status_items.h"
 #include "platform/macos/window.h"
@@ -31,6 +33,13 @@ std::unique_ptr<Popover> MacPresentation::makePopover(PopoverBehavior behavior,
 
 std::unique_ptr<Window> MacPresentation::makeWindow(std::string title, std::function<void()> onClose) {
     return std::make_unique<MacWindow>(scheduler_, title, std::move(onClose));
+}
+
+std::unique_ptr<Panel> MacPresentation::makePanel() { return std::make_unique<MacPanel>(scheduler_); }
+
+std::unique_ptr<Alert> MacPresentation::showAlert(AlertQuestion question,
+                                                  std::function<void(std::size_t)> onAnswer) {
+    return std::make_unique<MacAlert>(scheduler_, question, std::move(onAnswer));
 }
 
 /// Tracking a menu blocks. It starts from a timer of its own: posted work would hold up all the work that was

@@ -13,6 +13,8 @@ class MacWindowServer final : public WindowServer {
 
     WindowServerMenuBar::Functions* menuBarFunctions() override { return functions_.get(); }
 
+    std::vector<OnScreenWindow> onScreenWindows() const override;
+
   private:
     std::unique_ptr<WindowServerMenuBar::Functions> functions_;
 };

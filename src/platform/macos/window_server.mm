@@ -1,5 +1,6 @@
 #include "platform/macos/window_server.h"
 
+#include "platform/macos/cf_reference.h"
 #include "platform/macos/conversions.h"
 #include "platform/macos/main_thread.h"
 
@@ -71,6 +72,24 @@ class LookedUpFunctions final : public WindowServerMenuBar::Functions {
     ScreenRect* screenRect_ = lookedUp<ScreenRect>("CGSGetScreenRectForWindow");
 };
 
+std::int64_t numberIn(NSDictionary* window, CFStringRef key) {
+    id value = window[(__bridge NSString*)key];
+    return [value isKindOfClass:[NSNumber class]] ? [value longLongValue] : 0;
+}
+
+OnScreenWindow windowFrom(NSDictionary* window) {
+    OnScreenWindow found;
+    found.number = static_cast<std::uint32_t>(numberIn(window, kCGWindowNumber));
+    found.owner = static_cast<ProcessIdentifier>(numberIn(window, kCGWindowOwnerPID));
+    found.layer = static_cast<int>(numberIn(window, kCGWindowLayer));
+    CGRect bounds = CGRectZero;
+    id given = window[(__bridge NSString*)kCGWindowBounds];
+    if ([given isKindOfClass:[NSDictionary class]])
+        CGRectMakeWithDictionaryRepresentation((__bridge CFDictionaryRef)given, &bounds);
+    found.frame = rectFromQuartz(bounds);
+    return found;
+}
+
 } // namespace
 
 MacWindowServer::MacWindowServer() {
@@ -79,5 +98,15 @@ MacWindowServer::MacWindowServer() {
 }
 
 MacWindowServer::~MacWindowServer() = default;
+
+std::vector<OnScreenWindow> MacWindowServer::onScreenWindows() const {
+    @autoreleasepool {
+        const auto list = CfReference<CFArrayRef>::adopting(CGWindowListCopyWindowInfo(
+            kCGWindowListOptionOnScreenOnly | kCGWindowListExcludeDesktopElements, kCGNullWindowID));
+        std::vector<OnScreenWindow> windows;
+        for (NSDictionary* window in (__bridge NSArray*)list.get()) windows.push_back(windowFrom(window));
+        return windows;
+    }
+}
 
 } // namespace tavrin::macos

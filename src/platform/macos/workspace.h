@@ -13,6 +13,9 @@ class MacWorkspace final : public Workspace {
     std::vector<RunningApplication> runningApplications() const override;
     Subscription onApplicationsChanged(std::function<void()> handler) override;
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
+    std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier process) const override;
+    std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
+    bool activate(ProcessIdentifier process) override;
     bool openUrl(std::string_view url) override;
 
   private:

@@ -1,6 +1,7 @@
 #include "platform/macos/workspace.h"
 
 #include "platform/macos/conversions.h"
+#include "platform/macos/icon_png.h"
 #include "platform/macos/main_thread.h"
 #include "platform/macos/notices.h"
 
@@ -44,6 +45,24 @@ std::optional<std::string> MacWorkspace::bundleIdentifierAt(std::string_view pat
         if (!place.absolutePath) return std::nullopt; // else it counts from the working directory
         return textIn([NSBundle bundleWithPath:place].bundleIdentifier);
     }
+}
+
+std::optional<std::vector<std::byte>> MacWorkspace::iconPngOfProcess(ProcessIdentifier process) const {
+    assertMainThread();
+    return iconPng([NSRunningApplication runningApplicationWithProcessIdentifier:process].icon);
+}
+
+std::optional<std::vector<std::byte>> MacWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
+    assertMainThread();
+    NSWorkspace* workspace = NSWorkspace.sharedWorkspace;
+    NSURL* url = [workspace URLForApplicationWithBundleIdentifier:toNSString(bundleIdentifier)];
+    return iconPng(url.path ? [workspace iconForFile:url.path] : nil);
+}
+
+bool MacWorkspace::activate(ProcessIdentifier process) {
+    assertMainThread();
+    NSRunningApplication* running = [NSRunningApplication runningApplicationWithProcessIdentifier:process];
+    return running && [running activateWithOptions:NSApplicationActivateAllWindows];
 }
 
 bool MacWorkspace::openUrl(std::string_view url) {

@@ -4,11 +4,13 @@
 #include <Foundation/Foundation.h>
 
 #include <AppKit/NSAccessibility.h>
+#include <AppKit/NSAlert.h>
 #include <AppKit/NSAnimation.h>
 #include <AppKit/NSAnimationContext.h>
 #include <AppKit/NSApplication.h>
 #include <AppKit/NSAttributedString.h>
 #include <AppKit/NSBezierPath.h>
+#include <AppKit/NSBitmapImageRep.h>
 #include <AppKit/NSButton.h>
 #include <AppKit/NSCell.h>
 #include <AppKit/NSClipView.h>
@@ -22,10 +24,13 @@
 #include <AppKit/NSFontDescriptor.h>
 #include <AppKit/NSGradient.h>
 #include <AppKit/NSGraphics.h>
+#include <AppKit/NSGraphicsContext.h>
 #include <AppKit/NSImage.h>
+#include <AppKit/NSImageRep.h>
 #include <AppKit/NSImageView.h>
 #include <AppKit/NSMenu.h>
 #include <AppKit/NSMenuItem.h>
+#include <AppKit/NSPanel.h>
 #include <AppKit/NSPasteboard.h>
 #include <AppKit/NSPasteboardItem.h>
 #include <AppKit/NSPopover.h>

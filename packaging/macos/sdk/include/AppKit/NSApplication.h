@@ -4,7 +4,9 @@
 #include <AppKit/NSResponder.h>
 #include <AppKit/NSRunningApplication.h>
 
-@class NSApplication, NSMenu;
+@class NSApplication, NSMenu, NSWindow;
+
+typedef NSInteger NSModalResponse;
 
 typedef NS_ENUM(NSUInteger, NSApplicationTerminateReply) {
     NSTerminateNow = 1,
@@ -29,7 +31,9 @@ APPKIT_EXTERN const NSNotificationName NSApplicationDidChangeScreenParametersNot
 @property (readonly, strong) NSEvent *currentEvent;
 @property (weak) id<NSApplicationDelegate> delegate;
 @property (strong) NSMenu *mainMenu;
+@property (readonly, strong) NSWindow *modalWindow;
 - (void)run;
+- (void)abortModal;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
 - (void)activate API_AVAILABLE(macos(14.0));
 - (void)activateIgnoringOtherApps:(BOOL)ignoresOthers

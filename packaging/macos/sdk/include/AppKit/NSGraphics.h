@@ -18,4 +18,7 @@ typedef NS_ENUM(NSInteger, NSWindowOrderingMode) {
     NSWindowOut = 0,
 };
 
+typedef NSString *NSColorSpaceName;
+APPKIT_EXTERN NSColorSpaceName const NSDeviceRGBColorSpace;
+
 APPKIT_EXTERN void NSBeep(void);

@@ -2,10 +2,11 @@
 
 #include <AppKit/NSCell.h>
 
-@class NSMenu;
+@class NSImage, NSMenu;
 
 @interface NSMenuItem : NSObject <NSCopying, NSCoding>
 @property (getter=isEnabled) BOOL enabled;
+@property (strong) NSImage *image;
 @property (strong) id representedObject;
 @property NSControlStateValue state;
 @property (strong) NSMenu *submenu;

@@ -8,8 +8,17 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSApplicationActivationPolicyProhibited,
 };
 
+typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions) {
+    NSApplicationActivateAllWindows = 1,
+};
+
+@class NSImage;
+
 @interface NSRunningApplication : NSObject
 @property (readonly, copy) NSString *localizedName;
 @property (readonly, copy) NSString *bundleIdentifier;
+@property (readonly, strong) NSImage *icon;
 @property (readonly) pid_t processIdentifier;
++ (instancetype)runningApplicationWithProcessIdentifier:(pid_t)process;
+- (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
 @end

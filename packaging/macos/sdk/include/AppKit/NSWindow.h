@@ -9,16 +9,22 @@ typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
     NSWindowStyleMaskBorderless = 0,
     NSWindowStyleMaskTitled = 1,
     NSWindowStyleMaskClosable = 2,
+    NSWindowStyleMaskNonactivatingPanel = 128,
 };
 
 typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
     NSWindowCollectionBehaviorDefault = 0,
+    NSWindowCollectionBehaviorCanJoinAllSpaces = 1,
     NSWindowCollectionBehaviorMoveToActiveSpace = 2,
+    NSWindowCollectionBehaviorFullScreenAuxiliary = 256,
 };
 
 typedef NS_OPTIONS(NSUInteger, NSWindowOcclusionState) {
     NSWindowOcclusionStateVisible = 2,
 };
+
+typedef NSInteger NSWindowLevel;
+static const NSWindowLevel NSStatusWindowLevel = 25;
 
 APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 
@@ -34,6 +40,10 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 @property (weak) id<NSWindowDelegate> delegate;
 @property (weak, readonly) NSResponder *firstResponder;
 @property (readonly) NSRect frame;
+@property BOOL hasShadow;
+@property BOOL hidesOnDeactivate;
+@property NSWindowLevel level;
+@property (readonly) BOOL canBecomeKeyWindow;
 @property (readonly) NSWindowOcclusionState occlusionState;
 @property (getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property (getter=isRestorable) BOOL restorable;
@@ -46,6 +56,8 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
                               defer:(BOOL)defer;
 - (void)center;
 - (void)close;
+- (void)orderFrontRegardless;
+- (void)orderOut:(id)sender;
 - (void)makeKeyAndOrderFront:(id)sender;
 - (void)makeKeyWindow;
 - (BOOL)makeFirstResponder:(NSResponder *)responder;

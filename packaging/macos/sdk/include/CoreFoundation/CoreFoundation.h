@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CoreFoundation/CFArray.h>
+#include <CoreFoundation/CFAttributedString.h>
 #include <CoreFoundation/CFBase.h>
 #include <CoreFoundation/CFCGTypes.h>
 #include <CoreFoundation/CFData.h>

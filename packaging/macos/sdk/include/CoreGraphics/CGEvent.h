@@ -2,10 +2,13 @@
 
 #include <CoreFoundation/CFCGTypes.h>
 #include <CoreGraphics/CGEventTypes.h>
+#include <CoreGraphics/CGRemoteOperation.h>
 
 CG_EXTERN CGEventRef CGEventCreate(CGEventSourceRef source) CF_RETURNS_RETAINED;
 CG_EXTERN CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType type, CGPoint location,
                                              CGMouseButton button) CF_RETURNS_RETAINED;
+CG_EXTERN CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode key,
+                                                bool keyDown) CF_RETURNS_RETAINED;
 CG_EXTERN CGPoint CGEventGetLocation(CGEventRef event);
 CG_EXTERN void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
 CG_EXTERN void CGEventSetIntegerValueField(CGEventRef event, CGEventField field, int64_t value);

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <CoreFoundation/CFCGTypes.h>
+#include <CoreFoundation/CFDictionary.h>
 
 CG_EXTERN const CGPoint CGPointZero;
 CG_EXTERN const CGSize CGSizeZero;
 CG_EXTERN const CGRect CGRectZero;
 CG_EXTERN const CGRect CGRectNull;
 
+CG_EXTERN bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dictionary, CGRect *rect);
 CG_EXTERN bool CGRectIsEmpty(CGRect rect);
 CG_EXTERN bool CGRectContainsPoint(CGRect rect, CGPoint point);
 CG_EXTERN bool CGRectIntersectsRect(CGRect first, CGRect second);

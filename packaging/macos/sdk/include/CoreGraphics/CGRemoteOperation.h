@@ -3,6 +3,8 @@
 #include <CoreFoundation/CFCGTypes.h>
 #include <CoreGraphics/CGError.h>
 
+typedef uint16_t CGKeyCode;
+
 typedef CF_OPTIONS(uint32_t, CGEventFilterMask) {
     kCGEventFilterMaskPermitLocalMouseEvents = 0x00000001,
     kCGEventFilterMaskPermitLocalKeyboardEvents = 0x00000002,

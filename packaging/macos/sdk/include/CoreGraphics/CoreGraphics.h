@@ -7,3 +7,4 @@
 #include <CoreGraphics/CGEventTypes.h>
 #include <CoreGraphics/CGGeometry.h>
 #include <CoreGraphics/CGRemoteOperation.h>
+#include <CoreGraphics/CGWindow.h>

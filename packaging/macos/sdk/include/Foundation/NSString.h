@@ -24,6 +24,7 @@ typedef NS_OPTIONS(NSUInteger, NSStringCompareOptions) {
 @property (readonly, copy) NSString *lastPathComponent;
 @property (readonly, copy) NSString *lowercaseString;
 @property (readonly, copy) NSString *capitalizedString;
+@property (readonly, copy) NSString *precomposedStringWithCanonicalMapping;
 @property (readonly) double doubleValue;
 @property (readonly) NSInteger integerValue;
 @property (readonly) BOOL boolValue;
@@ -42,6 +43,7 @@ typedef NS_OPTIONS(NSUInteger, NSStringCompareOptions) {
 - (NSComparisonResult)localizedStandardCompare:(NSString *)other;
 - (NSString *)stringByFoldingWithOptions:(NSStringCompareOptions)options locale:(NSLocale *)locale;
 - (NSArray<NSString *> *)componentsSeparatedByCharactersInSet:(NSCharacterSet *)separators;
+- (NSString *)stringByReplacingOccurrencesOfString:(NSString *)target withString:(NSString *)replacement;
 - (NSString *)stringByTrimmingCharactersInSet:(NSCharacterSet *)characters;
 - (NSData *)dataUsingEncoding:(NSStringEncoding)encoding allowLossyConversion:(BOOL)lossy;
 @end

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <AppKit/NSGraphics.h>
+
+@interface NSImageRep : NSObject <NSCopying>
+@property NSSize size;
+@end

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <AppKit/NSWindow.h>
+
+@interface NSPanel : NSWindow
+@property BOOL becomesKeyOnlyIfNeeded;
+@end

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/macos/apple.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace tavrin::macos {
+
+/// The image as a PNG of 32 × 32 pixels for 16 × 16 points; none for nil. Main thread.
+std::optional<std::vector<std::byte>> iconPng(NSImage* icon);
+
+} // namespace tavrin::macos
