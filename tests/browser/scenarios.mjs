@@ -1,7 +1,7 @@
 // Each drives the modelled Mac as a person does, with pointer and keyboard, and looks at what the page shows.
 import assert from "node:assert/strict";
 import { createServer } from "node:http";
-import { MacPage, MacServer, until } from "./mac_page.mjs";
+import { MacPage, MacServer, tavrin, until } from "./mac_page.mjs";
 
 export const scenarios = {
     async "onboarding: granting access brings the control and hides the items"({ mac }) {
@@ -126,6 +126,29 @@ export const scenarios = {
             (await mac.itemNames()).join().match(/^Tavrin,Wi.Fi.*,Control Center,Clock$/), 20);
         assert.equal(await mac.button("Apply and Hide").count(), 0);
         assert.deepEqual((await mac.server.command({ do: "look" })).pointer.buttons, []);
+    },
+
+    async "pins: one stands in the menu, asks before its first run, runs, and tells when it can't"({ mac }) {
+        const pin = (id, name, path) => ({
+            id: `E621E1F8-C36C-495A-93FC-0C247A3E6E5${id}`, name, path: path.map((title) => ({ title })), menuOrigin: "appMenuBar",
+            bundleIdentifier: "org.example.textdesk", applicationName: "Text Desk", statusItem: { index: 0 },
+            hasConfirmedFirstRun: name !== "Plan",
+        });
+        const pins = [pin(1, "Plan", ["File", "Open Recent", "Plan.txt"]), pin(2, "Gone", ["File", "Not There"])];
+        const document = Buffer.from(JSON.stringify({ version: 1, pins })).toString("base64");
+        await mac.server.command({ do: "set", preferences: { [tavrin]: { "Tavrin.pinnedActions": { $data: document } } } });
+        await mac.hidden();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Plan").click();
+        await mac.room.getByText("Run \"Plan\"?").waitFor();
+        await mac.button("Run").click();
+        await mac.trace.getByText("File › Open Recent › Plan.txt").waitFor();
+        await mac.control.click({ button: "right" });
+        await mac.entry("Gone").click();
+        await mac.room.getByText("\"Gone\" didn't run").waitFor();
+        await mac.room.getByText(/Not There/).waitFor();
+        await mac.button("Close").last().click();
+        await until("the notice has gone", async () => await mac.room.getByText("\"Gone\" didn't run").count() === 0);
     },
 
     async "wheel: a list scrolls under the pointer"({ mac }) {
