@@ -54,7 +54,9 @@ TEST(Applying, losesNothingWhenADisplayIsUnplugged) {
         mac.wait(20);
         expectPointerIsFree(mac, before);
         EXPECT_EQ(storedHidden(mac).size(), 2u);
-        EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t ") || showsPart(mac, "Items")) << moment;
+        EXPECT_FALSE(isRightOfControl(mac, "Wi-Fi")) << moment;
+        // Its two items have one identifier, so that neither can be told from the other.
+        EXPECT_TRUE(showsPart(mac, "Couldn’t apply 2 changes:\\nShow File Sync ")) << moment;
         EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
     }
 }
@@ -67,7 +69,7 @@ TEST(Applying, aHandOnTheMouseCostsAttemptsAndNoMore) {
     const auto before = mac.look()["pointer"]["at"];
     waitForApply(mac);
     expectPointerIsFree(mac, before);
-    EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t apply "));
+    EXPECT_TRUE(isCollapsed(mac));
     EXPECT_EQ(storedHidden(mac).size(), 2u);
 }
 
@@ -88,8 +90,9 @@ TEST(Applying, tellsOfAnItemWhoseOwnerQuitsWhileItIsDragged) {
     waitForApply(mac);
     expectPointerIsFree(mac, before);
     EXPECT_EQ(storedHidden(mac).size(), 3u) << "it is hidden again when it comes back";
-    EXPECT_TRUE(isCollapsed(mac) || showsPart(mac, "Couldn’t apply 1 change:"))
-        << mac.look()["surfaces"].dump().substr(0, 2000);
+    EXPECT_TRUE(
+        mac.shows("Couldn’t apply 1 change:\nHide Item 0: the item is no longer available; refresh and "
+                  "try again."));
     for (const auto& item : mac.look()["menuBar"])
         if (item["owner"] != tavrinBundle) EXPECT_LT(item["frame"][0], mac.control()["frame"][0]);
 }

@@ -17,9 +17,9 @@ NSImage* imageOf(const IconOfApplication& icon) {
 
 NSAlert* makeAlert(const AlertQuestion& question) {
     NSAlert* alert = [[NSAlert alloc] init];
-    alert.messageText = toNSString(question.messageText);
-    alert.informativeText = toNSString(question.informativeText);
-    for (const auto& button : question.buttons) [alert addButtonWithTitle:toNSString(button)];
+    alert.messageText = localized(question.messageText);
+    alert.informativeText = localized(question.informativeText);
+    for (const auto& button : question.buttons) [alert addButtonWithTitle:localized(button)];
     if (question.icon) alert.icon = imageOf(*question.icon); // nil means the program's own
     return alert;
 }
