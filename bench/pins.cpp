@@ -1,8 +1,8 @@
 // Measures what keeping 500 pins costs, each with an icon as large as a real one, and holds it against the
 // budgets. Built in release; exits with 1 when one is exceeded.
 
-#include "model/text_icu.h"
-#include "pins/pinned_action_store.h"
+#include "pins/store/pinned_action_store.h"
+#include "seam/text_icu.h"
 #include "support/counting_defaults.h"
 
 #include <algorithm>

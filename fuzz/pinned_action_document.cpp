@@ -1,9 +1,9 @@
 // Feeds the reader of pins anything at all. What it reads must come out of writing and reading again
 // unchanged, and its judgement of what is JSON must be that of another reader.
 
-#include "pins/pinned_action_document.h"
+#include "pins/store/pinned_action_document.h"
 
-#include "pins/json_value.h"
+#include "base/json_value.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,10 +1,10 @@
 #include "app/app_delegate.h"
 #include "desktop/desktop_loader.h"
 #include "driver/modelled_mac.h"
-#include "driver/sessions.h"
-#include "driver/simulator_options.h"
 #include "main_tour.h"
 #include "serve/serve.h"
+#include "terminal/sessions.h"
+#include "terminal/simulator_options.h"
 
 #include <expected>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "main_tour.h"
 
-#include "driver/tour.h"
-#include "model/defaults_json.h"
+#include "preferences/defaults_json.h"
+#include "terminal/tour.h"
 
 #include <algorithm>
 #include <cstdlib>

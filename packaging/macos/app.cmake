@@ -1,6 +1,6 @@
 # The Mac programs: Tavrin and tavrin-seam-check, out of the portable program and src/platform/macos/. The same for the
 # cross-build with the stand-ins (presets macos-arm64 and macos-x86_64) and on a Mac with Xcode's SDK (macos-native).
-file(GLOB MAC_PLATFORM_SOURCES CONFIGURE_DEPENDS src/platform/macos/*.mm)
+file(GLOB_RECURSE MAC_PLATFORM_SOURCES CONFIGURE_DEPENDS src/platform/macos/*.mm)
 add_library(tavrin_macos STATIC ${MAC_PLATFORM_SOURCES})
 target_link_libraries(tavrin_macos PUBLIC tavrin_program)
 target_compile_options(tavrin_macos PUBLIC $<$<COMPILE_LANGUAGE:CXX>:-fobjc-arc> -Wunguarded-availability

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "desktop/keyboard_layout.h"
 #include "desktop/uncertainties.h"
-#include "platform/geometry.h"
 #include "platform/hot_keys.h"
 
 #include <array>

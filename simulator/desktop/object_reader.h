@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "desktop/strict_json.h"
-#include "platform/geometry.h"
 
 #include <array>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "desktop/desktop_file.h"
 #include "desktop/object_reader.h"
-#include "surfaces/pointer.h"
+#include "input/pointer.h"
 
 #include <expected>
 #include <nlohmann/json.hpp>

@@ -3,10 +3,10 @@
 #include "driver/arguments.h"
 #include "driver/targets.h"
 #include "driver/world_state.h"
-#include "model/mac.h"
-#include "person/person.h"
-#include "person/synthetic_input.h"
-#include "surfaces/screen_content.h"
+#include "input/person.h"
+#include "input/synthetic_input.h"
+#include "mac/mac.h"
+#include "mac/screen_content.h"
 
 #include <map>
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 #include "driver/driver.h"
 #include "driver/json_shapes.h"
-#include "surfaces/code_points.h"
+#include "views/code_points.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "concurrency/scheduler.h"
-#include "platform/geometry.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "driver/world_state.h"
-#include "model/mac.h"
-#include "surfaces/screen_content.h"
+#include "mac/mac.h"
+#include "mac/screen_content.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,8 +2,8 @@
 
 #include "concurrency/virtual_scheduler.h"
 #include "driver/driver.h"
-#include "model/mac.h"
-#include "surfaces/screen_content.h"
+#include "mac/mac.h"
+#include "mac/screen_content.h"
 
 #include <expected>
 #include <memory>

@@ -1,9 +1,9 @@
 #include "driver/surface_tree.h"
 
 #include "driver/json_shapes.h"
-#include "surfaces/keyboard_focus.h"
-#include "surfaces/menu_layout.h"
-#include "surfaces/view_queries.h"
+#include "screen/keyboard_focus.h"
+#include "screen/menu_layout.h"
+#include "views/view_queries.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "surfaces/surface.h"
+#include "screen/surface.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/mac.h"
-#include "surfaces/screen_content.h"
-#include "surfaces/view_queries.h"
+#include "mac/mac.h"
+#include "mac/screen_content.h"
+#include "views/view_queries.h"
 
 #include <expected>
 #include <functional>

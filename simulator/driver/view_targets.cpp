@@ -1,8 +1,8 @@
 #include "desktop/strict_json.h"
 #include "driver/surface_tree.h"
 #include "driver/targets.h"
-#include "surfaces/surface_keys.h"
-#include "surfaces/view_drag.h"
+#include "input/view_drag.h"
+#include "screen/surface_keys.h"
 
 #include <algorithm>
 #include <array>

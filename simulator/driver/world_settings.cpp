@@ -1,7 +1,7 @@
 #include "driver/world_settings.h"
 
 #include "desktop/desktop_loader.h"
-#include "model/defaults_json.h"
+#include "preferences/defaults_json.h"
 
 #include <array>
 #include <map>

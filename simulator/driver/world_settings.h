@@ -2,7 +2,7 @@
 
 #include "driver/arguments.h"
 #include "driver/world_state.h"
-#include "model/mac.h"
+#include "mac/mac.h"
 
 #include <functional>
 #include <nlohmann/json.hpp>

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "accessibility/accessibility_onboarding.h"
+#include "accessibility/accessibility_permission.h"
 #include "app/settings_window.h"
 #include "concurrency/job.h"
-#include "core/app_updates.h"
 #include "core/menu_bar_manager.h"
-#include "discovery/accessibility_onboarding.h"
-#include "discovery/accessibility_permission.h"
 #include "platform/application.h"
 #include "platform/platform.h"
+#include "updates/app_updates.h"
 
 #include <memory>
 #include <optional>

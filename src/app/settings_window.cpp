@@ -1,9 +1,9 @@
 #include "app/settings_window.h"
 
 #include "platform/application.h"
-#include "platform/view_builders.h"
 #include "platform/workspace.h"
 #include "shortcuts/toggle_shortcut_settings_view.h"
+#include "views/view_builders.h"
 
 #include <utility>
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "accessibility/accessibility_permission.h"
 #include "concurrency/signal.h"
-#include "core/app_updates.h"
-#include "discovery/accessibility_permission.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
 #include "shortcuts/toggle_shortcut_controller.h"
+#include "updates/app_updates.h"
 
 #include <memory>
 #include <vector>

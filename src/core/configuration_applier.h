@@ -1,14 +1,14 @@
 #pragma once
 
+#include "accessibility/accessibility_permission.h"
 #include "concurrency/job.h"
 #include "core/configuration_failure.h"
-#include "core/hiding_controller.h"
-#include "core/item_inventory.h"
-#include "core/menu_bar_state.h"
-#include "core/own_status_items.h"
-#include "core/status_item_geometry_keeper.h"
-#include "discovery/accessibility_permission.h"
 #include "discovery/menu_bar_item_reader.h"
+#include "hiding/hiding_controller.h"
+#include "hiding/item_inventory.h"
+#include "hiding/menu_bar_state.h"
+#include "hiding/own_status_items.h"
+#include "hiding/status_item_geometry_keeper.h"
 #include "movement/menu_bar_item_mover.h"
 #include "platform/platform.h"
 

@@ -2,12 +2,12 @@
 
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
-#include "core/hiding_controller.h"
-#include "core/menu_bar_state.h"
-#include "core/own_status_items.h"
-#include "core/settings.h"
+#include "hiding/hiding_controller.h"
+#include "hiding/menu_bar_state.h"
+#include "hiding/own_status_items.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
+#include "settings/settings.h"
 
 #include <functional>
 #include <memory>

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "concurrency/signal.h"
-#include "core/app_updates.h"
 #include "core/control_menu_plan.h"
 #include "core/first_run_hint.h"
-#include "core/menu_bar_state.h"
-#include "core/own_status_items.h"
+#include "hiding/menu_bar_state.h"
+#include "hiding/own_status_items.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
+#include "updates/app_updates.h"
 
 #include <functional>
 

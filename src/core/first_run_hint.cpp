@@ -3,7 +3,7 @@
 #include "concurrency/scheduler.h"
 #include "platform/application.h"
 #include "platform/events.h"
-#include "platform/view_builders.h"
+#include "views/view_builders.h"
 
 #include <utility>
 

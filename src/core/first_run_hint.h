@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/own_status_items.h"
-#include "core/settings.h"
+#include "hiding/own_status_items.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
+#include "settings/settings.h"
 
 #include <functional>
 #include <memory>

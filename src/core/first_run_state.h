@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/settings.h"
 #include "discovery/menu_bar_item.h"
+#include "settings/settings.h"
 
 #include <set>
 #include <span>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "platform/accessibility.h"
-#include "platform/geometry.h"
-#include "platform/view.h"
+#include "views/view.h"
 
 #include <optional>
 #include <string>

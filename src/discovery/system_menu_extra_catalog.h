@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/geometry.h"
+#include "base/geometry.h"
 
 #include <optional>
 #include <span>

@@ -2,7 +2,7 @@
 
 #include "concurrency/waits.h"
 #include "discovery/menu_bar_screen_geometry.h"
-#include "discovery/pointer_gesture.h"
+#include "gestures/pointer_gesture.h"
 #include "platform/accessibility.h"
 
 #include <utility>

@@ -3,7 +3,7 @@
 #include "concurrency/task.h"
 #include "discovery/menu_bar_item.h"
 #include "discovery/menu_bar_item_reader.h"
-#include "discovery/window_server_status_item_bridge.h"
+#include "gestures/window_server_status_item_bridge.h"
 #include "movement/menu_bar_move_geometry.h"
 #include "platform/events.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "discovery/menu_bar_item.h"
-#include "platform/geometry.h"
 #include "platform/screens.h"
 
 #include <optional>

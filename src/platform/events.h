@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "concurrency/scheduler.h"
 #include "platform/accessibility.h"
-#include "platform/geometry.h"
 #include "platform/keyboard.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/view.h"
+#include "views/view.h"
 
 #include <functional>
 #include <optional>

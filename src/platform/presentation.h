@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/geometry.h"
+#include "base/geometry.h"
 #include "platform/menu.h"
 #include "platform/status_items.h"
-#include "platform/view.h"
+#include "views/view.h"
 
 #include <cstddef>
 #include <functional>

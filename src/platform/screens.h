@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "concurrency/signal.h"
-#include "platform/geometry.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "platform/accessibility.h"
-#include "platform/geometry.h"
 
 #include <cstdint>
 #include <expected>

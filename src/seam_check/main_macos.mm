@@ -3,7 +3,7 @@
 #include "concurrency/job.h"
 #include "platform/macos/apple.h"
 #include "platform/macos/mac_platform.h"
-#include "platform/macos/main_menu.h"
+#include "platform/macos/presentation/main_menu.h"
 #include "seam_check/options.h"
 #include "seam_check/report.h"
 

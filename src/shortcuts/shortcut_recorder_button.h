@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/keyboard.h"
-#include "platform/recorder_button.h"
 #include "shortcuts/hot_key_shortcut.h"
+#include "views/recorder_button.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "shortcuts/shortcut_recorder_field.h"
 
-#include "platform/view_builders.h"
+#include "views/view_builders.h"
 
 #include <memory>
 

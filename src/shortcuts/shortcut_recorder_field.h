@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/platform.h"
-#include "platform/view.h"
 #include "shortcuts/shortcut_recorder_button.h"
+#include "views/view.h"
 
 #include <functional>
 #include <optional>

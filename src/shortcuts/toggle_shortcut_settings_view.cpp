@@ -1,7 +1,7 @@
 #include "shortcuts/toggle_shortcut_settings_view.h"
 
-#include "platform/view_builders.h"
 #include "shortcuts/shortcut_recorder_field.h"
+#include "views/view_builders.h"
 
 #include <string>
 #include <utility>

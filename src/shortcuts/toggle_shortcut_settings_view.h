@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/platform.h"
-#include "platform/view.h"
 #include "shortcuts/toggle_shortcut_controller.h"
+#include "views/view.h"
 
 namespace tavrin {
 

@@ -1,7 +1,7 @@
 #include "ui/collapsed_menu_view.h"
 
-#include "platform/view_builders.h"
 #include "ui/configure_rows.h"
+#include "views/view_builders.h"
 
 #include <utility>
 #include <vector>

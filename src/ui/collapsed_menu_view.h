@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/menu_bar_manager.h"
-#include "platform/view.h"
+#include "views/view.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "ui/configure_rows.h"
 
-#include "platform/view_builders.h"
+#include "views/view_builders.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "discovery/menu_bar_item.h"
-#include "platform/view.h"
+#include "views/view.h"
 
 #include <functional>
 

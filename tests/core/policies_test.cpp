@@ -1,9 +1,9 @@
-#include "core/collapse_request_tracker.h"
 #include "core/control_menu_plan.h"
 #include "core/first_run_state.h"
-#include "core/skerrow_policy.h"
-#include "core/status_item_geometry_policy.h"
-#include "core/status_item_position_defaults.h"
+#include "hiding/collapse_request_tracker.h"
+#include "hiding/skerrow_policy.h"
+#include "hiding/status_item_geometry_policy.h"
+#include "settings/status_item_position_defaults.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "concurrency/job.h"
-#include "discovery/window_server_status_item_bridge.h"
+#include "gestures/window_server_status_item_bridge.h"
 #include "support/fake_events.h"
 #include "support/fake_window_server.h"
 

@@ -1,7 +1,7 @@
 #include "driver/probe_program.h"
 #include "platform/application.h"
-#include "platform/view_builders.h"
 #include "support/tavrin_mac.h"
+#include "views/view_builders.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "driver/menu_bar_drawing.h"
-#include "driver/prompt_line.h"
-#include "driver/simulator_options.h"
-#include "driver/tour.h"
 #include "support/tavrin_mac.h"
+#include "terminal/menu_bar_drawing.h"
+#include "terminal/prompt_line.h"
+#include "terminal/simulator_options.h"
+#include "terminal/tour.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

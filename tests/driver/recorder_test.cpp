@@ -1,8 +1,8 @@
 #include "driver/probe_program.h"
 #include "platform/hot_keys.h"
-#include "platform/view_builders.h"
 #include "shortcuts/shortcut_recorder_field.h"
 #include "support/tavrin_mac.h"
+#include "views/view_builders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "driver/probe_program.h"
 #include "platform/events.h"
-#include "platform/view_builders.h"
 #include "platform/workspace.h"
 #include "support/tavrin_mac.h"
+#include "views/view_builders.h"
 
 #include <gtest/gtest.h>
 

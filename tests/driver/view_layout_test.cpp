@@ -1,7 +1,7 @@
-#include "platform/view_builders.h"
-#include "surfaces/text_metrics.h"
-#include "surfaces/view_layout.h"
-#include "surfaces/view_queries.h"
+#include "views/laid_out_view.h"
+#include "views/text_metrics.h"
+#include "views/view_builders.h"
+#include "views/view_queries.h"
 
 #include <gtest/gtest.h>
 #include <random>

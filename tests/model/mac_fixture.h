@@ -1,7 +1,7 @@
 #pragma once
 
 #include "concurrency/virtual_scheduler.h"
-#include "model/mac.h"
+#include "mac/mac.h"
 #include "platform/presentation.h"
 #include "platform/screens.h"
 #include "platform/workspace.h"

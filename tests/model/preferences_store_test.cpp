@@ -1,5 +1,5 @@
-#include "model/defaults_json.h"
 #include "model/mac_fixture.h"
+#include "preferences/defaults_json.h"
 
 #include <fstream>
 #include <limits>

@@ -1,5 +1,5 @@
+#include "menu_bar/status_layout.h"
 #include "model/mac_fixture.h"
-#include "model/status_layout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/text_icu.h"
+#include "seam/text_icu.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "model/text_icu.h"
-#include "pins/menu_title.h"
+#include "pins/store/menu_title.h"
+#include "seam/text_icu.h"
 
 #include <gtest/gtest.h>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "discovery/fake_accessibility.h"
-#include "pins/live_status_items.h"
-#include "pins/menu_tree_reader.h"
+#include "pins/menus/live_status_items.h"
+#include "pins/menus/menu_tree_reader.h"
 
 #include <gtest/gtest.h>
 #include <numeric>

@@ -1,5 +1,5 @@
-#include "pins/pinned_action_document.h"
 #include "pins/pins_for_tests.h"
+#include "pins/store/pinned_action_document.h"
 
 #include <gtest/gtest.h>
 #include <span>

@@ -1,5 +1,5 @@
-#include "model/text_icu.h"
-#include "pins/pinned_status_item_reference.h"
+#include "pins/store/pinned_status_item_reference.h"
+#include "seam/text_icu.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pins/pinned_action.h"
+#include "pins/store/pinned_action.h"
 
 #include <cstdint>
 #include <string>

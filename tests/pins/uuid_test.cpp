@@ -1,4 +1,4 @@
-#include "pins/uuid.h"
+#include "pins/store/uuid.h"
 
 #include <gtest/gtest.h>
 #include <set>

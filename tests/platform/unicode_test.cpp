@@ -1,4 +1,4 @@
-#include "platform/unicode.h"
+#include "base/unicode.h"
 
 #include <gtest/gtest.h>
 

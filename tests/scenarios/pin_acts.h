@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pins/base64.h"
+#include "base/base64.h"
 #include "scenarios/acts.h"
 
 #include <algorithm>

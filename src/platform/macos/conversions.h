@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "platform/defaults.h"
-#include "platform/geometry.h"
 #include "platform/macos/apple.h"
 #include "platform/macos/cf_reference.h"
 

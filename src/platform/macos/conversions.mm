@@ -1,7 +1,7 @@
 #include "platform/macos/conversions.h"
 
+#include "base/unicode.h"
 #include "platform/macos/main_thread.h"
-#include "platform/unicode.h"
 
 #include <type_traits>
 #include <utility>

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "concurrency/virtual_scheduler.h"
+#include "preferences/preferences_store.h"
+#include "system/world_calls.h"
+
+#include <string>
+
+namespace mac_model {
+
+/// The list of applications that may use Accessibility, as far as it is about the program. The choice is kept
+/// in the profile.
+class Permission {
+  public:
+    static constexpr tavrin::Seconds noticeDelay{0.1};
+    static constexpr tavrin::Seconds staleTime{0.8};
+
+    Permission(tavrin::VirtualScheduler&, PreferencesStore&, const Uncertainties&,
+               const std::string& bundleIdentifier, bool isTrustedAtFirst);
+
+    /// What the switch in System Settings shows, and what messages obey.
+    bool isTrusted() const;
+    /// What a process is told that asks: may lag behind.
+    bool isTrustedAsTold() const;
+
+    /// Whether the program had the permission since its process began, and lost it.
+    bool wasRevoked() const { return wasRevoked_; }
+
+    /// The person presses the switch. Programs hear of it after `noticeDelay`.
+    void setTrusted(bool);
+    /// The entry of some other application changes, which programs hear of as well.
+    void changeOtherEntry();
+
+    void programStarted() { wasRevoked_ = false; }
+
+    tavrin::Signal<> onChanged; // at once, for System Settings
+    tavrin::Signal<> onNotice;  // for programs
+
+  private:
+    tavrin::VirtualScheduler& scheduler_;
+    WorldCalls world_;
+    PreferencesStore& preferences_;
+    const Uncertainties& uncertainties_;
+    std::string key_;
+    bool isTrustedAtFirst_;
+    bool wasRevoked_ = false;
+    bool toldWhileStale_ = false;
+    tavrin::Seconds staleUntil_{-1};
+};
+
+} // namespace mac_model

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "applications/chosen_entries.h"
+#include "mac/mac.h"
+#include "menu_bar/menu_titles.h"
+#include "screen/menu_tracking.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+/// The menus at the left of the menu bar: those of the application that owns it.
+class ApplicationMenus {
+  public:
+    ApplicationMenus(Mac& mac, MenuTracking& menus, ChosenEntries& chosen)
+        : mac_(mac)
+        , menus_(menus)
+        , chosen_(chosen) {}
+
+    /// The titles on the screen, from left to right; none when no application has menus.
+    std::vector<MenuTitle> titlesOn(const ScreenSpec&) const;
+    /// The number of the title at a point of any screen.
+    std::optional<std::size_t> titleAt(tavrin::Point) const;
+
+    /// Opens the menu on the screen with the point, or closes it when it is open.
+    void toggle(std::size_t title, tavrin::Point);
+    /// Runs an entry of the application's menu, open or not.
+    void choose(tavrin::ProcessIdentifier, std::size_t title, const MenuPath&);
+    /// Runs the entry of the frontmost application with this key equivalent; false when there is none.
+    bool chooseByKey(std::string_view key, const std::vector<Modifier>&);
+
+  private:
+    void run(tavrin::ProcessIdentifier, std::size_t title, const MenuPath&);
+
+    Mac& mac_;
+    MenuTracking& menus_;
+    ChosenEntries& chosen_;
+};
+
+} // namespace mac_model

@@ -1,0 +1,62 @@
+#include "applications/program_panels.h"
+
+#include "screen/titled_window.h"
+#include "views/view_builders.h"
+
+#include <utility>
+
+namespace mac_model {
+
+namespace {
+
+tavrin::View iconOf(const ProgramInfo& program) {
+    auto icon = tavrin::simple(tavrin::ViewKind::Icon);
+    icon.icon = tavrin::IconOfApplication{program.bundleIdentifier};
+    icon.width = icon.height = 64;
+    return icon;
+}
+
+} // namespace
+
+void ProgramPanels::show(SurfaceIdentifier& shown, Surface surface, const tavrin::View& content) {
+    const auto connection = mac_.program().connection();
+    if (!connection) return;
+    if (stack_.find(shown) == nullptr) {
+        surface.owner = connection->process();
+        surface.deliver = [this](tavrin::Work work) { world_.after(tavrin::Seconds{0}, std::move(work)); };
+        placeTitledWindow(surface, content, mac_.screens().screens());
+        shown = stack_.add(std::move(surface)).identifier;
+    }
+    stack_.raise(shown);
+    stack_.makeKey(shown);
+}
+
+void ProgramPanels::showAbout() {
+    const auto& program = mac_.program().info();
+    Surface panel;
+    panel.kind = SurfaceKind::Panel;
+    panel.title = "About " + program.name;
+    show(about_, std::move(panel),
+         tavrin::column({iconOf(program), tavrin::text(program.name, {.style = tavrin::TextStyle::Heading}),
+                         tavrin::text(program.displayVersion, {.style = tavrin::TextStyle::Caption})},
+                        {.padding = 24, .width = 284, .isCentered = true}));
+}
+
+void ProgramPanels::showUpToDate() {
+    const auto& program = mac_.program().info();
+    auto done = tavrin::button("OK", [this] { stack_.dismiss(upToDate_); },
+                               {.style = tavrin::ButtonStyle::Prominent});
+    done.isDefaultButton = true;
+    Surface alert;
+    alert.kind = SurfaceKind::Alert;
+    alert.title = "Software Update";
+    show(
+        upToDate_, std::move(alert),
+        tavrin::column(
+            {iconOf(program), tavrin::text("You’re up to date!", {.style = tavrin::TextStyle::Heading}),
+             tavrin::text(program.name + " is currently the newest version available.", {.isCentered = true}),
+             std::move(done)},
+            {.padding = 20, .width = 300, .isCentered = true}));
+}
+
+} // namespace mac_model

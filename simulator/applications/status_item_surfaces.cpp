@@ -1,0 +1,125 @@
+#include "applications/status_item_surfaces.h"
+
+#include "screen/menu_layout.h"
+#include "screen/placement.h"
+#include "views/view_builders.h"
+
+#include <utility>
+#include <vector>
+
+namespace mac_model {
+
+namespace {
+
+constexpr double contentWidth = 260;
+
+std::string nameOfOwner(const StatusItemRecord& item, const ProcessTable& processes) {
+    const auto* process = processes.find(item.owner);
+    return process ? process->application.name : std::string{};
+}
+
+tavrin::View contentOf(const std::string& name, const std::string& owner) {
+    std::vector<tavrin::View> lines{tavrin::text(name, {.style = tavrin::TextStyle::Heading})};
+    if (owner != name) lines.push_back(tavrin::text(owner, {.tone = tavrin::Tone::Secondary}));
+    return tavrin::column(std::move(lines), {.padding = 14, .width = contentWidth});
+}
+
+} // namespace
+
+std::string displayName(const StatusItemRecord& item, const ProcessTable& processes) {
+    if (!item.spec.description.empty()) return item.spec.description;
+    return !item.spec.title.empty() ? item.spec.title : nameOfOwner(item, processes);
+}
+
+bool StatusItemSurfaces::canAct(const StatusItemRecord& item) const {
+    const auto* owner = mac_.processes().find(item.owner);
+    return item.spec.enabled && item.frame && owner && owner->application.responding;
+}
+
+SurfaceIdentifier StatusItemSurfaces::openSurfaceOf(StatusItemIdentifier item) const {
+    for (const auto& surface : stack_.backToFront())
+        if (surface->anchor == item && surface->kind != SurfaceKind::Menu) return surface->identifier;
+    return SurfaceIdentifier::None;
+}
+
+void StatusItemSurfaces::toggle(StatusItemIdentifier identifier) {
+    const auto* item = mac_.statusArea().find(identifier);
+    if (!item || !canAct(*item)) return;
+    if (menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt}) return menus_.close();
+    if (const auto open = openSurfaceOf(identifier); open != SurfaceIdentifier::None)
+        return stack_.dismiss(open);
+    switch (item->spec.opens) {
+    case Opens::Menu:
+        return openMenu(*item);
+    case Opens::Popover:
+        return openContent(*item, SurfaceKind::Popover);
+    case Opens::Panel:
+        return openContent(*item, SurfaceKind::Panel);
+    case Opens::Nothing:
+        return;
+    }
+}
+
+void StatusItemSurfaces::openMenu(const StatusItemRecord& item) {
+    const auto identifier = item.identifier;
+    MenuRequest request;
+    request.items = item.spec.menu;
+    request.area = *item.frame;
+    request.owner = item.owner;
+    request.anchor.item = identifier;
+    request.onChosen = [this, identifier](const MenuPath& path) { record(identifier, path); };
+    request.onClosed = [this, identifier] { mac_.statusArea().setOpen(identifier, false); };
+    menus_.open(std::move(request));
+    mac_.statusArea().setOpen(identifier, true);
+}
+
+void StatusItemSurfaces::openContent(const StatusItemRecord& item, SurfaceKind kind) {
+    const auto identifier = item.identifier;
+    const auto name = displayName(item, mac_.processes());
+    const auto content = contentOf(name, nameOfOwner(item, mac_.processes()));
+    Surface surface;
+    surface.kind = kind;
+    surface.owner = item.owner;
+    surface.title = name;
+    surface.anchor = identifier;
+    surface.outsidePress = OutsidePress::Closes;
+    surface.frame = popoverFrame(measured(content, contentWidth), *item.frame,
+                                 screenFor(mac_.screens().screens(), item.frame->middle()));
+    if (kind == SurfaceKind::Popover) surface.arrowX = item.frame->midX();
+    surface.content = laidOut(content, surface.frame);
+    surface.onDismissed = [this, identifier] { mac_.statusArea().setOpen(identifier, false); };
+    stack_.makeKey(stack_.add(std::move(surface)).identifier);
+    mac_.statusArea().setOpen(identifier, true);
+}
+
+void StatusItemSurfaces::choose(StatusItemIdentifier identifier, const MenuPath& path) {
+    const auto* item = mac_.statusArea().find(identifier);
+    const auto* entry = item ? entryAt(item->spec.menu, path) : nullptr;
+    const bool isOpen = menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt};
+    if (entry && !entry->items.empty() && isOpen) return menus_.openSubmenuAt(path);
+    if (!entry || !isChoosable(*entry) || !canAct(*item)) return;
+    if (isOpen) return menus_.choose(path);
+    record(identifier, path);
+}
+
+void StatusItemSurfaces::record(StatusItemIdentifier identifier, const MenuPath& path) {
+    const auto* item = mac_.statusArea().find(identifier);
+    const auto* process = item ? mac_.processes().find(item->owner) : nullptr;
+    if (!process) return;
+    chosen_.record({mac_.scheduler().now(), process->application.bundleIdentifier,
+                    displayName(*item, mac_.processes()), titlesAlong(item->spec.menu, path)});
+}
+
+void StatusItemSurfaces::closeOrphans() {
+    const auto isGone = [this](StatusItemIdentifier identifier) {
+        if (identifier == StatusItemIdentifier::None) return false;
+        const auto* item = mac_.statusArea().find(identifier);
+        return !item || !item->frame;
+    };
+    std::vector<SurfaceIdentifier> orphans;
+    for (const auto& surface : stack_.backToFront())
+        if (isGone(surface->anchor)) orphans.push_back(surface->identifier);
+    for (const auto orphan : orphans) stack_.dismiss(orphan);
+}
+
+} // namespace mac_model

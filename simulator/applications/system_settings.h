@@ -1,0 +1,44 @@
+#pragma once
+
+#include "mac/mac.h"
+#include "screen/surface_stack.h"
+#include "system/world_calls.h"
+#include "views/view.h"
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+/// System Settings, as far as the list of applications that may use Accessibility. It runs while its window
+/// is open.
+class SystemSettings {
+  public:
+    static constexpr std::string_view bundleIdentifier = "com.apple.systempreferences";
+
+    SystemSettings(Mac&, SurfaceStack&);
+    SystemSettings(const SystemSettings&) = delete;
+    SystemSettings& operator=(const SystemSettings&) = delete;
+
+    /// Shows the page that the link names; false for links of other applications.
+    bool open(std::string_view url);
+
+  private:
+    void showWindow(tavrin::ProcessIdentifier);
+    void update();
+    void hasClosed();
+    void toggleOther(const std::string& bundleIdentifier);
+    tavrin::View content();
+    std::vector<tavrin::View> switches();
+
+    Mac& mac_;
+    SurfaceStack& stack_;
+    WorldCalls world_;
+    SurfaceIdentifier window_{};
+    std::set<std::string> trustedOthers_; // bundle identifiers
+    tavrin::Subscription permissionChanges_;
+};
+
+} // namespace mac_model

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
+#include "input/pointer.h"
+#include "platform/accessibility.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace mac_model {
+
+/// An input event that a process posted, a change of the cursor ("cursorHide", "cursorShow") that it made, or
+/// the alert sound ("beep").
+struct SyntheticEvent {
+    tavrin::Seconds time{0};
+    std::string type;
+    std::string tap; // where it entered; empty when posted to a process
+    std::optional<tavrin::ProcessIdentifier> processIdentifier; // that it was posted to
+    std::optional<tavrin::Point> at;
+    std::uint64_t flags = 0;            // CGEventFlags
+    std::map<int, std::int64_t> fields; // CGEventField
+    int clickState = 0;
+};
+
+/// What processes did to the input of this Mac, oldest first.
+class EventLog {
+  public:
+    void record(SyntheticEvent event) {
+        events_.push_back(std::move(event));
+        onRecorded.emit(events_.back());
+    }
+
+    /// Those since the last call.
+    std::vector<SyntheticEvent> drain() { return std::exchange(events_, {}); }
+
+    tavrin::Signal<SyntheticEvent> onRecorded;
+
+  private:
+    std::vector<SyntheticEvent> events_;
+};
+
+/// The cursor that processes hide and show. Hides are counted: as many shows bring it back.
+class Cursor {
+  public:
+    Cursor(Pointer& pointer, EventLog& log) : pointer_(pointer), log_(log) {}
+
+    void hide(tavrin::Seconds now) { change(now, "cursorHide", hides_ + 1); }
+
+    void show(tavrin::Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
+
+    /// The process that hid it has ended, and with it its hides.
+    void ownerEnded() {
+        hides_ = 0;
+        pointer_.isVisible = true;
+    }
+
+  private:
+    void change(tavrin::Seconds now, std::string type, int hides) {
+        hides_ = hides;
+        pointer_.isVisible = hides_ == 0;
+        SyntheticEvent event;
+        event.time = now;
+        event.type = std::move(type);
+        log_.record(std::move(event));
+    }
+
+    Pointer& pointer_;
+    EventLog& log_;
+    int hides_ = 0;
+};
+
+} // namespace mac_model

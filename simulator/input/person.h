@@ -1,0 +1,97 @@
+#pragma once
+
+#include "input/view_drag.h"
+#include "mac/mac.h"
+#include "mac/screen_content.h"
+#include "views/view_queries.h"
+
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace mac_model {
+
+/// The person in front of the Mac: one pointer, its buttons, a keyboard. What a person does reaches surfaces
+/// from front to back, then the menu bar, then the desktop; what it sets off in the program happens when the
+/// main loop turns.
+class Person {
+  public:
+    Person(Mac& mac, ScreenContent& content) : mac_(mac), content_(content) {}
+
+    Person(const Person&) = delete;
+    Person& operator=(const Person&) = delete;
+
+    void moveTo(tavrin::Point);
+    void press(MouseButton, const std::vector<Modifier>&);
+    void release(MouseButton);
+    /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
+    void letGoOfAll();
+
+    /// `key` is the character on the key in lower case, or one of the names of keys ("return", "f5"). Hot
+    /// keys come first, then what the key window's process monitors. False when nothing listens to it.
+    bool pressKey(std::string_view key, const std::vector<Modifier>&);
+
+    /// Points; positive shows what lies further up. False when nothing under the pointer scrolls.
+    bool scroll(double dy);
+
+  private:
+    struct HeldControl {
+        SurfaceIdentifier surface;
+        ViewPath path;
+        tavrin::ViewKind kind;
+    };
+
+    struct HeldCloseButton {
+        SurfaceIdentifier surface;
+    };
+
+    struct HeldTitleBar {
+        SurfaceIdentifier surface;
+    };
+
+    struct HeldItem {
+        StatusItemIdentifier item;
+    };
+
+    /// An item pressed with Command, which moves once the pointer has.
+    struct HeldPlace {
+        StatusItemIdentifier item;
+        tavrin::Point pressedAt;
+        double offset = 0; // from the item's left edge to the pointer
+        bool isCarried = false;
+    };
+
+    using Held =
+        std::variant<std::monostate, HeldControl, HeldCloseButton, HeldTitleBar, HeldItem, HeldPlace>;
+
+    enum class MenuPress { GoesOn, Taken };
+
+    MenuPress pressWithOpenMenu();
+    void pressSurface(Surface&, MouseButton);
+    void pressMenuBarOrDesktop(MouseButton, const std::vector<Modifier>&,
+                               const std::vector<StatusItemIdentifier>&);
+    void pressItem(const StatusItemRecord&, const std::vector<Modifier>&,
+                   const std::vector<StatusItemIdentifier>&);
+    void openContextMenu(const Surface&);
+    void letGo(const HeldControl&);
+    void letGo(const HeldCloseButton&);
+    void letGo(const HeldItem&, MouseButton);
+    void letGo(const HeldPlace&);
+    void carry(HeldPlace&);
+    bool isCarrying(const HeldPlace&) const;
+    tavrin::Point onPrimary(tavrin::Point) const;
+    bool isOnMenuBar(tavrin::Point) const;
+    bool showToMonitors(std::string_view key, const std::vector<Modifier>&, const tavrin::KeyPress&);
+    bool pressKeyInFront(std::string_view key, const std::vector<Modifier>&);
+    bool pressKeyInMenu(std::string_view key, const std::vector<Modifier>&);
+    bool closeKeySurface(std::string_view key);
+
+    tavrin::Point at() const { return content_.pointer.at; }
+
+    Mac& mac_;
+    ScreenContent& content_;
+    Held held_;
+    ViewDrag viewDrag_{content_.stack, content_.pointer, mac_.scheduler()};
+};
+
+} // namespace mac_model

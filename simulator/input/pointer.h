@@ -1,0 +1,21 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "platform/status_items.h"
+
+#include <array>
+#include <set>
+#include <string_view>
+
+namespace mac_model {
+
+using MouseButton = tavrin::StatusItemPress;
+inline constexpr std::array<std::string_view, 2> mouseButtonNames{"left", "right"};
+
+struct Pointer {
+    tavrin::Point at;
+    bool isVisible = true;
+    std::set<MouseButton> buttons; // held down
+};
+
+} // namespace mac_model

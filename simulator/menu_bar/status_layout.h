@@ -1,0 +1,70 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "desktop/desktop_file.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+// Where status items stand on a menu bar: a pure function of the items, the screen and the rules. One run of
+// items, without gaps, from the screen's right edge to the left: the clock, the other fixed items, then by
+// ascending preferred position, then those without one in the order of their creation.
+
+enum class StatusItemIdentifier : std::uint64_t { None = 0 };
+
+/// What macOS makes of a longer length.
+inline constexpr double statusItemLengthMax = 10'000;
+
+enum class HiddenReason { Offscreen, Notch, Dropped, Restricted };
+inline constexpr std::string_view hiddenReasonNames[] = {"offscreen", "notch", "dropped", "restricted"};
+
+/// The words of the driving protocol.
+constexpr std::string_view nameOf(HiddenReason reason) {
+    return hiddenReasonNames[static_cast<std::size_t>(reason)];
+}
+
+struct LayoutItem {
+    StatusItemIdentifier identifier{};
+    std::int32_t owner = 0;
+    double width = 0;
+    std::optional<double> preferredPosition;
+    bool isFixed = false;
+    bool isClock = false;
+    bool isForcedBehindNotch = false; // stands under the notch, outside the run
+    bool isRestricted = false;        // macOS shows it nowhere; its window waits below the screen
+};
+
+struct LayoutRules {
+    MacOSVersion version;
+    Uncertainties uncertainties;
+    bool dropsOwnersOfLongItems = false;
+    double menusEnd = 0; // x where the front application's menus end
+};
+
+struct PlacedItem {
+    StatusItemIdentifier identifier{};
+    tavrin::Rect frame;
+    bool isDrawn = false;            // any part of it
+    std::optional<HiddenReason> why; // none also for an item of width 0, which has nothing to draw
+};
+
+/// Identifiers ascend in the order of creation. The result stands from right to left, with items outside the
+/// run last.
+std::vector<PlacedItem> layOutStatusItems(std::span<const LayoutItem> items, const ScreenSpec&,
+                                          const LayoutRules&);
+
+/// Whether an item is so long that it serves to push others: from half the screen's width on.
+bool isLongOn(const ScreenSpec&, double width);
+
+/// The part of the menu bar under the camera; none on a screen without a notch.
+std::optional<tavrin::Rect> notchOf(const ScreenSpec&);
+
+/// The frame on another screen of an item that has `frame` on the primary: as far from its right edge.
+tavrin::Rect frameOnScreen(tavrin::Rect frame, const ScreenSpec& primary, const ScreenSpec& other);
+
+} // namespace mac_model

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "screen/surface_stack.h"
+#include "system/screens_model.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mac_model {
+
+/// What opened a menu: pressing it again closes the menu.
+struct MenuAnchor {
+    StatusItemIdentifier item = StatusItemIdentifier::None;
+    std::optional<std::size_t> title; // in the menu bar
+
+    bool operator==(const MenuAnchor&) const = default;
+};
+
+/// Positions of entries from the outermost menu inwards.
+using MenuPath = std::vector<std::size_t>;
+
+struct MenuRequest {
+    std::vector<MenuItemSpec> items;
+    tavrin::Rect area; // on the screen; the menu opens below it
+    tavrin::ProcessIdentifier owner = 0;
+    MenuAnchor anchor;
+    std::function<void(const MenuPath&)> onChosen; // after the menu has closed
+    std::function<void()> onClosed;
+};
+
+/// The one open menu with its submenus. While it is open it takes the mouse and the keyboard.
+class MenuTracking {
+  public:
+    MenuTracking(SurfaceStack& stack, ScreensModel& screens) : stack_(stack), screens_(screens) {}
+
+    MenuTracking(const MenuTracking&) = delete;
+    MenuTracking& operator=(const MenuTracking&) = delete;
+
+    /// Closes the menu that is open, if any.
+    void open(MenuRequest);
+    /// Closes the menu without a choice.
+    void close();
+
+    bool isOpen() const { return session_.has_value(); }
+
+    /// What it was opened from; nothing while no menu is open.
+    std::optional<MenuAnchor> anchor() const;
+
+    bool contains(tavrin::Point) const;
+    void pointerMovedTo(tavrin::Point);
+    /// Chooses the entry at the point, if it can be chosen.
+    void releasedAt(tavrin::Point);
+
+    void choose(const MenuPath&);
+    /// Chooses the entry with this key equivalent; false when there is none.
+    bool chooseByKey(std::string_view key, const std::vector<Modifier>&);
+    /// Moves the highlight to the next entry that can be highlighted, from the edge when none is.
+    void moveHighlight(int step);
+    /// Chooses the highlighted entry, or opens its submenu; without one, closes the menu.
+    void pickHighlighted();
+    /// Opens the submenu of the highlighted entry and highlights its first entry; false when it has none.
+    bool openHighlighted();
+    void closeInnermost();
+    /// Opens the submenu of the entry at this path, and those on the way to it.
+    void openSubmenuAt(const MenuPath&);
+
+    /// Whose menu it is; 0 while none is open.
+    tavrin::ProcessIdentifier owner() const { return session_ ? session_->request.owner : 0; }
+
+    /// The entries whose submenus are open.
+    MenuPath openPath() const { return session_ ? session_->path : MenuPath{}; }
+
+    /// After a menu was opened or closed.
+    tavrin::Signal<> onChanged;
+
+    std::vector<SurfaceIdentifier> menus() const; // outermost first
+
+  private:
+    struct Session {
+        MenuRequest request;
+        std::vector<SurfaceIdentifier> surfaces;
+        MenuPath path; // of the entries whose submenus are open
+    };
+
+    struct Place {
+        std::size_t depth;
+        std::size_t row;
+    };
+
+    std::optional<Place> placeAt(tavrin::Point) const;
+    Surface& surfaceAt(std::size_t depth) const;
+    void addSurface(std::vector<MenuItemSpec>, tavrin::Rect frame);
+    void highlight(Place);
+    void openSubmenu(Place);
+    void closeDeeperThan(std::size_t depth);
+
+    SurfaceStack& stack_;
+    ScreensModel& screens_;
+    std::optional<Session> session_;
+};
+
+} // namespace mac_model

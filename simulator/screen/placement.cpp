@@ -1,0 +1,56 @@
+#include "screen/placement.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace mac_model {
+
+namespace {
+
+using tavrin::Rect;
+using tavrin::Size;
+
+constexpr double edgeMargin = 8;
+constexpr double arrowHeight = 8;
+constexpr double menuRowInset = 5;
+
+double kept(double position, double least, double most) { return std::max(least, std::min(position, most)); }
+
+} // namespace
+
+ScreenSpec screenFor(const std::vector<ScreenSpec>& screens, tavrin::Point point) {
+    for (const auto& screen : screens)
+        if (screen.frame.contains(point)) return screen;
+    if (!screens.empty()) return screens.front();
+    ScreenSpec standIn;
+    standIn.frame = {0, 0, 1024, 768};
+    return standIn;
+}
+
+Rect windowFrame(Size size, const ScreenSpec& screen) {
+    const Rect& frame = screen.frame;
+    const double top = frame.minY() + screen.menuBarHeight;
+    const double room = std::max(0.0, frame.maxY() - top - size.height);
+    return {std::round(frame.midX() - size.width / 2), std::round(top + room * 0.4), size.width, size.height};
+}
+
+Rect popoverFrame(Size size, Rect area, const ScreenSpec& screen) {
+    const double y = area.maxY() + arrowHeight;
+    const double x = kept(std::round(area.midX() - size.width / 2), screen.frame.minX() + edgeMargin,
+                          screen.frame.maxX() - edgeMargin - size.width);
+    return {x, y, size.width, std::min(size.height, std::max(0.0, screen.frame.maxY() - edgeMargin - y))};
+}
+
+Rect menuFrame(Size size, Rect area, const ScreenSpec& screen) {
+    return {kept(area.minX(), screen.frame.minX(), screen.frame.maxX() - size.width), area.maxY(), size.width,
+            size.height};
+}
+
+Rect submenuFrame(Size size, Rect entry, const ScreenSpec& screen) {
+    const bool fitsRight = entry.maxX() + size.width <= screen.frame.maxX();
+    const double x = fitsRight ? entry.maxX() : std::max(screen.frame.minX(), entry.minX() - size.width);
+    return {x, kept(entry.minY() - menuRowInset, screen.frame.minY(), screen.frame.maxY() - size.height),
+            size.width, size.height};
+}
+
+} // namespace mac_model

@@ -1,0 +1,37 @@
+#include "screen/titled_window.h"
+
+#include "screen/placement.h"
+#include "views/view_layout.h"
+
+#include <cmath>
+#include <utility>
+
+namespace mac_model {
+
+namespace {
+
+tavrin::Size sizeFor(const tavrin::View& content) {
+    auto size = measured(content, tavrin::windowWidthMax);
+    size.height += Surface::titleBarHeight;
+    return size;
+}
+
+} // namespace
+
+void placeTitledWindow(Surface& surface, const tavrin::View& content,
+                       const std::vector<ScreenSpec>& screens) {
+    surface.hasTitleBar = true;
+    surface.frame = windowFrame(sizeFor(content), screenFor(screens, {}));
+    surface.content = laidOut(content, surface.contentFrame());
+}
+
+void replaceContent(Surface& surface, const tavrin::View& content) {
+    const auto size = sizeFor(content);
+    const double x = std::round(surface.frame.midX() - size.width / 2);
+    surface.frame = {x, surface.frame.y, size.width, size.height};
+    auto replaced = laidOut(content, surface.contentFrame());
+    carryScrolling(surface.content, replaced);
+    surface.content = std::move(replaced);
+}
+
+} // namespace mac_model

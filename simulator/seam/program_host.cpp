@@ -1,0 +1,123 @@
+#include "seam/program_host.h"
+
+#include "mac/mac.h"
+#include "seam/program_facades.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace mac_model {
+
+/// All that one process of the program consists of. The delegate goes before what it uses.
+struct ProgramHost::Life {
+    std::shared_ptr<ProgramConnection> connection;
+    ProgramFacades facades;
+    std::unique_ptr<tavrin::ApplicationDelegate> delegate;
+};
+
+ProgramHost::ProgramHost(Mac& mac, ProgramInfo info)
+    : mac_(mac)
+    , world_(mac.scheduler())
+    , info_(std::move(info)) {
+    frontChange_ = mac_.processes().onFrontChanged.subscribe([this] { noticeActivation(); });
+}
+
+ProgramHost::~ProgramHost() {
+    if (life_) end(End::Crash);
+    ending_.clear();
+}
+
+void ProgramHost::install(ProgramFactory factory, tavrin::Presentation& presentation) {
+    factory_ = std::move(factory);
+    presentation_ = &presentation;
+}
+
+std::shared_ptr<ProgramConnection> ProgramHost::connection() const {
+    return life_ ? life_->connection : nullptr;
+}
+
+void ProgramHost::start() {
+    if (!life_) return launch();
+    life_->connection->post([this] {
+        const bool hasWindows = hooks.hasVisibleWindows && hooks.hasVisibleWindows();
+        life_->delegate->applicationShouldHandleReopen(hasWindows);
+    });
+}
+
+void ProgramHost::launch() {
+    assert(factory_ && presentation_ && "installed before the start");
+    ApplicationSpec application;
+    application.bundleIdentifier = info_.bundleIdentifier;
+    application.name = info_.name;
+    application.policy = Policy::Accessory;
+    mac_.permission().programStarted();
+    const auto process = mac_.processes().launch(std::move(application));
+    const auto connection = std::make_shared<ProgramConnection>(mac_.scheduler(), process.value());
+    lastConnection_ = connection;
+    life_ = std::shared_ptr<Life>(new Life{connection, {mac_, connection, *presentation_}, nullptr});
+    onStarted.emit();
+    // A delegate of the last life that is still to be destroyed was posted before.
+    connection->post([this] { life_->delegate = factory_(life_->facades.platform()); });
+    connection->post([this] { life_->delegate->applicationDidFinishLaunching(); });
+}
+
+void ProgramHost::noticeActivation() {
+    const auto* front = mac_.processes().frontmost();
+    const bool isActive = life_ && front && front->identifier == life_->connection->process();
+    if (std::exchange(isActive_, isActive) != isActive && isActive) onActivated.emit();
+}
+
+void ProgramHost::terminate() {
+    if (life_) life_->connection->post([this] { ask(); });
+}
+
+void ProgramHost::ask() {
+    isReplyAwaited_ = true; // the reply may come from within the question
+    const auto life = life_;
+    if (life->delegate->applicationShouldTerminate() == tavrin::TerminateReply::Now && life == life_)
+        end(End::InOrder);
+}
+
+void ProgramHost::replyToShouldTerminate(bool terminates) {
+    if (!life_ || !std::exchange(isReplyAwaited_, false)) return;
+    if (terminates) end(End::InOrder);
+}
+
+void ProgramHost::crash() {
+    if (life_) end(End::Crash);
+}
+
+void ProgramHost::lastWindowClosed() {
+    if (!life_) return;
+    life_->connection->post([this] {
+        if (life_->delegate->applicationShouldTerminateAfterLastWindowClosed()) ask();
+    });
+}
+
+void ProgramHost::end(End how) {
+    const auto process = life_->connection->process();
+    if (how == End::InOrder) mac_.statusArea().storePositions(process);
+    life_->connection->close();
+    ending_.push_back(std::exchange(life_, nullptr));
+    isReplyAwaited_ = false;
+    isActive_ = false;
+    onDisconnected.emit();
+    mac_.processes().end(process);
+    world_.post([this, life = std::weak_ptr(ending_.back())] { std::erase(ending_, life.lock()); });
+}
+
+std::vector<std::string> ProgramHost::leftovers() const {
+    std::vector<std::string> found;
+    if (life_) return found;
+    const auto add = [&](std::size_t count, const std::string& what) {
+        if (count > 0)
+            found.push_back("The program left behind " + what + ": " + std::to_string(count) + ".");
+    };
+    add(ending_.size(), "processes that have not gone yet");
+    add(mac_.scheduler().tasksAlive(), "running jobs");
+    add(mac_.scheduler().timersPending(), "timers");
+    add(static_cast<std::size_t>(lastConnection_.use_count()), "references to the platform");
+    return found;
+}
+
+} // namespace mac_model

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "concurrency/virtual_scheduler.h"
+#include "platform/application.h"
+#include "platform/platform.h"
+#include "system/program_connection.h"
+#include "system/world_calls.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mac_model {
+
+class Mac;
+
+/// Builds the program over the given Mac. Called anew for each launch.
+using ProgramFactory = std::function<std::unique_ptr<tavrin::ApplicationDelegate>(tavrin::Platform&)>;
+
+struct ProgramInfo {
+    std::string bundleIdentifier;
+    std::string name;
+    std::string displayVersion; // as shown to a person
+};
+
+/// What the host needs of those who draw.
+struct ProgramHooks {
+    std::function<void()> showAboutPanel;
+    std::function<bool()> hasVisibleWindows;
+};
+
+/// Launches the program, asks it to quit and ends its process. Calls into the program are posted to the main
+/// thread: let the scheduler run to see them happen. The end of a process disconnects it at once; the
+/// program's objects are destroyed when the main loop turns, so that the end may come from anywhere.
+class ProgramHost {
+  public:
+    ProgramHost(Mac&, ProgramInfo);
+    ProgramHost(const ProgramHost&) = delete;
+    ProgramHost& operator=(const ProgramHost&) = delete;
+    ~ProgramHost();
+
+    /// Before the first `start`. The presentation must outlive the Mac.
+    void install(ProgramFactory, tavrin::Presentation&);
+
+    const ProgramInfo& info() const { return info_; }
+
+    bool isRunning() const { return life_ != nullptr; }
+
+    /// Null while the program doesn't run.
+    std::shared_ptr<ProgramConnection> connection() const;
+
+    /// Launches the program; while it runs, tells it that it was launched again.
+    void start();
+    /// Asks it to quit, each time anew; it may put the end off.
+    void terminate();
+    void replyToShouldTerminate(bool terminates);
+    /// Ends the process without a word to it.
+    void crash();
+    /// The last window has closed; the program may want to quit for that.
+    void lastWindowClosed();
+
+    /// What the program that has ended left behind: jobs, timers of the main thread, objects of the platform.
+    /// One sentence each; meaningful once the main loop has turned.
+    std::vector<std::string> leftovers() const;
+
+    ProgramHooks hooks;
+    tavrin::Signal<> onStarted;
+    tavrin::Signal<> onDisconnected; // close all that the program shows; it hears nothing any more
+    tavrin::Signal<> onActivated;    // the program has become the active application
+
+  private:
+    struct Life;
+    enum class End { InOrder, Crash };
+
+    void launch();
+    void ask();
+    void end(End);
+    void noticeActivation();
+
+    Mac& mac_;
+    WorldCalls world_;
+    ProgramInfo info_;
+    ProgramFactory factory_;
+    tavrin::Presentation* presentation_ = nullptr;
+    std::shared_ptr<Life> life_;                // while the program runs
+    std::vector<std::shared_ptr<Life>> ending_; // disconnected, to be destroyed when the main loop turns
+    std::weak_ptr<ProgramConnection> lastConnection_;
+    bool isReplyAwaited_ = false;
+    bool isActive_ = false;
+    tavrin::Subscription frontChange_;
+};
+
+} // namespace mac_model

@@ -1,0 +1,95 @@
+#include "seam/program_keys.h"
+
+#include "mac/mac.h"
+
+#include <ranges>
+
+namespace mac_model {
+
+namespace {
+
+class RegisteredHotKey final : public tavrin::HotKeyReference {
+  public:
+    RegisteredHotKey(Mac& mac, HotKeyCenter::Registration registration)
+        : mac_(mac)
+        , registration_(registration) {}
+
+    RegisteredHotKey(const RegisteredHotKey&) = delete;
+    RegisteredHotKey& operator=(const RegisteredHotKey&) = delete;
+
+    ~RegisteredHotKey() override { mac_.hotKeys().remove(registration_); }
+
+  private:
+    Mac& mac_;
+    HotKeyCenter::Registration registration_;
+};
+
+} // namespace
+
+std::string ProgramKeyboard::character(tavrin::KeyCode key) const {
+    return characterOn(mac_.keyboard().layout, key);
+}
+
+tavrin::Subscription
+ProgramKeyboard::monitorKeyDown(std::function<tavrin::KeyHandling(const tavrin::KeyPress&)> handler) {
+    return mac_.keyboard().monitors.subscribe(
+        [connection = connection_, handler = std::move(handler)](const tavrin::KeyPress& press,
+                                                                 tavrin::KeyHandling* handling) {
+            if (connection->isOpen()) *handling = handler(press);
+        });
+}
+
+void ProgramKeyboard::beep() {
+    if (connection_->isOpen()) mac_.keyboard().onBeep.emit();
+}
+
+class ProgramHotKeys::InstalledHandler final : public tavrin::HotKeyEventHandler {
+  public:
+    InstalledHandler(std::shared_ptr<Handlers> all, std::shared_ptr<Handler> handler)
+        : all_(std::move(all))
+        , handler_(std::move(handler)) {
+        all_->push_back(handler_);
+    }
+
+    InstalledHandler(const InstalledHandler&) = delete;
+    InstalledHandler& operator=(const InstalledHandler&) = delete;
+
+    ~InstalledHandler() override {
+        *handler_ = nullptr;
+        std::erase(*all_, handler_);
+    }
+
+  private:
+    std::shared_ptr<Handlers> all_;
+    std::shared_ptr<Handler> handler_;
+};
+
+std::unique_ptr<tavrin::HotKeyEventHandler> ProgramHotKeys::installPressHandler(Handler handler) {
+    return std::make_unique<InstalledHandler>(handlers_, std::make_shared<Handler>(std::move(handler)));
+}
+
+void ProgramHotKeys::deliver(const Handlers& handlers, const tavrin::HotKeyIdentifier& identifier) {
+    for (const auto& handler : handlers | std::views::reverse)
+        if (*handler && (*handler)(identifier) == Handling::Handled) return;
+}
+
+std::expected<std::unique_ptr<tavrin::HotKeyReference>, tavrin::HotKeys::Error>
+ProgramHotKeys::registerHotKey(tavrin::KeyCode key, tavrin::CarbonModifiers modifiers,
+                               tavrin::HotKeyIdentifier identifier) {
+    constexpr Error internalError = -9868;
+    if (!connection_->isOpen()) return std::unexpected(internalError);
+    const auto added = mac_.hotKeys().add(
+        key, modifiers, [connection = connection_, handlers = std::weak_ptr(handlers_), identifier] {
+            connection->post([handlers, identifier] {
+                if (const auto installed = handlers.lock()) deliver(Handlers(*installed), identifier);
+            });
+        });
+    if (!added) return std::unexpected(added.error());
+    return std::make_unique<RegisteredHotKey>(mac_, *added);
+}
+
+std::vector<tavrin::SymbolicHotKey> ProgramHotKeys::symbolicHotKeys() const {
+    return mac_.hotKeys().symbolicHotKeys;
+}
+
+} // namespace mac_model

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/hot_keys.h"
+#include "platform/keyboard.h"
+#include "system/program_connection.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace mac_model {
+
+class Mac;
+
+// The keyboard and the hot keys as one life of the program's process has them.
+
+class ProgramKeyboard final : public tavrin::Keyboard {
+  public:
+    ProgramKeyboard(Mac& mac, std::shared_ptr<ProgramConnection> connection)
+        : mac_(mac)
+        , connection_(std::move(connection)) {}
+
+    std::string character(tavrin::KeyCode) const override;
+    tavrin::Subscription
+    monitorKeyDown(std::function<tavrin::KeyHandling(const tavrin::KeyPress&)> handler) override;
+    void beep() override;
+
+  private:
+    Mac& mac_;
+    std::shared_ptr<ProgramConnection> connection_;
+};
+
+/// A press is an event that the program's main loop finds when it turns.
+class ProgramHotKeys final : public tavrin::HotKeys {
+  public:
+    using Handler = std::function<Handling(const tavrin::HotKeyIdentifier&)>;
+
+    ProgramHotKeys(Mac& mac, std::shared_ptr<ProgramConnection> connection)
+        : mac_(mac)
+        , connection_(std::move(connection)) {}
+
+    std::expected<std::unique_ptr<tavrin::HotKeyReference>, Error>
+        registerHotKey(tavrin::KeyCode, tavrin::CarbonModifiers, tavrin::HotKeyIdentifier) override;
+    std::unique_ptr<tavrin::HotKeyEventHandler> installPressHandler(Handler) override;
+    std::vector<tavrin::SymbolicHotKey> symbolicHotKeys() const override;
+
+  private:
+    class InstalledHandler;
+    using Handlers = std::vector<std::shared_ptr<Handler>>;
+
+    static void deliver(const Handlers&, const tavrin::HotKeyIdentifier&);
+
+    Mac& mac_;
+    std::shared_ptr<ProgramConnection> connection_;
+    std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>(); // the one installed last comes last
+};
+
+} // namespace mac_model

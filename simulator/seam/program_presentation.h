@@ -1,0 +1,53 @@
+#pragma once
+
+#include "mac/mac.h"
+#include "platform/presentation.h"
+#include "screen/menu_tracking.h"
+#include "screen/surface_stack.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mac_model {
+
+class ProgramPopover;
+
+/// The item behind the program's handle.
+StatusItemIdentifier identifierOf(const tavrin::StatusItem&);
+
+/// The program's popovers, windows and menus. Calls into the program are posted to its main thread, and
+/// dropped when by then its process has ended or the thing that they are about was destroyed.
+class ProgramPresentation final : public tavrin::Presentation {
+  public:
+    ProgramPresentation(Mac& mac, SurfaceStack& stack, MenuTracking& menus)
+        : mac_(mac)
+        , stack_(stack)
+        , menus_(menus) {}
+
+    std::unique_ptr<tavrin::Popover> makePopover(tavrin::PopoverBehavior,
+                                                 std::function<void()> onClose) override;
+    std::unique_ptr<tavrin::Window> makeWindow(std::string title, std::function<void()> onClose) override;
+    std::unique_ptr<tavrin::Panel> makePanel() override;
+    std::unique_ptr<tavrin::Alert> showAlert(tavrin::AlertQuestion,
+                                             std::function<void(std::size_t)> onAnswer) override;
+    void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect area) override;
+
+    /// Moves popovers with the status items that they are anchored at, and closes those whose item is gone.
+    void followStatusItems();
+    bool hasVisibleWindows() const;
+
+  private:
+    friend class ProgramAlert;
+    friend class ProgramPanel;
+    friend class ProgramPopover;
+    friend class ProgramWindow;
+
+    Mac& mac_;
+    SurfaceStack& stack_;
+    MenuTracking& menus_;
+    std::vector<ProgramPopover*> popovers_;
+};
+
+} // namespace mac_model

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "menu_bar/status_item_record.h"
+#include "platform/status_items.h"
+#include "system/program_connection.h"
+
+#include <memory>
+#include <string>
+
+namespace mac_model {
+
+class Mac;
+
+/// The program's handle on one of its items in the status area.
+class ProgramStatusItem final : public tavrin::StatusItem {
+  public:
+    ProgramStatusItem(Mac&, std::shared_ptr<ProgramConnection>, double length);
+    ProgramStatusItem(const ProgramStatusItem&) = delete;
+    ProgramStatusItem& operator=(const ProgramStatusItem&) = delete;
+    ~ProgramStatusItem() override;
+
+    /// For those who anchor popovers and menus; no living item once the process has ended.
+    StatusItemIdentifier identifier() const { return identifier_; }
+
+    void setLength(double length) override;
+    double length() const override;
+    void setAutosaveName(std::string name) override;
+    void setVisible(bool visible) override;
+    void setImage(tavrin::TemplateImage image) override;
+    void setToolTip(std::string text) override;
+    void setAccessibilityLabel(std::string label) override;
+    void setHiddenFromAccessibility(bool hidden) override;
+    void setAlpha(double alpha) override;
+    void setDecorations(bool pillShown, double glow) override;
+    void setAction(std::function<void(tavrin::StatusItemPress)> action) override;
+    std::optional<tavrin::Rect> frame() const override;
+    bool isDrawn() const override;
+
+  private:
+    const StatusItemRecord* record() const;
+    template <class Change>
+    void changeAppearance(const Change& change);
+
+    Mac& mac_;
+    std::shared_ptr<ProgramConnection> connection_;
+    StatusItemIdentifier identifier_ = StatusItemIdentifier::None;
+};
+
+} // namespace mac_model

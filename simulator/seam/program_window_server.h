@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/window_server.h"
+#include "system/program_connection.h"
+
+#include <memory>
+#include <utility>
+
+namespace mac_model {
+
+class Mac;
+
+/// The window server's private functions as one life of the program's process finds them.
+class ProgramWindowServer final : public tavrin::WindowServer,
+                                  private tavrin::WindowServerMenuBar::Functions {
+  public:
+    ProgramWindowServer(Mac& mac, std::shared_ptr<ProgramConnection> connection)
+        : mac_(mac)
+        , connection_(std::move(connection)) {}
+
+    tavrin::WindowServerMenuBar::Functions* menuBarFunctions() override;
+
+    std::vector<tavrin::OnScreenWindow> onScreenWindows() const override;
+
+  private:
+    using Connection = tavrin::WindowServerMenuBar::Connection;
+    using WindowNumber = tavrin::WindowServerMenuBar::WindowNumber;
+    using Status = tavrin::WindowServerMenuBar::Status;
+
+    Connection mainConnection() override;
+    std::expected<std::int32_t, Status> windowCount(Connection) override;
+    std::expected<std::int32_t, Status> processMenuBarWindowList(Connection,
+                                                                 std::span<WindowNumber>) override;
+    std::expected<tavrin::Rect, Status> screenRect(Connection, WindowNumber) override;
+
+    bool isMine(Connection) const;
+
+    Mac& mac_;
+    std::shared_ptr<ProgramConnection> connection_;
+};
+
+} // namespace mac_model

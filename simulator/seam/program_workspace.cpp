@@ -1,0 +1,85 @@
+#include "seam/program_workspace.h"
+
+#include "applications/application_icon.h"
+#include "mac/mac.h"
+
+namespace mac_model {
+
+namespace {
+
+/// Becoming active is a request that the window server grants a moment later.
+constexpr tavrin::Seconds activationTime{0.02};
+
+} // namespace
+
+ProgramWorkspace::ProgramWorkspace(Mac& mac, std::shared_ptr<ProgramConnection> connection)
+    : mac_(mac)
+    , connection_(std::move(connection)) {
+    state_->applications = present();
+    auto& processes = mac_.processes();
+    subscriptions_.push_back(processes.onLaunched.subscribe([this](auto) { updateLater(); }));
+    subscriptions_.push_back(processes.onEnded.subscribe([this](auto) { updateLater(); }));
+}
+
+std::vector<tavrin::RunningApplication> ProgramWorkspace::present() const {
+    std::vector<tavrin::RunningApplication> applications;
+    for (const auto* process : mac_.processes().processes()) {
+        tavrin::RunningApplication application;
+        if (!process->application.bundleIdentifier.empty())
+            application.bundleIdentifier = process->application.bundleIdentifier;
+        application.processIdentifier = process->identifier;
+        application.localizedName = process->application.name;
+        applications.push_back(std::move(application));
+    }
+    return applications;
+}
+
+void ProgramWorkspace::updateLater() {
+    // The list is the one of now: what is launched later comes with a turn of its own.
+    connection_->post([state = state_, applications = present()] {
+        state->applications = applications;
+        state->onChanged.emit();
+    });
+}
+
+tavrin::Subscription ProgramWorkspace::onApplicationsChanged(std::function<void()> handler) {
+    return state_->onChanged.subscribe(std::move(handler));
+}
+
+tavrin::OperatingSystemVersion ProgramWorkspace::operatingSystemVersion() const {
+    return {mac_.version().major, mac_.version().minor};
+}
+
+std::optional<std::string> ProgramWorkspace::bundleIdentifierAt(std::string_view path) const {
+    return mac_.workspace().bundleIdentifierAt(path);
+}
+
+std::optional<std::vector<std::byte>>
+ProgramWorkspace::iconPngOfProcess(tavrin::ProcessIdentifier identifier) const {
+    const auto* process = mac_.processes().find(identifier);
+    if (!process) return std::nullopt;
+    const auto& application = process->application;
+    return applicationIconPng(application.bundleIdentifier, application.name);
+}
+
+std::optional<std::vector<std::byte>>
+ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
+    const auto running = mac_.processes().withBundle(bundleIdentifier);
+    if (!running.empty()) return iconPngOfProcess(running.front());
+    const auto name = mac_.workspace().nameOfBundle(bundleIdentifier);
+    return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
+}
+
+bool ProgramWorkspace::activate(tavrin::ProcessIdentifier process) {
+    if (!connection_->isOpen() || !mac_.processes().find(process)) return false;
+    mac_.scheduler().callInWorldAfter(activationTime, [&mac = mac_, process, connection = connection_] {
+        if (connection->isOpen()) mac.processes().activate(process);
+    });
+    return true;
+}
+
+bool ProgramWorkspace::openUrl(std::string_view url) {
+    return connection_->isOpen() && mac_.workspace().openUrl && mac_.workspace().openUrl(std::string(url));
+}
+
+} // namespace mac_model

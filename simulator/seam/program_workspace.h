@@ -1,0 +1,49 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "platform/workspace.h"
+#include "system/program_connection.h"
+
+#include <memory>
+#include <vector>
+
+namespace mac_model {
+
+class Mac;
+
+/// Workspace of the program's process. Its list of applications changes only when the main loop turns.
+class ProgramWorkspace final : public tavrin::Workspace {
+  public:
+    ProgramWorkspace(Mac&, std::shared_ptr<ProgramConnection>);
+    ProgramWorkspace(const ProgramWorkspace&) = delete;
+    ProgramWorkspace& operator=(const ProgramWorkspace&) = delete;
+
+    tavrin::OperatingSystemVersion operatingSystemVersion() const override;
+
+    std::vector<tavrin::RunningApplication> runningApplications() const override {
+        return state_->applications;
+    }
+
+    tavrin::Subscription onApplicationsChanged(std::function<void()> handler) override;
+    std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
+    std::optional<std::vector<std::byte>> iconPngOfProcess(tavrin::ProcessIdentifier) const override;
+    std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
+    bool activate(tavrin::ProcessIdentifier) override;
+    bool openUrl(std::string_view url) override;
+
+  private:
+    struct State {
+        std::vector<tavrin::RunningApplication> applications;
+        tavrin::Signal<> onChanged;
+    };
+
+    std::vector<tavrin::RunningApplication> present() const;
+    void updateLater();
+
+    Mac& mac_;
+    std::shared_ptr<ProgramConnection> connection_;
+    std::shared_ptr<State> state_ = std::make_shared<State>();
+    std::vector<tavrin::Subscription> subscriptions_;
+};
+
+} // namespace mac_model

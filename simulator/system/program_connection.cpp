@@ -1,0 +1,23 @@
+#include "system/program_connection.h"
+
+namespace mac_model {
+
+tavrin::Subscription ProgramConnection::relay(tavrin::Signal<>& signal, std::function<void()> handler) {
+    const auto kept = std::make_shared<std::function<void()>>(std::move(handler));
+    auto subscription =
+        std::make_shared<tavrin::Subscription>(signal.subscribe([self = weak_from_this(), kept] {
+            const auto connection = self.lock();
+            if (!connection) return;
+            connection->post([kept] {
+                // A copy, because a handler that unsubscribes itself must not destroy the function it runs
+                // in.
+                if (const auto call = *kept) call();
+            });
+        }));
+    return tavrin::Subscription([subscription, kept] {
+        subscription->cancel();
+        *kept = nullptr;
+    });
+}
+
+} // namespace mac_model

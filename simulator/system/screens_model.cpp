@@ -1,0 +1,32 @@
+#include "system/screens_model.h"
+
+namespace mac_model {
+
+namespace {
+constexpr tavrin::Seconds noticeDelay{0.05};
+constexpr tavrin::Seconds vanishingTime{0.2};
+} // namespace
+
+ScreensModel::ScreensModel(tavrin::VirtualScheduler& scheduler, std::vector<ScreenSpec> screens,
+                           const Faults& faults)
+    : world_(scheduler)
+    , screens_(std::move(screens))
+    , faults_(faults) {}
+
+void ScreensModel::set(std::vector<ScreenSpec> screens) {
+    const auto change = ++changes_;
+    if (!faults_.screensVanishBriefly) return show(std::move(screens));
+    show({});
+    world_.after(vanishingTime, [this, change, screens = std::move(screens)] {
+        if (change == changes_) show(screens);
+    });
+}
+
+void ScreensModel::show(std::vector<ScreenSpec> screens) {
+    if (screens == screens_) return;
+    screens_ = std::move(screens);
+    onChanged.emit();
+    world_.after(noticeDelay, [this] { onNotice.emit(); });
+}
+
+} // namespace mac_model

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "views/view.h"
+
+#include <string>
+#include <vector>
+
+namespace mac_model {
+
+/// A view with its place on the screen. What is scrolled out of a Scroll keeps its frame, which then lies
+/// outside that of the Scroll.
+struct LaidOutView {
+    tavrin::View view;              // its children stand below, laid out
+    tavrin::Rect frame;             // screen points
+    std::vector<std::string> lines; // Text and Checkbox: the text as wrapped
+    double scrollOffset = 0;        // Scroll: points of its child above its top edge
+    double scrollOffsetMax = 0;
+    bool isRecording = false; // ShortcutRecorder
+    std::vector<LaidOutView> children;
+};
+
+/// The size that the view takes when it is offered `width`; less when it needs less, more only where
+/// something cannot be narrowed.
+tavrin::Size measured(const tavrin::View&, double width);
+
+/// Lays the view out into `frame`, all Scrolls at their tops.
+LaidOutView laidOut(tavrin::View, tavrin::Rect frame);
+
+/// Moves the content of a Scroll as far as it goes.
+void scrollTo(LaidOutView& scroll, double offset);
+
+/// Scrolls `now` as `before` was, where both have a Scroll in the same place.
+void carryScrolling(const LaidOutView& before, LaidOutView& now);
+
+void moveBy(LaidOutView&, double dx, double dy);
+
+} // namespace mac_model

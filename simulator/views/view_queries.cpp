@@ -1,0 +1,120 @@
+#include "views/view_queries.h"
+
+#include <ranges>
+#include <utility>
+
+namespace mac_model {
+
+namespace {
+
+using tavrin::Point;
+using tavrin::ViewKind;
+
+bool reaches(const LaidOutView& view, Point point) {
+    return view.view.kind != ViewKind::Scroll || view.frame.contains(point);
+}
+
+bool findPath(const LaidOutView& view, Point point, const std::function<bool(const LaidOutView&)>& matches,
+              ViewPath& path) {
+    if (!reaches(view, point)) return false;
+    for (std::size_t i = view.children.size(); i-- > 0;) {
+        path.push_back(i);
+        if (findPath(view.children[i], point, matches, path)) return true;
+        path.pop_back();
+    }
+    return view.frame.contains(point) && matches(view);
+}
+
+void forEachBelow(const LaidOutView& view, ViewPath& path,
+                  const std::function<void(const LaidOutView&, const ViewPath&)>& visit) {
+    visit(view, path);
+    for (std::size_t i = 0; i < view.children.size(); ++i) {
+        path.push_back(i);
+        forEachBelow(view.children[i], path, visit);
+        path.pop_back();
+    }
+}
+
+} // namespace
+
+bool isControl(const tavrin::View& view) {
+    return view.kind == ViewKind::Button || view.kind == ViewKind::Checkbox ||
+           view.kind == ViewKind::ShortcutRecorder || view.onPress != nullptr;
+}
+
+const LaidOutView* viewAt(const LaidOutView& root, const ViewPath& path) {
+    const LaidOutView* view = &root;
+    for (const auto index : path) {
+        if (index >= view->children.size()) return nullptr;
+        view = &view->children[index];
+    }
+    return view;
+}
+
+LaidOutView* viewAt(LaidOutView& root, const ViewPath& path) {
+    return const_cast<LaidOutView*>(viewAt(std::as_const(root), path));
+}
+
+std::optional<ViewPath> deepestAt(const LaidOutView& root, Point point,
+                                  const std::function<bool(const LaidOutView&)>& matches) {
+    ViewPath path;
+    if (!findPath(root, point, matches, path)) return std::nullopt;
+    return path;
+}
+
+std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, Point point,
+                                         const std::function<bool(const LaidOutView&)>& matches) {
+    const auto found = deepestAt(root, point, matches);
+    const auto control = controlAt(root, point);
+    return found && control && control->size() > found->size() ? std::nullopt : found;
+}
+
+std::optional<ViewPath> controlAt(const LaidOutView& root, Point point) {
+    return deepestAt(root, point, [](const LaidOutView& view) { return isControl(view.view); });
+}
+
+LaidOutView* scrollAt(LaidOutView& root, Point point) {
+    const auto path =
+        deepestAt(root, point, [](const LaidOutView& view) { return view.scrollOffsetMax > 0; });
+    if (!path) return nullptr;
+    LaidOutView* scroll = &root;
+    for (const auto index : *path) scroll = &scroll->children[index];
+    return scroll;
+}
+
+const LaidOutView* contextMenuAt(const LaidOutView& root, Point point) {
+    const auto path =
+        deepestAt(root, point, [](const LaidOutView& view) { return !view.view.contextMenu.empty(); });
+    return path ? viewAt(root, *path) : nullptr;
+}
+
+const LaidOutView* defaultButton(const LaidOutView& root) {
+    if (root.view.isDefaultButton && root.view.isEnabled && isControl(root.view)) return &root;
+    for (const auto& child : root.children)
+        if (const auto* found = defaultButton(child)) return found;
+    return nullptr;
+}
+
+void reveal(LaidOutView& root, const ViewPath& path) {
+    LaidOutView* view = &root;
+    for (const auto index : path) {
+        if (view->view.kind == ViewKind::Scroll) {
+            const auto target = viewAt(root, path)->frame;
+            const double below = target.maxY() - view->frame.maxY();
+            const double above = view->frame.minY() - target.minY();
+            if (below > 0)
+                scrollTo(*view, view->scrollOffset + below);
+            else if (above > 0)
+                scrollTo(*view, view->scrollOffset - above);
+        }
+        view = &view->children[index];
+    }
+}
+
+void forEachView(const LaidOutView& root,
+                 const std::function<void(const LaidOutView&, const ViewPath&)>& visit) {
+    ViewPath path;
+    forEachBelow(root, path, visit);
+}
+
+} // namespace mac_model

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "views/laid_out_view.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace mac_model {
+
+/// Positions of children, from the root down.
+using ViewPath = std::vector<std::size_t>;
+
+/// Whether a press on it does something, or would if it were enabled.
+bool isControl(const tavrin::View&);
+
+/// Null when the tree has no such place.
+const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);
+LaidOutView* viewAt(LaidOutView& root, const ViewPath&);
+
+// What a person points at; scrolled-away parts are nowhere.
+
+/// The deepest matching view; later siblings are in front.
+std::optional<ViewPath> deepestAt(const LaidOutView& root, tavrin::Point,
+                                  const std::function<bool(const LaidOutView&)>& matches);
+/// The same, unless a control inside it takes a press at the point.
+std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, tavrin::Point,
+                                         const std::function<bool(const LaidOutView&)>& matches);
+std::optional<ViewPath> controlAt(const LaidOutView& root, tavrin::Point);
+LaidOutView* scrollAt(LaidOutView& root, tavrin::Point);
+const LaidOutView* contextMenuAt(const LaidOutView& root, tavrin::Point);
+
+/// The enabled button that Return presses.
+const LaidOutView* defaultButton(const LaidOutView& root);
+
+/// Scrolls until the view at the path can be seen, as far as possible.
+void reveal(LaidOutView& root, const ViewPath&);
+
+/// Parents before children, in order.
+void forEachView(const LaidOutView& root, const std::function<void(const LaidOutView&, const ViewPath&)>&);
+
+} // namespace mac_model

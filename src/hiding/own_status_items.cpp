@@ -1,0 +1,134 @@
+#include "hiding/own_status_items.h"
+
+#include "discovery/menu_bar_screen_geometry.h"
+#include "hiding/status_item_geometry_policy.h"
+
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tavrin {
+
+namespace {
+
+/// Small enough that no other item fits between the control and the spacer.
+constexpr double spacerOffset = 0.01;
+
+} // namespace
+
+OwnStatusItems::OwnStatusItems(const Platform& platform, Settings& settings, MenuBarRuntimeMode mode,
+                               std::function<void(StatusItem&)> dressControl)
+    : platform_(platform)
+    , settings_(settings)
+    , mode_(mode)
+    , dressControl_(std::move(dressControl))
+    , positions_(platform.defaults)
+    , statusItemAutosaveVersion_(settings.statusItemAutosaveVersion()) {}
+
+void OwnStatusItems::configureStatusItems(PositionSeed controlSeed) {
+    using Force = StatusItemPositionDefaults::Force;
+    const auto name = StatusItemAutosaveName::control(statusItemAutosaveVersion_);
+    const bool isForced = controlSeed != PositionSeed::IfAbsent;
+    const double position = controlSeed == PositionSeed::ForceBesideZero ? 1 : 0;
+    if (mode_ == MenuBarRuntimeMode::divider) {
+        if (!isForced) adoptLegacySeparator();
+        removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
+        positions_.seed(name, isForced ? Force::Yes : Force::No, position);
+    } else {
+        removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
+    }
+    controlItem_ = platform_.statusItems.create(squareStatusItemLength);
+    controlItem_->setAutosaveName(name);
+    controlItem_->setVisible(true);
+    dressControl_(*controlItem_);
+    if (mode_ == MenuBarRuntimeMode::divider) configureSpacerItem();
+}
+
+void OwnStatusItems::adoptLegacySeparator() {
+    const auto legacy = StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_);
+    if (const auto position = positions_.preferredPosition(legacy)) {
+        positions_.seed(StatusItemAutosaveName::control(statusItemAutosaveVersion_),
+                        StatusItemPositionDefaults::Force::Yes, *position);
+    }
+}
+
+void OwnStatusItems::removePositions(const std::string& autosaveName) {
+    positions_.remove([&](std::string_view name) { return name == autosaveName; });
+}
+
+void OwnStatusItems::configureSpacerItem() {
+    spacerItem_.reset();
+    const auto control = StatusItemAutosaveName::control(statusItemAutosaveVersion_);
+    const auto name = StatusItemAutosaveName::spacer(statusItemAutosaveVersion_);
+    positions_.seed(name, StatusItemPositionDefaults::Force::Yes,
+                    positions_.preferredPosition(control).value_or(0) + spacerOffset);
+    spacerItem_ = platform_.statusItems.create(0);
+    spacerItem_->setAutosaveName(name);
+    spacerItem_->setVisible(true);
+    spacerItem_->setHiddenFromAccessibility(true);
+}
+
+void OwnStatusItems::removeStatusItems() {
+    spacerItem_.reset();
+    controlItem_.reset();
+}
+
+void OwnStatusItems::advanceAutosaveVersion() {
+    if (statusItemAutosaveVersion_ < std::numeric_limits<std::int64_t>::max()) ++statusItemAutosaveVersion_;
+    settings_.setStatusItemAutosaveVersion(statusItemAutosaveVersion_);
+}
+
+void OwnStatusItems::removeSupersededStatusItemDefaults() {
+    const std::vector<std::string> current{StatusItemAutosaveName::control(statusItemAutosaveVersion_),
+                                           StatusItemAutosaveName::spacer(statusItemAutosaveVersion_)};
+    positions_.removeSuperseded(current, statusItemAutosaveVersion_);
+}
+
+void OwnStatusItems::setSpacerLength(double length) {
+    if (spacerItem_) spacerItem_->setLength(length);
+}
+
+void OwnStatusItems::setPillShown(bool shown) {
+    isPillShown_ = shown;
+    decorate();
+}
+
+void OwnStatusItems::setGlow(double glow) {
+    glow_ = glow;
+    decorate();
+}
+
+void OwnStatusItems::decorate() {
+    if (controlItem_) controlItem_->setDecorations(isPillShown_, glow_);
+}
+
+std::optional<Rect> OwnStatusItems::controlFrame() const {
+    return controlItem_ ? controlItem_->frame() : std::nullopt;
+}
+
+std::optional<Rect> OwnStatusItems::spacerFrame() const {
+    return spacerItem_ ? spacerItem_->frame() : std::nullopt;
+}
+
+std::optional<Rect> OwnStatusItems::validControlGlyphFrame() const {
+    const auto glyph = controlGlyphFrame();
+    if (!glyph) return std::nullopt;
+    using namespace MenuBarScreenGeometry;
+    const auto screens = platform_.screens.screens();
+    return isFullyVisibleInStatusLane(*glyph, screens, reportedOverlap) ? glyph : std::nullopt;
+}
+
+bool OwnStatusItems::isSpacerLeftOfControl() const {
+    const auto spacer = spacerFrame();
+    const auto control = controlFrame();
+    return spacer && control && StatusItemGeometryPolicy::isLeftOf(*spacer, *control);
+}
+
+double OwnStatusItems::boundaryX() const {
+    if (const auto spacer = spacerFrame()) return spacer->maxX();
+    if (const auto control = controlFrame()) return control->minX();
+    return -std::numeric_limits<double>::infinity();
+}
+
+} // namespace tavrin

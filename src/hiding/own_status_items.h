@@ -1,0 +1,83 @@
+#pragma once
+
+#include "hiding/menu_bar_runtime_mode.h"
+#include "platform/platform.h"
+#include "platform/status_items.h"
+#include "settings/settings.h"
+#include "settings/status_item_position_defaults.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tavrin {
+
+/// Tavrin's own status items: the control that the user clicks and, where a spacer hides, the invisible
+/// spacer to its left. Main thread.
+class OwnStatusItems {
+  public:
+    /// How the control's place is seeded: at the right end where none is stored, there in any case, or a hair
+    /// left of there in any case. The last is for a macOS that takes position 0 for none and puts the item
+    /// far left.
+    enum class PositionSeed { IfAbsent, Force, ForceBesideZero };
+
+    /// `dressControl` gives a new control item its image and its action.
+    OwnStatusItems(const Platform& platform, Settings& settings, MenuBarRuntimeMode mode,
+                   std::function<void(StatusItem&)> dressControl);
+
+    /// Creates the items at their stored places.
+    void configureStatusItems(PositionSeed controlSeed);
+    void removeStatusItems();
+    /// Creates the spacer, or creates it again, next to the control.
+    void configureSpacerItem();
+
+    /// Makes the next items start over under names that macOS has not seen yet.
+    void advanceAutosaveVersion();
+    void removeSupersededStatusItemDefaults();
+
+    /// None before the items are configured.
+    StatusItem* control() const { return controlItem_.get(); }
+
+    bool hasSpacer() const { return spacerItem_ != nullptr; }
+
+    /// Points; 0 shows everything. Does nothing without a spacer.
+    void setSpacerLength(double length);
+
+    /// The drawings behind the control's glyph: the pill while items are hidden, the glow from 0 to 1.
+    void setPillShown(bool shown);
+    void setGlow(double glow);
+
+    std::optional<Rect> controlFrame() const;
+    std::optional<Rect> spacerFrame() const;
+
+    /// The control's glyph on the screen, wherever it is: the whole of a square item.
+    std::optional<Rect> controlGlyphFrame() const { return controlFrame(); }
+
+    /// The glyph when it lies in the status area of a screen's menu bar, right of a notch.
+    std::optional<Rect> validControlGlyphFrame() const;
+
+    /// Whether the spacer ends where the control begins, or before; a point of overlap is allowed.
+    bool isSpacerLeftOfControl() const;
+
+    /// The x left of which items are hidden: where the spacer ends.
+    double boundaryX() const;
+
+  private:
+    void adoptLegacySeparator();
+    void removePositions(const std::string& autosaveName);
+    void decorate();
+
+    const Platform& platform_;
+    Settings& settings_;
+    MenuBarRuntimeMode mode_;
+    std::function<void(StatusItem&)> dressControl_;
+    StatusItemPositionDefaults positions_;
+    std::int64_t statusItemAutosaveVersion_;
+    std::unique_ptr<StatusItem> controlItem_;
+    std::unique_ptr<StatusItem> spacerItem_;
+    bool isPillShown_ = false;
+    double glow_ = 0;
+};
+
+} // namespace tavrin

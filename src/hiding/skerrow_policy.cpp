@@ -1,0 +1,61 @@
+#include "hiding/skerrow_policy.h"
+
+#include "discovery/item_identifier.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tavrin {
+
+namespace {
+
+std::set<std::string> comparable(const std::set<std::string>& identifiers) {
+    std::set<std::string> result;
+    for (const auto& identifier : identifiers) result.insert(comparableItemIdentifier(identifier));
+    return result;
+}
+
+} // namespace
+
+SkerrowPolicy::SkerrowPolicy(std::span<const MenuBarItem> items,
+                             const std::set<std::string>& hiddenItemIdentifiers,
+                             std::string_view ownBundleIdentifier) {
+    const auto hidden = comparable(hiddenItemIdentifiers);
+    for (const auto& [snapshot, icon] : items) {
+        if (snapshot.bundleIdentifier == ownBundleIdentifier) continue;
+        const bool isWantedHidden = hidden.contains(comparableItemIdentifier(snapshot.id));
+        assignments_.push_back({.itemIdentifier = snapshot.id,
+                                .desiredZone = isWantedHidden ? MenuBarZone::hidden : MenuBarZone::visible,
+                                .physicalZone = snapshot.zone});
+    }
+}
+
+std::vector<MenuBarItemAssignment> SkerrowPolicy::pendingMoves() const {
+    return misplaced(MenuBarZone::hidden);
+}
+
+std::vector<MenuBarItemAssignment> SkerrowPolicy::trayOverflow() const {
+    return misplaced(MenuBarZone::visible);
+}
+
+std::vector<MenuBarItemAssignment> SkerrowPolicy::misplaced(MenuBarZone desired) const {
+    std::vector<MenuBarItemAssignment> found;
+    std::ranges::copy_if(assignments_, std::back_inserter(found), [&](const auto& assignment) {
+        return assignment.desiredZone == desired && assignment.physicalZone != desired;
+    });
+    return found;
+}
+
+bool isConfiguredHidden(const MenuBarItemSnapshot& item, const std::set<std::string>& hiddenItemIdentifiers) {
+    return comparable(hiddenItemIdentifiers).contains(comparableItemIdentifier(item.id));
+}
+
+double collapsedSpacerLength(std::span<const Screen> screens) {
+    constexpr double withoutScreens = 3456; // twice the width of the widest built-in display
+    if (screens.empty()) return withoutScreens;
+    const auto widest =
+        std::ranges::max(screens, {}, [](const Screen& screen) { return screen.frame.width; });
+    return std::clamp(2 * widest.frame.width, 500.0, 10'000.0);
+}
+
+} // namespace tavrin

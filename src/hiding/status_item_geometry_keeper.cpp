@@ -1,0 +1,98 @@
+#include "hiding/status_item_geometry_keeper.h"
+
+#include "concurrency/waits.h"
+
+#include <utility>
+
+namespace tavrin {
+
+StatusItemGeometryKeeper::StatusItemGeometryKeeper(const Platform& platform, MenuBarState& state,
+                                                   OwnStatusItems& items)
+    : platform_(platform)
+    , state_(state)
+    , items_(items) {}
+
+Task<bool> StatusItemGeometryKeeper::ensureExpandedStatusItemGeometry() {
+    if (!pendingStatusItemGeometryTask_.isRunning()) {
+        pendingStatusItemGeometryTask_ =
+            start(platform_.scheduler, performExpandedStatusItemGeometryRepair());
+    }
+    const auto answer = co_await pendingStatusItemGeometryTask_.result();
+    co_return answer.value_or(false);
+}
+
+Task<bool> StatusItemGeometryKeeper::performExpandedStatusItemGeometryRepair() {
+    if (!holds()) {
+        const bool isRepaired = co_await repair();
+        if (co_await isCancelled()) co_return false;
+        if (!isRepaired) {
+            reportFailure();
+            co_return false;
+        }
+    }
+    items_.removeSupersededStatusItemDefaults();
+    co_return true;
+}
+
+Task<bool> StatusItemGeometryKeeper::repair() {
+    using enum OwnStatusItems::PositionSeed;
+    if (co_await rebuild(Force)) co_return true;
+    // A control behind the notch stays there under any name; one left of its own spacer was taken for new.
+    if (items_.isSpacerLeftOfControl() || co_await isCancelled()) co_return false;
+    co_return co_await rebuild(ForceBesideZero);
+}
+
+Task<bool> StatusItemGeometryKeeper::rebuild(OwnStatusItems::PositionSeed controlSeed) {
+    items_.removeStatusItems();
+    items_.advanceAutosaveVersion();
+    items_.configureStatusItems(controlSeed);
+    if (co_await sleepFor(rebuildWait) == Wake::CutShort) co_return false;
+    if (holds()) co_return true;
+    if (co_await waitForStableStatusItemGeometry()) co_return true;
+    if (!hasValidGlyph() || co_await isCancelled()) co_return false;
+    co_return co_await reseatSpacer();
+}
+
+Task<bool> StatusItemGeometryKeeper::waitForStableStatusItemGeometry() {
+    const auto deadline = platform_.scheduler.now() + stableWaitMax;
+    auto last = std::pair(items_.controlFrame(), items_.spacerFrame());
+    while (platform_.scheduler.now() < deadline) {
+        if (co_await sleepFor(stablePollInterval) == Wake::CutShort) co_return false;
+        const auto present = std::pair(items_.controlFrame(), items_.spacerFrame());
+        if (present == last && holds()) co_return true;
+        last = present;
+    }
+    co_return false;
+}
+
+Task<bool> StatusItemGeometryKeeper::reseatSpacer() {
+    items_.configureSpacerItem();
+    if (co_await sleepFor(rebuildWait) == Wake::CutShort) co_return false;
+    co_return holds();
+}
+
+void StatusItemGeometryKeeper::reportFailure() {
+    state_.errorMessage.set(
+        hasValidGlyph()
+            ? "Tavrin couldn’t place its hidden boundary next to its menu bar icon. Quit and reopen the "
+              "app to retry the layout repair."
+            : "Tavrin couldn’t restore its menu bar control to the right side of the notch. Quit and "
+              "reopen the app to retry the layout repair.");
+}
+
+void StatusItemGeometryKeeper::verifyOwnControlRemainsVisible(Restore restore) {
+    verificationTask_ = start(platform_.scheduler, verify(std::move(restore)));
+}
+
+Task<> StatusItemGeometryKeeper::verify(Restore restore) {
+    // macOS takes an item off the screen for moments while it arranges the bar: only a second look counts.
+    for (int look = 0; look < 2; ++look) {
+        if (co_await sleepFor(verificationDelay) == Wake::CutShort) co_return;
+        if (const auto* control = items_.control(); control && control->isDrawn()) co_return;
+    }
+    restore("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. Move "
+            "the app to "
+            "the Applications folder, relaunch it, and try again.");
+}
+
+} // namespace tavrin

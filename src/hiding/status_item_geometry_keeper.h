@@ -1,0 +1,59 @@
+#pragma once
+
+#include "concurrency/job.h"
+#include "hiding/menu_bar_state.h"
+#include "hiding/own_status_items.h"
+#include "platform/platform.h"
+
+#include <functional>
+#include <string>
+
+namespace tavrin {
+
+/// Keeps the two facts true that hiding with a spacer stands on: the control's glyph is in the status area,
+/// and the spacer ends where the control begins. Repairs by starting the items over under fresh autosave
+/// names. Main thread.
+class StatusItemGeometryKeeper {
+  public:
+    StatusItemGeometryKeeper(const Platform& platform, MenuBarState& state, OwnStatusItems& items);
+
+    /// Whether both facts hold, after a repair where they did not; a failed repair leaves its sentence in
+    /// `errorMessage`. Callers at the same time share one check. False also when the awaiting job is
+    /// cancelled.
+    Task<bool> ensureExpandedStatusItemGeometry();
+
+    /// Restores the full menu bar and tells the user why.
+    using Restore = std::function<void(std::string message)>;
+
+    /// After a hide: calls `restore` when macOS has stopped drawing the control. A later call, and
+    /// `abandonVerification`, make an earlier one void.
+    void verifyOwnControlRemainsVisible(Restore restore);
+
+    void abandonVerification() { verificationTask_.cancel(); }
+
+  private:
+    static constexpr Seconds rebuildWait{0.3};
+    static constexpr Seconds stableWaitMax{1.2};
+    static constexpr Seconds stablePollInterval{0.1};
+    static constexpr Seconds verificationDelay{0.5};
+
+    bool hasValidGlyph() const { return items_.validControlGlyphFrame().has_value(); }
+
+    bool holds() const { return hasValidGlyph() && items_.isSpacerLeftOfControl(); }
+
+    Task<bool> performExpandedStatusItemGeometryRepair();
+    Task<bool> repair();
+    Task<bool> rebuild(OwnStatusItems::PositionSeed controlSeed);
+    Task<bool> waitForStableStatusItemGeometry();
+    Task<bool> reseatSpacer();
+    void reportFailure();
+    Task<> verify(Restore restore);
+
+    const Platform& platform_;
+    MenuBarState& state_;
+    OwnStatusItems& items_;
+    Job<bool> pendingStatusItemGeometryTask_;
+    Job<> verificationTask_;
+};
+
+} // namespace tavrin

@@ -1,0 +1,113 @@
+#include "pins/running/app_menu_bar_session.h"
+
+#include "concurrency/waits.h"
+#include "platform/events.h"
+#include "platform/window_server.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tavrin {
+
+namespace {
+
+/// How long an application has to come to the front: many disable items while they aren't there.
+constexpr Seconds comingForwardTime{0.5};
+
+} // namespace
+
+AppMenuBarSession::AppMenuBarSession(MenuAccess access, RunningApplication application)
+    : access_(access)
+    , application_(std::move(application))
+    , reader_(std::make_shared<MenuTreeReader>(access.platform.accessibility,
+                                               MenuTreeReader::appMenuBarLimits)) {}
+
+AppMenuBarSession::~AppMenuBarSession() {
+    if (isWalking_ && showsMenu()) postEscape();
+}
+
+bool AppMenuBarSession::showsMenu() const {
+    return std::ranges::any_of(access_.platform.windowServer.onScreenWindows(),
+                               [&](const OnScreenWindow& window) {
+                                   return window.owner == application_.processIdentifier &&
+                                          window.layer == OnScreenWindow::popUpMenuLayer;
+                               });
+}
+
+void AppMenuBarSession::postEscape() {
+    for (const auto motion : {KeyMotion::Down, KeyMotion::Up})
+        access_.platform.events.postKeyToProcess({escapeKeyCode, motion}, application_.processIdentifier);
+}
+
+Task<PinnedRunResult> AppMenuBarSession::press(PinnedAction pin) {
+    const auto name = pin.applicationName;
+    co_await bringForward();
+    const auto bar = co_await menuBar();
+    if (!bar) co_return std::unexpected(failureOf(bar.error(), name));
+    if (!*bar) {
+        const auto step = pin.path.empty() ? pin.name : pin.path.front().title;
+        co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::ItemChanged{step, {}}});
+    }
+    MenuPathWalk walk(access_, reader_, std::move(pin));
+    isWalking_ = true;
+    auto result = co_await walk.press(**bar);
+    if (co_await isCancelled()) co_return result;
+    isWalking_ = false;
+    // After a press without an answer Escape could dismiss what the item has shown.
+    const bool isToBeClosed = walk.opened() && (result || !walk.hasPressed());
+    if (isToBeClosed) co_await close(*walk.opened());
+    co_return result;
+}
+
+/// An application that doesn't answer is found out by the reading.
+Task<> AppMenuBarSession::bringForward() {
+    access_.platform.workspace.activate(application_.processIdentifier);
+    const auto& scheduler = access_.platform.scheduler;
+    const auto until = scheduler.now() + comingForwardTime;
+    do {
+        if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
+        const auto read =
+            co_await runOn(access_.queue, [&accessibility = access_.platform.accessibility,
+                                           process = application_.processIdentifier](const AbandonFlag&) {
+                const auto application = accessibility.application(process);
+                accessibility.setMessagingTimeout(application, MenuAX::messagingTimeoutWhileOpening);
+                return MenuAX::read(accessibility, application, std::array{MenuAX::frontmost});
+            });
+        if (!read || !*read || MenuAX::boolean((*read)->front())) co_return;
+    } while (scheduler.now() < until);
+}
+
+Task<AppMenuBarSession::Bar> AppMenuBarSession::menuBar() {
+    const auto bar =
+        co_await runOn(access_.queue,
+                       [&accessibility = access_.platform.accessibility,
+                        process = application_.processIdentifier](const AbandonFlag&) -> Bar {
+                           const auto application = accessibility.application(process);
+                           accessibility.setMessagingTimeout(application, MenuAX::messagingTimeout);
+                           const auto results =
+                               MenuAX::read(accessibility, application, std::array{ax::menuBar});
+                           if (!results) return std::unexpected(results.error());
+                           return MenuAX::element(results->front());
+                       });
+    co_return bar.value_or(std::unexpected(MenuReadFailure::Abandoned));
+}
+
+Task<> AppMenuBarSession::close(AccessibilityElement opened) {
+    const auto& scheduler = access_.platform.scheduler;
+    for (const bool isByKey : {false, true}) {
+        if (!showsMenu()) co_return;
+        if (isByKey)
+            postEscape();
+        else
+            (void)co_await runOn(
+                access_.queue, [&accessibility = access_.platform.accessibility, opened](const AbandonFlag&) {
+                    return accessibility.perform(opened, MenuAX::cancelAction);
+                });
+        const auto until = scheduler.now() + MenuAccess::closingTime;
+        while (showsMenu() && scheduler.now() < until)
+            if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
+    }
+}
+
+} // namespace tavrin

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "concurrency/task.h"
+#include "pins/menus/menu_access.h"
+#include "pins/menus/menu_tree_reader.h"
+#include "pins/running/pinned_run_failure.h"
+#include "pins/store/pinned_action.h"
+
+#include <expected>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tavrin {
+
+/// What becomes of a run. Of a run that was cancelled it says nothing.
+using PinnedRunResult = std::expected<void, PinnedRunFailure>;
+
+PinnedRunFailure failureOf(MenuReadFailure failure, const std::string& application);
+
+/// Goes down a stored path in a menu that is there to be read, and presses what it ends at. It reads only the
+/// levels that it passes. Main thread.
+class MenuPathWalk {
+  public:
+    /// The reader is that of the session, and shared with the work on the queue.
+    MenuPathWalk(MenuAccess access, std::shared_ptr<MenuTreeReader> reader, PinnedAction pin)
+        : access_(access)
+        , reader_(std::move(reader))
+        , pin_(std::move(pin)) {}
+
+    Task<PinnedRunResult> press(AccessibilityElement root);
+
+    /// The outermost item that had to be pressed to make it show its items.
+    const std::optional<AccessibilityElement>& opened() const { return opened_; }
+
+    /// Whether the last item was pressed, be it without an answer: then Escape could reach something else
+    /// than the menu.
+    bool hasPressed() const { return hasPressed_; }
+
+  private:
+    using Level = std::expected<PinnedMenuNode, PinnedRunFailure>;
+
+    Task<Level> readRoot(AccessibilityElement root);
+    Task<Level> readItems(PinnedMenuNode parent);
+    Task<Level> openSubmenu(PinnedMenuNode parent);
+    Task<bool> waitForItems(PinnedMenuNode parent);
+    Task<PinnedRunResult> pressLast(std::vector<PinnedMenuNode> trail);
+    Task<std::expected<void, AccessibilityError>> perform(AccessibilityElement element);
+    Level childFor(const PinnedMenuStep& step, const PinnedMenuNode& parent) const;
+    Level levelFrom(std::optional<MenuTreeReader::Result<PinnedMenuNode>> read) const;
+
+    MenuAccess access_;
+    std::shared_ptr<MenuTreeReader> reader_;
+    PinnedAction pin_;
+    std::optional<AccessibilityElement> opened_;
+    bool hasPressed_ = false;
+};
+
+} // namespace tavrin

@@ -1,0 +1,89 @@
+#include "pins/running/pinned_action_policy.h"
+
+#include "pins/menus/menu_ax.h"
+#include "pins/store/menu_title.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace tavrin::PinnedActionPolicy {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> excludedRoles{"AXCheckBox", "AXSwitch",      "AXToggle",
+                                                        "AXSlider",   "AXRadioButton", "AXIncrementor"};
+
+// Each between single spaces, as in the words of a title.
+constexpr std::array<std::string_view, 21> disruptiveWords{
+    " quit ",      " exit ",      " sign out ", " log out ", " logout ", " disconnect ", " turn off ",
+    " restart ",   " shut down ", " delete ",   " remove ",  " erase ",  " reset ",      " clear ",
+    " uninstall ", " eject ",     " pause ",    " stop ",    " send ",   " share ",      " publish "};
+
+bool isExcluded(std::string_view role) {
+    return std::ranges::find(excludedRoles, role) != excludedRoles.end();
+}
+
+/// The bytes of the character at the beginning of the text, which isn't empty.
+std::string_view firstCharacter(std::string_view text) {
+    std::size_t length = 1;
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
+    return text.substr(0, length);
+}
+
+/// The letters and digits of a title with single spaces between and around its words.
+std::string wordsOf(std::string_view title, const Text& text) {
+    std::string words = " ";
+    while (!title.empty()) {
+        const auto character = firstCharacter(title);
+        title.remove_prefix(character.size());
+        if (!text.keepingAlphanumerics(character).empty())
+            words += character;
+        else if (!words.ends_with(' '))
+            words += ' ';
+    }
+    if (!words.ends_with(' ')) words += ' ';
+    return words;
+}
+
+} // namespace
+
+std::string_view reason(NodeExclusion exclusion) {
+    switch (exclusion) {
+    case NodeExclusion::Toggle:
+        return "Switches, checkboxes and sliders can't be pinned";
+    case NodeExclusion::Disabled:
+        return "Disabled right now";
+    case NodeExclusion::NotPressable:
+        return "Can't be pressed";
+    }
+    return {};
+}
+
+std::optional<NodeExclusion> exclusion(const PinnedMenuNode& node) {
+    if (isExcluded(node.role) || isExcluded(node.subrole.value_or("")) || node.isChecked)
+        return NodeExclusion::Toggle;
+    if (!node.isEnabled) return NodeExclusion::Disabled;
+    const bool isPressable = std::ranges::find(node.actions, MenuAX::pressAction) != node.actions.end();
+    return isPressable ? std::nullopt : std::optional(NodeExclusion::NotPressable);
+}
+
+std::optional<NodeExclusion> exclusionForTrail(std::span<const PinnedMenuNode> trail) {
+    if (trail.empty()) return NodeExclusion::NotPressable;
+    const auto ancestors = trail.first(trail.size() - 1);
+    if (std::ranges::any_of(ancestors, [](const auto& node) { return isExcluded(node.role); }))
+        return NodeExclusion::Toggle;
+    return exclusion(trail.back());
+}
+
+bool looksDisruptive(const std::vector<PinnedMenuStep>& path, const Text& text) {
+    return std::ranges::any_of(path, [&](const PinnedMenuStep& step) {
+        const auto title = MenuTitle::normalized(step.title, text);
+        if (!title) return false;
+        const auto words = wordsOf(*title, text);
+        return std::ranges::any_of(
+            disruptiveWords, [&](std::string_view word) { return words.find(word) != std::string::npos; });
+    });
+}
+
+} // namespace tavrin::PinnedActionPolicy

@@ -1,0 +1,83 @@
+#include "pins/running/pinned_runner.h"
+
+#include "concurrency/waits.h"
+#include "pins/running/app_menu_bar_session.h"
+#include "pins/running/status_menu_session.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tavrin {
+
+namespace {
+
+PinnedRunFailure failureOf(StatusMenuSession::Failure failure, const std::string& application) {
+    switch (failure) {
+    case StatusMenuSession::Failure::DidNotOpen:
+        break;
+    case StatusMenuSession::Failure::TimedOut:
+        return {PinnedRunFailure::TimedOut{application}};
+    case StatusMenuSession::Failure::Denied:
+        return {PinnedRunFailure::AccessibilityDenied{}};
+    }
+    return {PinnedRunFailure::MenuDidNotOpen{application}};
+}
+
+} // namespace
+
+Task<PinnedRunResult> PinnedRunner::run(PinnedAction pin) {
+    if (pin.origin() == PinnedMenuOrigin::AppMenuBar) co_return co_await runAppMenuBar(std::move(pin));
+    co_return co_await runStatusItem(std::move(pin));
+}
+
+std::vector<RunningApplication> PinnedRunner::runningWith(const std::string& bundleIdentifier) const {
+    std::vector<RunningApplication> matching;
+    std::ranges::copy_if(access_.platform.workspace.runningApplications(), std::back_inserter(matching),
+                         [&](const auto& running) {
+                             return running.bundleIdentifier == bundleIdentifier &&
+                                    running.processIdentifier > 0;
+                         });
+    return matching;
+}
+
+Task<PinnedRunner::Found> PinnedRunner::findStatusItem(PinnedAction pin) {
+    const auto running = runningWith(pin.bundleIdentifier);
+    if (running.empty())
+        co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::AppNotRunning{pin.applicationName}});
+    const auto read =
+        co_await runOn(access_.queue, [&accessibility = access_.platform.accessibility, running,
+                                       bundle = pin.bundleIdentifier](const AbandonFlag& abandoned) {
+            return LiveStatusItems::items(accessibility, running, bundle, abandoned);
+        });
+    const auto items = read.value_or(std::unexpected(MenuReadFailure::Abandoned));
+    if (!items) co_return std::unexpected(tavrin::failureOf(items.error(), pin.applicationName));
+    std::vector<PinnedStatusItemReference::Candidate> candidates;
+    for (const auto& item : *items) candidates.push_back(item.candidate());
+    const auto index = pin.statusItem.select(candidates, access_.platform.text);
+    if (!index || *index >= items->size())
+        co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::StatusItemMissing{pin.applicationName}});
+    co_return (*items)[*index];
+}
+
+Task<PinnedRunResult> PinnedRunner::runStatusItem(PinnedAction pin) {
+    auto item = co_await findStatusItem(pin);
+    if (!item) co_return std::unexpected(item.error());
+    StatusMenuSession session(access_, std::move(*item));
+    const auto opened = co_await session.open(menuOpeningTime);
+    if (!opened) co_return std::unexpected(failureOf(opened.error(), pin.applicationName));
+    auto result = co_await session.press(std::move(pin));
+    if (result) (void)co_await session.waitUntilMenuCloses(MenuAccess::closingTime);
+    co_await session.close();
+    co_return result;
+}
+
+Task<PinnedRunResult> PinnedRunner::runAppMenuBar(PinnedAction pin) {
+    auto running = runningWith(pin.bundleIdentifier);
+    if (running.empty())
+        co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::AppNotRunning{pin.applicationName}});
+    AppMenuBarSession session(access_, std::move(running.front()));
+    co_return co_await session.press(std::move(pin));
+}
+
+} // namespace tavrin

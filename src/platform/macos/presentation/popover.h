@@ -1,0 +1,42 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "platform/macos/apple.h"
+#include "platform/macos/callback_gate.h"
+#include "platform/macos/views/view_renderer.h"
+#include "platform/presentation.h"
+
+#include <functional>
+
+@class TavrinPopoverDelegate;
+
+namespace tavrin::macos {
+
+class MacPopover final : public Popover {
+  public:
+    MacPopover(Scheduler& scheduler, PopoverBehavior behavior, std::function<void()> onClose);
+    ~MacPopover() override;
+    MacPopover(const MacPopover&) = delete;
+    MacPopover& operator=(const MacPopover&) = delete;
+
+    void setContent(View content) override;
+    void setBehavior(PopoverBehavior behavior) override;
+    bool show(StatusItem& item, Rect area) override;
+    void close() override;
+    bool isShown() const override;
+
+  private:
+    void layOut();
+    void watchOutside();
+    void didClose();
+
+    CallbackGate gate_;
+    std::function<void()> onClose_;
+    ViewRenderer renderer_;
+    NSPopover* popover_;
+    TavrinPopoverDelegate* delegate_; // the popover doesn't hold its delegate
+    id outsidePresses_ = nil;         // the monitor's token while it is shown
+    NSScreen* screen_ = nil;          // that of the item; nil before it is first shown
+};
+
+} // namespace tavrin::macos

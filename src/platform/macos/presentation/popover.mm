@@ -1,0 +1,115 @@
+#include "platform/macos/presentation/popover.h"
+
+#include "platform/macos/main_thread.h"
+#include "platform/macos/presentation/status_items.h"
+#include "views/view_layout.h"
+
+#include <utility>
+
+@interface TavrinPopoverDelegate : NSObject <NSPopoverDelegate>
+@property(nonatomic, copy) void (^onClose)(void);
+@end
+
+@implementation TavrinPopoverDelegate
+
+- (void)popoverDidClose:(NSNotification*)notification {
+    if (self.onClose) self.onClose();
+}
+
+@end
+
+namespace tavrin::macos {
+
+namespace {
+
+constexpr double edgeMargin = 24; // for the arrow, and left free at the screen's lower edge
+
+NSPopoverBehavior behaviorFor(PopoverBehavior behavior) {
+    return behavior == PopoverBehavior::Transient ? NSPopoverBehaviorTransient
+                                                  : NSPopoverBehaviorApplicationDefined;
+}
+
+bool isMotionReduced() { return NSWorkspace.sharedWorkspace.accessibilityDisplayShouldReduceMotion; }
+
+} // namespace
+
+MacPopover::MacPopover(Scheduler& scheduler, PopoverBehavior behavior, std::function<void()> onClose)
+    : gate_(scheduler)
+    , onClose_(std::move(onClose))
+    , renderer_(gate_.deliver())
+    , popover_([[NSPopover alloc] init])
+    , delegate_([[TavrinPopoverDelegate alloc] init]) {
+    assertMainThread();
+    NSViewController* controller = [[NSViewController alloc] initWithNibName:nil bundle:nil];
+    controller.view = renderer_.surface();
+    popover_.contentViewController = controller;
+    popover_.behavior = behaviorFor(behavior);
+    popover_.delegate = delegate_;
+    // The destructor takes it back.
+    delegate_.onClose = ^{
+        didClose();
+    };
+}
+
+MacPopover::~MacPopover() {
+    assertMainThread();
+    delegate_.onClose = nil;
+    popover_.delegate = nil;
+    renderer_.letGo();
+    if (outsidePresses_) [NSEvent removeMonitor:outsidePresses_];
+    popover_.animates = NO; // nothing may outlast its owner's callbacks on the screen
+    [popover_ close];
+}
+
+void MacPopover::setContent(View content) {
+    renderer_.setContent(std::move(content));
+    layOut();
+}
+
+void MacPopover::layOut() {
+    NSScreen* screen = screen_ ? screen_ : NSScreen.mainScreen;
+    const double heightMax = screen ? NSHeight(screen.visibleFrame) - edgeMargin : heightUnlimited;
+    const NSSize size = renderer_.layOut(popoverWidthMax, heightMax);
+    const NSSize shown = popover_.contentSize;
+    if (shown.width != size.width || shown.height != size.height) popover_.contentSize = size;
+}
+
+void MacPopover::setBehavior(PopoverBehavior behavior) { popover_.behavior = behaviorFor(behavior); }
+
+bool MacPopover::show(StatusItem& item, Rect area) {
+    NSStatusBarButton* button = buttonOf(item);
+    if (!button.window) return false;
+    screen_ = button.window.screen;
+    layOut();
+    popover_.animates = !isMotionReduced();
+    [popover_ showRelativeToRect:rectInButton(button, area) ofView:button preferredEdge:NSRectEdgeMinY];
+    if (!popover_.shown) return false; // macOS shows none at a window that can't be seen
+    [renderer_.surface().window makeKeyWindow];
+    renderer_.takeKeyboard();
+    watchOutside();
+    return true;
+}
+
+/// Presses on other processes' status items don't close a transient popover by themselves.
+void MacPopover::watchOutside() {
+    if (outsidePresses_) return;
+    NSPopover* popover = popover_;
+    outsidePresses_ =
+        [NSEvent addGlobalMonitorForEventsMatchingMask:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown
+                                               handler:^(NSEvent*) {
+                                                   if (popover.behavior == NSPopoverBehaviorTransient)
+                                                       [popover close];
+                                               }];
+}
+
+void MacPopover::didClose() {
+    if (outsidePresses_) [NSEvent removeMonitor:outsidePresses_];
+    outsidePresses_ = nil;
+    gate_.deliver()(onClose_);
+}
+
+void MacPopover::close() { [popover_ close]; }
+
+bool MacPopover::isShown() const { return popover_.shown; }
+
+} // namespace tavrin::macos

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "concurrency/scheduler.h"
+#include "platform/macos/apple.h"
+#include "platform/macos/callback_gate.h"
+#include "platform/macos/views/view_renderer.h"
+#include "platform/presentation.h"
+
+#include <functional>
+#include <string_view>
+
+@class TavrinWindowDelegate;
+
+namespace tavrin::macos {
+
+class MacWindow final : public Window {
+  public:
+    MacWindow(Scheduler& scheduler, std::string_view title, std::function<void()> onClose);
+    ~MacWindow() override;
+    MacWindow(const MacWindow&) = delete;
+    MacWindow& operator=(const MacWindow&) = delete;
+
+    void setContent(View content) override;
+    void makeKeyAndOrderFront() override;
+    void close() override;
+    bool isVisible() const override;
+
+  private:
+    NSSize layOut();
+
+    CallbackGate gate_;
+    std::function<void()> onClose_;
+    ViewRenderer renderer_;
+    NSWindow* window_;
+    TavrinWindowDelegate* delegate_; // the window doesn't hold its delegate
+    bool wasShown_ = false;
+};
+
+} // namespace tavrin::macos

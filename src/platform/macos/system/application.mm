@@ -1,0 +1,72 @@
+#include "platform/macos/system/application.h"
+
+#include "platform/macos/conversions.h"
+#include "platform/macos/main_thread.h"
+#include "platform/macos/presentation/notices.h"
+
+#include <unistd.h>
+#include <utility>
+
+namespace tavrin::macos {
+
+namespace {
+
+static_assert(std::to_underlying(ActivationPolicy::Regular) == NSApplicationActivationPolicyRegular);
+static_assert(std::to_underlying(ActivationPolicy::Accessory) == NSApplicationActivationPolicyAccessory);
+static_assert(std::to_underlying(ActivationPolicy::Prohibited) == NSApplicationActivationPolicyProhibited);
+
+std::string bundleText(NSString* key) {
+    return textIn([NSBundle.mainBundle objectForInfoDictionaryKey:key]).value_or("");
+}
+
+} // namespace
+
+ProcessIdentifier MacApplication::processIdentifier() const { return getpid(); }
+
+std::string MacApplication::bundleIdentifier() const {
+    return toString(NSBundle.mainBundle.bundleIdentifier);
+}
+
+std::string MacApplication::displayVersion() const {
+    auto version = "Version " + bundleText(@"CFBundleShortVersionString");
+    const auto build = bundleText(@"CFBundleVersion");
+    return build.empty() ? version : version + " (" + build + ")";
+}
+
+void MacApplication::setActivationPolicy(ActivationPolicy policy) {
+    assertMainThread();
+    [NSApp setActivationPolicy:static_cast<NSApplicationActivationPolicy>(policy)];
+}
+
+void MacApplication::activate() {
+    assertMainThread();
+    if (@available(macOS 14.0, *)) {
+        [NSApp activate];
+    } else {
+        [NSApp activateIgnoringOtherApps:YES];
+    }
+}
+
+Subscription MacApplication::onDidBecomeActive(std::function<void()> handler) {
+    return observe(scheduler_, NSNotificationCenter.defaultCenter, NSApplicationDidBecomeActiveNotification,
+                   std::move(handler));
+}
+
+void MacApplication::showAboutPanel() {
+    assertMainThread();
+    [NSApp orderFrontStandardAboutPanel:nil];
+}
+
+/// AppKit asks the delegate inside this call and, when the end is put off, waits in a nested run loop; when
+/// it isn't, the process exits without coming back.
+void MacApplication::terminate() {
+    scheduler_.post([] { [NSApp terminate:nil]; });
+}
+
+/// Posted, because AppKit takes an answer only after the delegate has put the end off, and the program may
+/// already know it by then.
+void MacApplication::replyToShouldTerminate(bool terminates) {
+    scheduler_.post([terminates] { [NSApp replyToApplicationShouldTerminate:terminates]; });
+}
+
+} // namespace tavrin::macos

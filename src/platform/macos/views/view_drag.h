@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/macos/views/view_node.h"
+
+namespace tavrin::macos {
+
+inline constexpr double dragThreshold = 4; // points
+
+/// Makes the node take drops exactly when its view does.
+void followDrops(TavrinViewNode* node);
+
+} // namespace tavrin::macos
+
+/// Drags between the views of one process.
+@interface TavrinViewNode (Drag)
+
+@property(nonatomic, readonly) BOOL isDragSource;
+
+- (void)beginDragWith:(NSEvent*)event;
+
+@end

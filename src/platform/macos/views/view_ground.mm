@@ -1,0 +1,35 @@
+#include "platform/macos/views/view_ground.h"
+
+namespace tavrin::macos {
+
+namespace {
+
+void drawRounded(NSRect bounds, NSColor* fill, NSColor* line, double lineWidth) {
+    const NSRect middleOfLine = NSInsetRect(bounds, lineWidth / 2, lineWidth / 2);
+    NSBezierPath* path = [NSBezierPath bezierPathWithRoundedRect:middleOfLine
+                                                         xRadius:groundRadius
+                                                         yRadius:groundRadius];
+    path.lineWidth = lineWidth;
+    [fill setFill];
+    [path fill];
+    [line setStroke];
+    [path stroke];
+}
+
+} // namespace
+
+void drawGround(const View& view, NSRect bounds) {
+    if (view.kind == ViewKind::Divider) {
+        [NSColor.separatorColor setFill];
+        [NSBezierPath fillRect:bounds];
+    }
+    if (view.kind == ViewKind::Card) {
+        drawRounded(bounds, [NSColor.labelColor colorWithAlphaComponent:0.05], NSColor.separatorColor, 0.5);
+    }
+    if (view.isHighlighted) {
+        NSColor* accent = NSColor.controlAccentColor;
+        drawRounded(bounds, [accent colorWithAlphaComponent:0.18], accent, 1.5);
+    }
+}
+
+} // namespace tavrin::macos

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/macos/apple.h"
+#include "platform/macos/callback_gate.h"
+#include "platform/macos/views/view_node.h"
+
+/// Holds the root of the shown tree, and stands in for nodes where something must outlast them: it has the
+/// keyboard while no node has it, and is the source of their drags.
+@interface TavrinSurfaceView : NSView <NSDraggingSource>
+
+@property(nonatomic, readonly) TavrinViewNode* rootNode;
+
+/// The nodes are being brought in step with a tree, and don't match it yet.
+@property(nonatomic, readonly) BOOL isTakingUp;
+
+- (instancetype)initWithDelivery:(tavrin::macos::Deliver)deliver;
+
+/// Keeps the nodes that keep their kind and place. The focus stays; where its view is gone, it goes to the
+/// one that took its turn.
+- (void)showView:(tavrin::macos::ShownView)view;
+
+/// Ends what tells the program of its fate by itself, before the surface leaves the screen for good.
+- (void)letRecordersGo;
+
+@end

@@ -1,0 +1,316 @@
+#include "concurrency/waits.h"
+#include "platform/application.h"
+#include "platform/presentation.h"
+#include "platform/screens.h"
+#include "platform/window_server.h"
+#include "seam_check/all_checks.h"
+#include "seam_check/findings.h"
+#include "seam_check/shown_item.h"
+#include "seam_check/waiting.h"
+#include "seam_check/words.h"
+#include "views/recorder_button.h"
+#include "views/view_builders.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+namespace tavrin::seam_check {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How often something told that it closed, and whether always on the main thread.
+struct Closings {
+    int count = 0;
+    bool isOnMain = true;
+};
+
+std::function<void()> notesIn(const std::shared_ptr<Closings>& closings, Scheduler& scheduler) {
+    return [closings, &scheduler] {
+        ++closings->count;
+        closings->isOnMain = closings->isOnMain && scheduler.isMainThread();
+    };
+}
+
+void expectOne(Findings& findings, const Closings& closings) {
+    findings.expect(closings.count == 1,
+                    "it told " + std::to_string(closings.count) + " times that it has closed");
+    findings.expect(closings.isOnMain, "it told so off the main thread");
+}
+
+constexpr Seconds animationTime = 800ms; // longer than macOS takes to close anything
+
+View note(const std::string& words) { return column({text(words)}, {.padding = 12}); }
+
+Task<Verdict> popoversTellOnceThatTheyClosed(Platform platform) {
+    const auto shown = co_await shownItem(platform, 40);
+    if (!shown) co_return skipped(itemNotDrawn);
+    const auto& item = *shown;
+    const auto closings = std::make_shared<Closings>();
+    const auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined,
+                                                           notesIn(closings, platform.scheduler));
+    popover->setContent(note("Self-check of Tavrin"));
+    Findings findings;
+    findings.expect(!popover->isShown(), "it is shown before it was");
+    findings.expect(popover->show(*item, item->frame().value_or(Rect{})), "it could not be shown");
+    findings.expect(popover->isShown(), "it is not shown");
+    (void)co_await sleepFor(300ms);
+    findings.expect(popover->isShown(), "it did not stay");
+    popover->setContent(note("Its content can change"));
+    popover->close();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!popover->isShown(), "it is shown after it was closed");
+    popover->close();
+    (void)co_await sleepFor(animationTime);
+    expectOne(findings, *closings);
+    co_return findings.verdict("It was shown, closed, and told so once.");
+}
+
+Task<Verdict> popoversAreShownAgain(Platform platform) {
+    const auto shown = co_await shownItem(platform, 40);
+    if (!shown) co_return skipped(itemNotDrawn);
+    const auto& item = *shown;
+    const auto closings = std::make_shared<Closings>();
+    const auto popover =
+        platform.presentation.makePopover(PopoverBehavior::Transient, notesIn(closings, platform.scheduler));
+    popover->setBehavior(PopoverBehavior::ApplicationDefined);
+    popover->setContent(note("Self-check of Tavrin"));
+    for (int n = 0; n < 2; ++n) {
+        (void)popover->show(*item, item->frame().value_or(Rect{}));
+        (void)co_await sleepFor(300ms);
+        popover->close();
+        (void)co_await sleepFor(animationTime);
+    }
+    if (closings->count != 2)
+        co_return failed("Shown and closed twice, it told so " + std::to_string(closings->count) + " times.");
+    co_return passed("Shown and closed twice, it told so twice.");
+}
+
+Task<Verdict> destroyedPopoversAreSilent(Platform platform) {
+    const auto shown = co_await shownItem(platform, 40);
+    if (!shown) co_return skipped(itemNotDrawn);
+    const auto& item = *shown;
+    const auto closings = std::make_shared<Closings>();
+    auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined,
+                                                     notesIn(closings, platform.scheduler));
+    popover->setContent(note("Self-check of Tavrin"));
+    const bool wasShown = popover->show(*item, item->frame().value_or(Rect{}));
+    (void)co_await sleepFor(300ms);
+    popover.reset();
+    (void)co_await sleepFor(animationTime);
+    if (!wasShown) co_return failed("It could not be shown.");
+    if (closings->count != 0) co_return failed("It told that it has closed.");
+    co_return passed("It went without a word.");
+}
+
+Task<Verdict> popoversNeedAnItem(Platform platform) {
+    const ScratchItem item(platform, "tavrin-seam-check", 40, 150);
+    item->setVisible(false);
+    (void)co_await comesToRest(&*item);
+    if (item->frame()) co_return skipped("An invisible item still has a window.");
+    const auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined, [] {});
+    popover->setContent(note("Nobody should see this"));
+    if (popover->show(*item, {0, 0, 40, 24}) || popover->isShown())
+        co_return failed("It was shown all the same.");
+    co_return passed("It was not shown.");
+}
+
+View bare(ViewKind kind) {
+    View view;
+    view.kind = kind;
+    return view;
+}
+
+/// Every kind of view, with what a person could use.
+View everything(std::string heading) {
+    auto scroll = stack(ViewKind::Scroll, {column({text("One"), text("Two"), text("Three")})}, {});
+    scroll.height = 30;
+    View icon;
+    icon.kind = ViewKind::Icon;
+    icon.icon = IconOfApplication{"com.apple.finder"};
+    View check;
+    check.kind = ViewKind::Checkbox;
+    check.text = "A check box";
+    auto draggable = card({text("A card")});
+    draggable.dragValue = "card";
+    draggable.onDrop = [](const std::string&) {};
+    draggable.contextMenu = {{"An action", [] {}}};
+    draggable.isFocusable = true;
+    draggable.accessibilityLabel = "A card with an action";
+    return column({text(std::move(heading), {.style = TextStyle::Title}), bare(ViewKind::Divider),
+                   row({symbol("checkmark.circle", 20, Tone::Positive), symbol("no such symbol", 0), icon,
+                        bare(ViewKind::Spacer), bare(ViewKind::Progress)}),
+                   check, button("A button", [] {}, {.style = ButtonStyle::Prominent}), draggable, scroll},
+                  {.padding = 16, .width = 320});
+}
+
+Task<Verdict> windowsTellOnceThatTheyClose(Platform platform) {
+    const auto closings = std::make_shared<Closings>();
+    const auto window =
+        platform.presentation.makeWindow("Self-check of Tavrin", notesIn(closings, platform.scheduler));
+    window->setContent(everything("Every kind of view"));
+    Findings findings;
+    findings.expect(!window->isVisible(), "it is visible before it was shown");
+    window->makeKeyAndOrderFront();
+    (void)co_await sleepFor(300ms);
+    findings.expect(window->isVisible(), "it is not visible");
+    window->setContent(everything("Another heading"));
+    (void)co_await sleepFor(300ms);
+    findings.expect(window->isVisible(), "it did not stay when its content changed");
+    window->close();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!window->isVisible(), "it is visible after it was closed");
+    window->close();
+    (void)co_await sleepFor(animationTime);
+    expectOne(findings, *closings);
+    co_return findings.verdict("It showed every kind of view, closed, and told so once.");
+}
+
+Task<Verdict> destroyedWindowsAreSilent(Platform platform) {
+    const auto closings = std::make_shared<Closings>();
+    auto window =
+        platform.presentation.makeWindow("Self-check of Tavrin", notesIn(closings, platform.scheduler));
+    window->setContent(note("Self-check of Tavrin"));
+    window->makeKeyAndOrderFront();
+    (void)co_await sleepFor(300ms);
+    const bool isVisible = window->isVisible();
+    window.reset();
+    (void)co_await sleepFor(animationTime);
+    if (!isVisible) co_return failed("It was not visible.");
+    if (closings->count != 0) co_return failed("It told that it closes.");
+    co_return passed("It went without a word.");
+}
+
+bool isOnScreen(const Platform& platform, Rect area) {
+    const auto own = platform.application.processIdentifier();
+    return std::ranges::any_of(platform.windowServer.onScreenWindows(), [&](const OnScreenWindow& window) {
+        return window.owner == own && window.layer > 0 && window.frame.intersects(area);
+    });
+}
+
+Task<Verdict> panelsShowBelowTheirAnchor(Platform platform) {
+    const auto screens = platform.screens.screens();
+    if (screens.empty()) co_return skipped("There is no screen.");
+    const auto& screen = screens.front().frame;
+    const Rect anchor{screen.midX() - 20, screen.minY() + 200, 40, 20};
+    const Rect below{anchor.x, anchor.maxY() + 15, anchor.width, 4};
+    auto panel = platform.presentation.makePanel();
+    panel->setContent(note("Self-check of Tavrin"));
+    Findings findings;
+    findings.expect(!panel->isShown() && !isOnScreen(platform, below), "it is shown before it was");
+    panel->show(anchor);
+    (void)co_await sleepFor(300ms);
+    findings.expect(panel->isShown(), "it is not shown");
+    findings.expect(isOnScreen(platform, below), "the window server has no window of it below its anchor");
+    panel->close();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!panel->isShown() && !isOnScreen(platform, below), "it is there after it was closed");
+    panel->show(anchor);
+    (void)co_await sleepFor(300ms);
+    panel.reset();
+    (void)co_await sleepFor(animationTime);
+    findings.expect(!isOnScreen(platform, below), "it is there after it was destroyed");
+    co_return findings.verdict("It showed, and the window server listed it.");
+}
+
+Task<Verdict> destroyedAlertsGiveNoAnswer(Platform platform) {
+    const auto answers = std::make_shared<int>(0);
+    auto alert = platform.presentation.showAlert({.messageText = "Self-check of Tavrin",
+                                                  .informativeText = "This alert goes by itself.",
+                                                  .buttons = {"OK", "Cancel"},
+                                                  .icon = std::nullopt},
+                                                 [answers](std::size_t) { ++*answers; });
+    (void)co_await sleepFor(300ms);
+    alert->bringToFront();
+    (void)co_await sleepFor(300ms);
+    alert.reset();
+    (void)co_await sleepFor(animationTime);
+    if (*answers != 0) co_return failed("It was answered.");
+    co_return passed("It went without an answer, and work went on while it was there.");
+}
+
+/// What a recorder learns of its button.
+struct RecorderNotes {
+    RecorderButtonHost* host = nullptr;
+    int focusLost = 0;
+    int departures = 0;
+};
+
+class NotingRecorder final : public RecorderButton {
+  public:
+    NotingRecorder(std::shared_ptr<RecorderNotes> notes, RecorderButtonHost& host)
+        : notes_(std::move(notes)) {
+        notes_->host = &host;
+        host.show("Record", RecorderLook::Resting);
+    }
+
+    NotingRecorder(const NotingRecorder&) = delete;
+    NotingRecorder& operator=(const NotingRecorder&) = delete;
+
+    ~NotingRecorder() override { notes_->host = nullptr; }
+
+    void clicked() override {}
+
+    void resignedFirstResponder() override { ++notes_->focusLost; }
+
+    void movesFromWindow() override { ++notes_->departures; }
+
+  private:
+    std::shared_ptr<RecorderNotes> notes_;
+};
+
+View recorderView(const std::shared_ptr<RecorderNotes>& notes) {
+    auto maker = std::make_shared<RecorderButtonMaker>();
+    maker->make = [notes](RecorderButtonHost& host) { return std::make_unique<NotingRecorder>(notes, host); };
+    maker->update = [](RecorderButton&) {};
+    auto recorder = bare(ViewKind::ShortcutRecorder);
+    recorder.recorder = std::move(maker);
+    return column({text("A recorder"), recorder}, {.padding = 16});
+}
+
+Task<Verdict> recordersKnowTheirButtons(Platform platform) {
+    const auto notes = std::make_shared<RecorderNotes>();
+    auto window = platform.presentation.makeWindow("Self-check of Tavrin", [] {});
+    window->setContent(recorderView(notes));
+    window->makeKeyAndOrderFront();
+    (void)co_await sleepFor(300ms);
+    if (!notes->host) co_return failed("No button was made for it.");
+    Findings findings;
+    findings.expect(notes->host->isInWindow(), "its button is in no window");
+    findings.expect(notes->host->makeFirstResponder(), "its button was refused the keyboard");
+    findings.expect(notes->host->isFirstResponder(), "its button didn't get the keyboard");
+    notes->host->show("Type a shortcut", RecorderLook::Recording);
+    window->setContent(note("No recorder any more"));
+    (void)co_await sleepFor(300ms);
+    findings.expect(notes->departures >= 1, "it wasn't told that its button goes");
+    window.reset();
+    findings.expect(!notes->host, "it outlasts its button");
+    co_return findings.verdict("Its button took the keyboard and went; of losing the keyboard it was told " +
+                               counted(static_cast<std::size_t>(notes->focusLost), "time") + ".");
+}
+
+} // namespace
+
+std::vector<Check> presentationChecks() {
+    constexpr auto family = "presentation";
+    return {
+        changes(family, "A popover shows at its item, and tells once that it has closed.",
+                popoversTellOnceThatTheyClosed),
+        changes(family, "A popover can be shown again, whatever its behaviour was at first.",
+                popoversAreShownAgain),
+        changes(family, "A popover that is destroyed closes without telling.", destroyedPopoversAreSilent),
+        changes(family, "A popover of an item without a window isn't shown.", popoversNeedAnItem),
+        changes(family, "A window shows every kind of view, and tells once that it closes.",
+                windowsTellOnceThatTheyClose),
+        changes(family, "A panel shows below its anchor, where the window server lists it, until it goes.",
+                panelsShowBelowTheirAnchor),
+        changes(family, "An alert that is destroyed goes without an answer.", destroyedAlertsGiveNoAnswer),
+        changes(family, "A recorder's button takes the keyboard, and the recorder is told when it goes.",
+                recordersKnowTheirButtons),
+        changes(family, "A window that is destroyed closes without telling.", destroyedWindowsAreSilent),
+    };
+}
+
+} // namespace tavrin::seam_check
