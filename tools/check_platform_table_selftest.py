@@ -32,7 +32,7 @@ FAULTS = [
     ("header", "watch(", "wait(", ("Screens.wait isn't in", "no header has a virtual operation Screens.watch")),
     ("header", "    class Inner {", "    virtual int more() = 0;\n    class Inner {", ("Screens.more isn't in",)),
     ("table", "`NSNotice`", "`NSComment`", ("nothing in the sources for macOS uses NSComment",)),
-    ("table", "`NSNotice`", "`notice.mm`", ("there is no src/platform/macos/notice.mm",)),
+    ("table", "`NSNotice`", "`notice.mm`", ("there is no notice.mm below src/platform/macos",)),
     ("table", "| `NSNotice` |", "| |", ("doesn't tell what it is on macOS",)),
     ("table", "none: nobody can tell", "none: why", ("doesn't say why",)),
     ("table", "none: nobody can tell", "", ("needs one cell with its check",)),

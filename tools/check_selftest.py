@@ -63,7 +63,7 @@ FAULTS = [
      "src/core/policy.h:2", "only platform/macos/"),
     (plus("src/core/manager.cpp", "# include <../src/core/policy.h>\n"), "src/core/manager.cpp:3", "from the root"),
     (plus("src/core/manager.h", include("policy.h")), "src/core/manager.h:3", "from the root"),
-    (plus("simulator/model/bar.h", include("core/policy.h")), "simulator/model/bar.h:3", "sees only platform/"),
+    (plus("simulator/model/bar.h", include("core/policy.h")), "simulator/model/bar.h:3", "sees only base/"),
     ({"src/util/list.h": "", **plus("src/core/policy.h", include("util/list.h"))}, "src/util/list.h:1", "no floor"),
     (plus("src/app/start.h", include("seam_check/check.h")), "src/app/start.h:2", "doesn't know its self-check"),
     (plus("src/seam_check/main_macos.mm", include("app/start.h")), "src/seam_check/main_macos.mm:3",
