@@ -1,5 +1,6 @@
 #include "main_tour.h"
 
+#include "base/base64.h"
 #include "preferences/defaults_json.h"
 #include "terminal/tour.h"
 
@@ -227,7 +228,7 @@ json backupOfPins() {
         R"("hasConfirmedFirstRun":false}]})";
     tavrin::DefaultsData bytes;
     for (const char byte : document) bytes.push_back(std::byte(byte));
-    return {{"$data", toBase64(bytes)}};
+    return {{"$data", tavrin::base64From(bytes)}};
 }
 
 std::vector<TourStep> runningAPin(const std::string& bundle) {

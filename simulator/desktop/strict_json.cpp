@@ -1,5 +1,7 @@
 #include "desktop/strict_json.h"
 
+#include "base/unicode.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -121,32 +123,10 @@ class StrictBuilder : public nlohmann::json_sax<json> {
     JsonFault fault_;
 };
 
-/// Bytes in the UTF-8 character at the front of `text`, or 0 when it is broken.
-std::size_t characterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const std::size_t length = lead < 0x80           ? 1
-                               : (lead >> 5) == 0x06 ? 2
-                               : (lead >> 4) == 0x0e ? 3
-                               : (lead >> 3) == 0x1e ? 4
-                                                     : 0;
-    if (length == 0 || length > text.size()) return 0;
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) >> 6) == 0x02; };
-    return std::all_of(text.begin() + 1, text.begin() + static_cast<std::ptrdiff_t>(length), continues)
-               ? length
-               : 0;
-}
-
 std::string escapedByte(char byte) {
     static constexpr char digits[] = "0123456789abcdef";
     const auto value = static_cast<unsigned char>(byte);
     return {'\\', 'x', digits[value >> 4], digits[value & 15]};
-}
-
-std::string_view cutAt(std::string_view text, std::size_t bytesMax) {
-    if (text.size() <= bytesMax) return text;
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) >> 6) == 0x02; };
-    while (bytesMax > 0 && continues(text[bytesMax])) --bytesMax;
-    return text.substr(0, bytesMax);
 }
 
 } // namespace
@@ -176,27 +156,23 @@ std::string pointerTo(const std::string& pointer, std::size_t index) {
 std::string onOneLine(std::string_view text) {
     std::string line;
     while (!text.empty()) {
-        const std::size_t length = characterLength(text);
-        const auto lead = static_cast<unsigned char>(text[0]);
-        if (length == 0 || lead < 0x20 || lead == 0x7f) {
-            line += escapedByte(text[0]);
-            text.remove_prefix(1);
-        } else {
-            line += text.substr(0, length);
-            text.remove_prefix(length);
-        }
+        const auto character = tavrin::takeCharacter(text);
+        if (character.isBroken || character.value < 0x20 || character.value == 0x7f)
+            for (const char byte : character.bytes) line += escapedByte(byte);
+        else
+            line += character.bytes;
     }
     return line;
 }
 
 std::string inQuotes(std::string_view text) {
     constexpr std::size_t bytesMax = 60;
-    return '"' + onOneLine(cutAt(text, bytesMax)) + (text.size() > bytesMax ? "…" : "") + '"';
+    return '"' + onOneLine(tavrin::frontWithin(bytesMax, text)) + (text.size() > bytesMax ? "…" : "") + '"';
 }
 
 std::string describe(const JsonFault& fault) {
     constexpr std::size_t pointerBytesMax = 300;
-    const std::string pointer = onOneLine(cutAt(fault.pointer, pointerBytesMax));
+    const std::string pointer = onOneLine(tavrin::frontWithin(pointerBytesMax, fault.pointer));
     return (pointer.empty() ? "/" : pointer) + ": " + onOneLine(fault.problem) + '.';
 }
 

@@ -1,6 +1,6 @@
+#include "base/unicode.h"
 #include "driver/driver.h"
 #include "driver/json_shapes.h"
-#include "views/code_points.h"
 
 #include <algorithm>
 #include <cmath>
@@ -178,7 +178,7 @@ Outcome Driver::scroll(Arguments& arguments) {
 Outcome Driver::key(Arguments& arguments) {
     const auto key = arguments.reader().text("key", Need::Required);
     const auto modifiers = arguments.modifiers();
-    const bool isKnown = codePointsOf(key).size() == 1 || isNamedKey(key);
+    const bool isKnown = tavrin::countOfCharacters(key) == 1 || isNamedKey(key);
     if (!isKnown) arguments.reader().refuse("key", "must be one character, or one of " + namesOfKeys());
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
     return json{{"handled", person_.pressKey(key, modifiers)}};

@@ -1,5 +1,6 @@
 #include "menu_bar/menu_titles.h"
 
+#include "base/unicode.h"
 #include "menu_bar/status_layout.h"
 
 #include <algorithm>
@@ -14,9 +15,7 @@ constexpr double characterWidth = 7.5; // about what the menu bar's font takes
 constexpr std::size_t titlesBeforeOwn = 2;
 
 double widthOf(const std::string& title) {
-    const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; };
-    const auto characters = static_cast<std::size_t>(std::ranges::count_if(title, std::not_fn(continues)));
-    return titlePadding + characterWidth * static_cast<double>(characters);
+    return titlePadding + characterWidth * static_cast<double>(tavrin::countOfCharacters(title));
 }
 
 MenuItemSpec entry(std::string title, std::string key = {}) {

@@ -1,5 +1,7 @@
 #include "menu_bar/stored_positions.h"
 
+#include "base/ascii.h"
+
 namespace mac_model {
 
 namespace {
@@ -27,7 +29,7 @@ std::string StoredPositions::byHostName(std::string_view name) {
     const auto underscore = result.find('_');
     if (underscore != std::string::npos && underscore + 1 < result.size()) {
         auto& first = result[underscore + 1];
-        if (first >= 'A' && first <= 'Z') first = static_cast<char>(first - 'A' + 'a');
+        first = tavrin::lowercasedAscii(first);
     }
     return result + "_v6";
 }

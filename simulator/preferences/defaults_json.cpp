@@ -1,10 +1,11 @@
 #include "preferences/defaults_json.h"
 
+#include "base/base64.h"
+#include "base/unicode.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <unicode/utf8.h>
 
 namespace mac_model {
 
@@ -15,19 +16,6 @@ using tavrin::DefaultsDictionary;
 using tavrin::DefaultsValue;
 
 namespace {
-
-constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-
-bool isUtf8(const std::string& text) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto length = static_cast<std::int32_t>(text.size());
-    for (std::int32_t i = 0; i < length;) {
-        UChar32 character = 0;
-        U8_NEXT(bytes, i, length, character);
-        if (character < 0) return false;
-    }
-    return true;
-}
 
 DefaultsData bytesOf(const std::string& text) {
     DefaultsData bytes(text.size());
@@ -52,11 +40,11 @@ struct Encoder {
     }
 
     json operator()(const std::string& value) const {
-        if (isUtf8(value)) return value;
-        return {{"$bytes", toBase64(bytesOf(value))}};
+        if (tavrin::isUtf8(value)) return value;
+        return {{"$bytes", tavrin::base64From(bytesOf(value))}};
     }
 
-    json operator()(const DefaultsData& value) const { return {{"$data", toBase64(value)}}; }
+    json operator()(const DefaultsData& value) const { return {{"$data", tavrin::base64From(value)}}; }
 
     json operator()(const DefaultsArray& value) const {
         auto array = json::array();
@@ -106,7 +94,7 @@ std::optional<DefaultsValue> marked(const std::string& key, const json& content)
     if (!content.is_string()) return std::nullopt;
     const auto& text = content.get_ref<const std::string&>();
     if (key == "$real") return unusualReal(text);
-    const auto bytes = fromBase64(text);
+    const auto bytes = tavrin::bytesFromBase64(text);
     if (key == "$data" && bytes) return DefaultsValue{*bytes};
     if (key == "$bytes" && bytes) return DefaultsValue{textOf(*bytes)};
     return std::nullopt;
@@ -140,37 +128,6 @@ std::optional<DefaultsValue> defaultsValue(const json& value) {
         std::ranges::any_of(value.items(), [](const auto& e) { return e.key().starts_with('$'); });
     if (!isMarked) return dictionary(value);
     return value.size() == 1 ? marked(value.begin().key(), value.begin().value()) : std::nullopt;
-}
-
-std::string toBase64(const DefaultsData& data) {
-    std::string text;
-    for (std::size_t i = 0; i < data.size(); i += 3) {
-        const auto byte = [&](std::size_t n) {
-            return i + n < data.size() ? std::to_integer<unsigned>(data[i + n]) : 0U;
-        };
-        const unsigned group = byte(0) << 16U | byte(1) << 8U | byte(2);
-        for (unsigned n = 0; n < 4; ++n)
-            text += i + n <= data.size() ? alphabet[group >> (18 - 6 * n) & 63U] : '=';
-    }
-    return text;
-}
-
-std::optional<DefaultsData> fromBase64(std::string_view text) {
-    DefaultsData data;
-    unsigned bits = 0;
-    unsigned count = 0;
-    if (text.size() % 4 != 0) return std::nullopt;
-    while (text.ends_with('=')) text.remove_suffix(1);
-    for (const char character : text) {
-        const auto digit = alphabet.find(character);
-        if (digit == std::string_view::npos) return std::nullopt;
-        bits = bits << 6U | static_cast<unsigned>(digit);
-        count += 6;
-        if (count < 8) continue;
-        count -= 8;
-        data.push_back(static_cast<std::byte>(bits >> count & 0xFFU));
-    }
-    return data;
 }
 
 } // namespace mac_model

@@ -18,7 +18,4 @@ nlohmann::json toJson(const tavrin::DefaultsDictionary&);
 /// None for null and for what the rules above don't allow.
 std::optional<tavrin::DefaultsValue> defaultsValue(const nlohmann::json&);
 
-std::string toBase64(const tavrin::DefaultsData&);
-std::optional<tavrin::DefaultsData> fromBase64(std::string_view);
-
 } // namespace mac_model

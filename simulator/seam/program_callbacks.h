@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/owner_gate.h"
 #include "system/program_connection.h"
 
 #include <functional>
@@ -14,31 +15,27 @@ class ProgramCallbacks {
   public:
     ProgramCallbacks(std::shared_ptr<ProgramConnection> connection, std::function<void()> onClose)
         : connection_(std::move(connection))
-        , onClose_(std::make_shared<std::function<void()>>(std::move(onClose))) {}
+        , onClose_(std::move(onClose)) {}
 
     bool isOpen() const { return connection_ && connection_->isOpen(); }
 
     tavrin::ProcessIdentifier process() const { return connection_ ? connection_->process() : 0; }
 
     std::function<void(tavrin::Work)> deliver() const {
-        return [connection = connection_, owner = std::weak_ptr(onClose_)](tavrin::Work work) {
-            if (!connection) return;
-            connection->post([owner, work = std::move(work)] {
-                if (!owner.expired()) work();
-            });
+        return [connection = connection_, pass = gate_.pass()](tavrin::Work work) {
+            if (connection) connection->post(pass.guarded(std::move(work)));
         };
     }
 
     void postOnClose() const {
-        // The callback may destroy its owner, and must outlive that.
-        deliver()([owner = std::weak_ptr(onClose_)] {
-            if (const auto onClose = owner.lock(); onClose && *onClose) (*onClose)();
-        });
+        // The callback may destroy its owner; the posted copy outlives that.
+        if (onClose_) deliver()(onClose_);
     }
 
   private:
     std::shared_ptr<ProgramConnection> connection_;
-    std::shared_ptr<std::function<void()>> onClose_;
+    std::function<void()> onClose_;
+    tavrin::OwnerGate gate_;
 };
 
 } // namespace mac_model

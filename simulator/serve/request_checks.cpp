@@ -1,5 +1,7 @@
 #include "serve/request_checks.h"
 
+#include "base/ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -38,10 +40,8 @@ std::optional<Refusal> checkOrigin(const RequestOrigin& request, int port) {
 }
 
 std::optional<Refusal> checkContentType(const std::string& contentType) {
-    auto type = trimmed(contentType.substr(0, contentType.find(';')));
-    std::ranges::transform(type, type.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
-    if (type == "application/json") return std::nullopt;
+    const auto type = trimmed(contentType.substr(0, contentType.find(';')));
+    if (tavrin::lowercasedAscii(type) == "application/json") return std::nullopt;
     return Refusal{415, "A command is sent as application/json."};
 }
 

@@ -1,5 +1,7 @@
 #include "serve/trace.h"
 
+#include "base/unicode.h"
+
 #include <cmath>
 #include <utility>
 
@@ -9,12 +11,10 @@ using nlohmann::json;
 
 namespace {
 
-std::string shortened(std::string text) {
-    constexpr std::size_t lengthMax = 100;
-    if (text.size() <= lengthMax) return text;
-    std::size_t end = lengthMax;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end; // not inside a character
-    return text.substr(0, end) + "…";
+std::string shortened(const std::string& text) {
+    constexpr std::size_t bytesMax = 100;
+    const std::string front(tavrin::frontWithin(bytesMax, text));
+    return front.size() == text.size() ? front : front + "…";
 }
 
 std::string inPoints(tavrin::Point point) {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/owner_gate.h"
 #include "concurrency/virtual_scheduler.h"
 
-#include <memory>
 #include <utility>
 
 namespace mac_model {
@@ -14,21 +14,15 @@ class WorldCalls {
 
     /// In the world, whatever the program's main thread does.
     void after(tavrin::Seconds delay, tavrin::Work work) {
-        scheduler_.callInWorldAfter(delay, guarded(std::move(work)));
+        scheduler_.callInWorldAfter(delay, gate_.guarded(std::move(work)));
     }
 
     /// When the program's main loop turns.
-    void post(tavrin::Work work) { scheduler_.post(guarded(std::move(work))); }
+    void post(tavrin::Work work) { scheduler_.post(gate_.guarded(std::move(work))); }
 
   private:
-    tavrin::Work guarded(tavrin::Work work) const {
-        return [alive = std::weak_ptr(alive_), work = std::move(work)] {
-            if (!alive.expired()) work();
-        };
-    }
-
     tavrin::VirtualScheduler& scheduler_;
-    std::shared_ptr<int> alive_ = std::make_shared<int>(0);
+    tavrin::OwnerGate gate_;
 };
 
 } // namespace mac_model

@@ -1,5 +1,6 @@
 #include "terminal/menu_bar_drawing.h"
 
+#include "base/unicode.h"
 #include "views/code_points.h"
 
 #include <algorithm>
@@ -34,14 +35,14 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 4> hiddenPhr
 
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
-    for (const auto character : codePointsOf(text))
+    for (const auto character : tavrin::charactersOf(text))
         columns += isZeroWidth(character.value) ? 0 : isWide(character.value) ? 2 : 1;
     return columns;
 }
 
 std::string cutTo(std::size_t columns, std::string_view text) {
     std::string cut;
-    for (const auto character : codePointsOf(text)) {
+    for (const auto character : tavrin::charactersOf(text)) {
         if (columnsOf(cut + std::string(character.bytes)) > columns) break;
         cut += character.bytes;
     }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 
 namespace mac_model {
 
@@ -36,44 +35,7 @@ bool isIn(const auto& ranges, char32_t value) {
     return std::ranges::any_of(ranges, [value](Range r) { return value >= r.first && value <= r.last; });
 }
 
-std::size_t lengthAnnouncedBy(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead < 0xE0) return 2;
-    if (lead >= 0xE0 && lead < 0xF0) return 3;
-    return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
-}
-
-bool isOverlongOrSurrogate(char32_t value, std::size_t length) {
-    return (length == 3 && value < 0x800) || (length == 4 && value < 0x10000) || value > 0x10FFFF ||
-           (value >= 0xD800 && value <= 0xDFFF);
-}
-
-CodePoint readOne(std::string_view text) {
-    const CodePoint broken{0xFFFD, text.substr(0, 1)};
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const std::size_t length = lengthAnnouncedBy(lead);
-    if (length == 0 || length > text.size()) return broken;
-    char32_t value = length == 1 ? lead : lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        if ((byte & 0xC0U) != 0x80U) return broken;
-        value = value << 6 | (byte & 0x3FU);
-    }
-    if (isOverlongOrSurrogate(value, length)) return broken;
-    return {value, text.substr(0, length)};
-}
-
 } // namespace
-
-std::vector<CodePoint> codePointsOf(std::string_view text) {
-    std::vector<CodePoint> characters;
-    characters.reserve(text.size());
-    while (!text.empty()) {
-        characters.push_back(readOne(text));
-        text.remove_prefix(characters.back().bytes.size());
-    }
-    return characters;
-}
 
 bool isWide(char32_t value) { return isIn(wideRanges, value); }
 

@@ -1,5 +1,6 @@
 #include "views/text_metrics.h"
 
+#include "base/unicode.h"
 #include "views/code_points.h"
 
 #include <array>
@@ -83,7 +84,7 @@ class LineFiller {
     }
 
     void appendInParts(std::string_view word) {
-        for (const auto character : codePointsOf(word)) {
+        for (const auto character : tavrin::charactersOf(word)) {
             const double characterWidth = widthOf(character.bytes, style_);
             if (!isEmpty() && lineWidth_ + characterWidth > width_) breakLine();
             line_ += character.bytes;
@@ -119,7 +120,7 @@ double lineHeightOf(tavrin::TextStyle style) { return std::ceil(fontSizeOf(style
 
 double widthOf(std::string_view text, tavrin::TextStyle style) {
     double thousandths = 0;
-    for (const auto character : codePointsOf(text)) thousandths += advanceOf(character.value);
+    for (const auto character : tavrin::charactersOf(text)) thousandths += advanceOf(character.value);
     return thousandths / 1000 * fontSizeOf(style) * stretchOf(style);
 }
 
@@ -130,7 +131,7 @@ std::vector<std::string> wrapped(std::string_view text, tavrin::TextStyle style,
     const auto endWord = [&] {
         if (position > wordBegin) filler.addWord(text.substr(wordBegin, position - wordBegin));
     };
-    for (const auto character : codePointsOf(text)) {
+    for (const auto character : tavrin::charactersOf(text)) {
         const bool isBreak = character.value == '\n';
         if (isBreak || character.value == ' ' || isWide(character.value)) {
             endWord();

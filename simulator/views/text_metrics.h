@@ -9,7 +9,7 @@
 namespace mac_model {
 
 // Sizes of text as a sans serif system font draws it, near enough that a page which draws at these places has
-// neither cut words nor wide gaps. Points; text is UTF-8, and each broken byte counts as one character.
+// neither cut words nor wide gaps. Points; text is UTF-8, read as base/unicode.h says.
 
 double fontSizeOf(tavrin::TextStyle);
 double lineHeightOf(tavrin::TextStyle);

@@ -40,24 +40,6 @@ std::size_t countOfFirst(std::string_view text, const CharacterSet& set) {
     return static_cast<std::size_t>(std::ranges::find_if(text, isOther) - text.begin());
 }
 
-std::size_t lengthByLead(unsigned char lead) {
-    if (lead < 0xC2 || lead > 0xF4) return 0;
-    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-}
-
-/// Length in bytes of the character beyond ASCII that the text begins with; 0 when it begins with none.
-std::size_t lengthOfCharacter(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const auto length = lengthByLead(lead);
-    if (length == 0 || text.size() < length) return 0;
-    for (const char byte : text.substr(1, length - 1))
-        if ((byte & 0xC0) != 0x80) return 0;
-    const auto second = static_cast<unsigned char>(text[1]);
-    const bool isOverlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-    const bool isNoCharacter = (lead == 0xED && second >= 0xA0) || (lead == 0xF4 && second >= 0x90);
-    return isOverlong || isNoCharacter ? 0 : length;
-}
-
 /// The integer with these digits and zeros after them.
 std::optional<std::int64_t> integerFrom(std::string digits, std::size_t zeros) {
     constexpr std::size_t zerosMax = 18; // more don't fit after any digit but 0
@@ -171,10 +153,11 @@ class Parser {
         return front;
     }
 
+    /// Control characters have to be escaped.
     bool readCharacter(std::string& into) {
-        const auto length = lengthOfCharacter(rest_);
-        into += taken(length);
-        return length > 0;
+        const auto character = takeCharacter(rest_);
+        into += character.bytes;
+        return !character.isBroken && character.value >= 0x80;
     }
 
     bool readEscape(std::string& into) {
@@ -246,15 +229,13 @@ void appendEscaped(std::string& json, char character) {
     json += digits[character & 0xF];
 }
 
-/// Appends what the text begins with and that isn't plain; returns its length in bytes.
-std::size_t appendSpecial(std::string& json, std::string_view text) {
-    if (static_cast<unsigned char>(text.front()) < 0x80) {
-        appendEscaped(json, text.front());
-        return 1;
-    }
-    const auto length = lengthOfCharacter(text);
-    json += length > 0 ? text.substr(0, length) : "\uFFFD";
-    return std::max<std::size_t>(length, 1);
+void appendSpecial(std::string& json, const Utf8Character& character) {
+    if (character.value < 0x80)
+        appendEscaped(json, character.bytes.front());
+    else if (character.isBroken)
+        appendCharacter(json, replacementCharacter);
+    else
+        json += character.bytes;
 }
 
 } // namespace
@@ -267,7 +248,7 @@ void appendJsonString(std::string& json, std::string_view text) {
         const auto unescaped = countOfFirst(text, unescapedCharacters);
         json += text.substr(0, unescaped);
         text.remove_prefix(unescaped);
-        if (!text.empty()) text.remove_prefix(appendSpecial(json, text));
+        if (!text.empty()) appendSpecial(json, takeCharacter(text));
     }
     json += '"';
 }

@@ -1,12 +1,8 @@
 #include "base/unicode.h"
 
-#include <cstddef>
-
 namespace tavrin {
 
 namespace {
-
-constexpr char32_t replacement = 0xFFFD;
 
 bool isWithin(char32_t value, char32_t least, char32_t greatest) {
     return value >= least && value <= greatest;
@@ -15,7 +11,7 @@ bool isWithin(char32_t value, char32_t least, char32_t greatest) {
 /// How a character begins that takes several bytes. The limits of its second byte keep out overlong forms,
 /// surrogates and what lies beyond U+10FFFF.
 struct Beginning {
-    int following = 0; // bytes; 0 for a byte that begins nothing
+    std::size_t following = 0; // bytes; 0 for a byte that begins nothing
     char32_t bits = 0;
     char32_t secondLeast = 0x80;
     char32_t secondGreatest = 0xBF;
@@ -30,36 +26,31 @@ Beginning beginningOf(char32_t byte) {
     return {};
 }
 
-/// Takes the next character off the front of text that isn't empty.
-char32_t takeCharacter(std::string_view& utf8) {
-    const auto takeByte = [&utf8] {
-        const char32_t byte = static_cast<unsigned char>(utf8.front());
-        utf8.remove_prefix(1);
-        return byte;
-    };
-    const auto first = takeByte();
-    if (first < 0x80) return first;
-    auto [following, value, least, greatest] = beginningOf(first);
-    if (following == 0) return replacement;
-    for (; following > 0; --following) {
-        if (utf8.empty() || !isWithin(static_cast<unsigned char>(utf8.front()), least, greatest))
-            return replacement;
-        value = value << 6 | (takeByte() & 0x3F);
-        least = 0x80;
-        greatest = 0xBF;
+/// Reads the character whose first byte is no ASCII.
+Utf8Character longCharacterAt(std::string_view utf8) {
+    const auto byteAt = [utf8](std::size_t i) -> char32_t { return static_cast<unsigned char>(utf8[i]); };
+    const auto beginning = beginningOf(byteAt(0));
+    auto value = beginning.bits;
+    auto least = beginning.secondLeast;
+    auto greatest = beginning.secondGreatest;
+    std::size_t length = 1;
+    for (; length <= beginning.following; ++length, least = 0x80, greatest = 0xBF) {
+        if (length == utf8.size() || !isWithin(byteAt(length), least, greatest)) break;
+        value = value << 6 | (byteAt(length) & 0x3F);
     }
-    return value;
+    const bool isBroken = beginning.following == 0 || length <= beginning.following;
+    return {isBroken ? replacementCharacter : value, utf8.substr(0, length), isBroken};
 }
 
 bool isHighSurrogate(char32_t unit) { return isWithin(unit, 0xD800, 0xDBFF); }
 
 bool isLowSurrogate(char32_t unit) { return isWithin(unit, 0xDC00, 0xDFFF); }
 
-char32_t takeCharacter(std::span<const std::uint16_t>& utf16) {
+char32_t takeUnits(std::span<const std::uint16_t>& utf16) {
     const char32_t first = utf16.front();
     utf16 = utf16.subspan(1);
     if (!isHighSurrogate(first) && !isLowSurrogate(first)) return first;
-    if (isLowSurrogate(first) || utf16.empty() || !isLowSurrogate(utf16.front())) return replacement;
+    if (isLowSurrogate(first) || utf16.empty() || !isLowSurrogate(utf16.front())) return replacementCharacter;
     const char32_t second = utf16.front();
     utf16 = utf16.subspan(1);
     return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
@@ -72,7 +63,46 @@ void append(std::vector<std::uint16_t>& utf16, char32_t character) {
     add(0xDC00 + ((character - 0x10000) & 0x3FF));
 }
 
-void append(std::string& utf8, char32_t character) {
+} // namespace
+
+Utf8Character takeCharacter(std::string_view& utf8) {
+    const auto first = static_cast<unsigned char>(utf8.front());
+    const auto character = first < 0x80 ? Utf8Character{first, utf8.substr(0, 1)} : longCharacterAt(utf8);
+    utf8.remove_prefix(character.bytes.size());
+    return character;
+}
+
+std::vector<Utf8Character> charactersOf(std::string_view utf8) {
+    std::vector<Utf8Character> characters;
+    characters.reserve(utf8.size());
+    while (!utf8.empty()) characters.push_back(takeCharacter(utf8));
+    return characters;
+}
+
+std::size_t countOfCharacters(std::string_view utf8) {
+    std::size_t count = 0;
+    for (; !utf8.empty(); ++count) takeCharacter(utf8);
+    return count;
+}
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty())
+        if (takeCharacter(text).isBroken) return false;
+    return true;
+}
+
+std::string_view frontWithin(std::size_t bytesMax, std::string_view utf8) {
+    auto rest = utf8;
+    std::size_t length = 0;
+    while (!rest.empty()) {
+        const auto longer = length + takeCharacter(rest).bytes.size();
+        if (longer > bytesMax) break;
+        length = longer;
+    }
+    return utf8.substr(0, length);
+}
+
+void appendCharacter(std::string& utf8, char32_t character) {
     const auto add = [&utf8](char32_t byte) { utf8.push_back(static_cast<char>(byte)); };
     const auto addFollowing = [&](int shift) { add(0x80 | (character >> shift & 0x3F)); };
     if (character < 0x80) return add(character);
@@ -89,19 +119,17 @@ void append(std::string& utf8, char32_t character) {
     addFollowing(0);
 }
 
-} // namespace
-
 std::vector<std::uint16_t> utf16From(std::string_view utf8) {
     std::vector<std::uint16_t> utf16;
     utf16.reserve(utf8.size());
-    while (!utf8.empty()) append(utf16, takeCharacter(utf8));
+    while (!utf8.empty()) append(utf16, takeCharacter(utf8).value);
     return utf16;
 }
 
 std::string utf8From(std::span<const std::uint16_t> utf16) {
     std::string utf8;
     utf8.reserve(utf16.size());
-    while (!utf16.empty()) append(utf8, takeCharacter(utf16));
+    while (!utf16.empty()) appendCharacter(utf8, takeUnits(utf16));
     return utf8;
 }
 

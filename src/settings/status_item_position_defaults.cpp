@@ -1,5 +1,7 @@
 #include "settings/status_item_position_defaults.h"
 
+#include "base/ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -39,7 +41,7 @@ std::string StatusItemPositionDefaults::byHostAutosaveName(std::string_view auto
     const auto separator = name.find('_');
     if (separator != std::string::npos && separator + 1 < name.size()) {
         auto& first = name[separator + 1];
-        if (first >= 'A' && first <= 'Z') first = static_cast<char>(first - 'A' + 'a');
+        first = lowercasedAscii(first);
     }
     return joined(name, byHostSuffix);
 }

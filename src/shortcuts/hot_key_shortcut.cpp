@@ -1,5 +1,7 @@
 #include "shortcuts/hot_key_shortcut.h"
 
+#include "base/unicode.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -38,10 +40,6 @@ constexpr std::array specialKeys{
     SpecialKey{113, "F15"},  SpecialKey{106, "F16"}, SpecialKey{64, "F17"},  SpecialKey{79, "F18"},
     SpecialKey{80, "F19"},   SpecialKey{90, "F20"},
 };
-
-std::ptrdiff_t countOfCharacters(std::string_view utf8) {
-    return std::ranges::count_if(utf8, [](char byte) { return (byte & 0xC0) != 0x80; });
-}
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "pins/running/pinned_run_failure.h"
 
+#include "base/ascii.h"
+
 #include <algorithm>
 
 namespace tavrin {
@@ -7,15 +9,6 @@ namespace tavrin {
 namespace {
 
 std::string quoted(const std::string& title) { return "\"" + title + "\""; }
-
-/// The reasons are in English and plain letters.
-std::string lowercased(std::string_view reason) {
-    std::string lower(reason);
-    std::ranges::transform(lower, lower.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return lower;
-}
 
 struct Messages {
     std::string operator()(const PinnedRunFailure::AppNotRunning& failure) const {
@@ -42,7 +35,7 @@ struct Messages {
     }
 
     std::string operator()(const PinnedRunFailure::Excluded& failure) const {
-        return quoted(failure.title) + " can't run: " + lowercased(reason(failure.reason)) + ".";
+        return quoted(failure.title) + " can't run: " + lowercasedAscii(reason(failure.reason)) + ".";
     }
 
     std::string operator()(const PinnedRunFailure::PressFailed& failure) const {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/owner_gate.h"
 #include "concurrency/scheduler.h"
 
 #include <functional>
-#include <memory>
 #include <utility>
 
 namespace tavrin::macos {
@@ -17,24 +17,16 @@ class CallbackGate {
   public:
     explicit CallbackGate(Scheduler& scheduler) : scheduler_(scheduler) {}
 
-    CallbackGate(const CallbackGate&) = delete;
-    CallbackGate& operator=(const CallbackGate&) = delete;
-
     /// May be kept longer than the gate; then it does nothing.
     Deliver deliver() const {
-        return [&scheduler = scheduler_, open = std::weak_ptr(open_)](Work work) {
-            if (!work || open.expired()) return;
-            scheduler.post([open, work = std::move(work)] {
-                if (!open.expired()) work();
-            });
+        return [&scheduler = scheduler_, pass = gate_.pass()](Work work) {
+            if (work && pass.isOpen()) scheduler.post(pass.guarded(std::move(work)));
         };
     }
 
   private:
-    struct Open {};
-
     Scheduler& scheduler_;
-    std::shared_ptr<Open> open_ = std::make_shared<Open>();
+    OwnerGate gate_;
 };
 
 } // namespace tavrin::macos
