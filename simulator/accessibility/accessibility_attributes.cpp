@@ -1,5 +1,5 @@
 #include "accessibility/accessibility_tree.h"
-#include "menu_bar/menu_titles.h"
+#include "menu_bar/titles.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "accessibility/accessibility_tree.h"
 
-#include "menu_bar/menu_titles.h"
+#include "menu_bar/titles.h"
 
 #include <algorithm>
 
@@ -34,7 +34,7 @@ ElementKey outOfPath(ElementKey entry, ElementKey::Kind kind) {
 } // namespace
 
 bool AccessibilityTree::hasItem(const ElementKey& key) const {
-    const auto* record = statusArea_.find(StatusItemIdentifier{key.owner});
+    const auto* record = items_.find(StatusItemIdentifier{key.owner});
     return record && record->owner == key.process && record->isVisible && record->spec.accessible;
 }
 
@@ -144,7 +144,7 @@ std::optional<ElementKey> AccessibilityTree::parent(const ElementKey& key) const
 
 AccessibilityTree::Keys AccessibilityTree::itemsInExtrasBar(tavrin::ProcessIdentifier owner) const {
     Keys items;
-    for (const auto* record : statusArea_.itemsOf(owner)) {
+    for (const auto* record : items_.itemsOf(owner)) {
         const ElementKey key{.process = owner,
                              .kind = Kind::StatusItem,
                              .owner = static_cast<std::uint64_t>(record->identifier),
@@ -220,7 +220,7 @@ std::optional<Rect> AccessibilityTree::frame(const ElementKey& key) const {
     case Kind::Group:
     case Kind::StatusItem:
         if (!item(key).frame) return std::nullopt;
-        return statusArea_.accessibilityFrame(item(key));
+        return arrangement_.accessibilityFrame(item(key));
     case Kind::Title:
         return menuTitles(process(key).application, *screen)[key.owner].frame;
     default:

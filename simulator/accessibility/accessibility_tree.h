@@ -1,8 +1,8 @@
 #pragma once
 
-#include "accessibility/accessibility_element.h"
+#include "accessibility/element.h"
 #include "accessibility/menu_contents.h"
-#include "menu_bar/status_area.h"
+#include "menu_bar/arrangement.h"
 #include "system/process_table.h"
 #include "system/screens_model.h"
 
@@ -22,11 +22,12 @@ namespace mac_model {
 /// popovers and the like are not in the tree. Ask `exists` first; the other queries hold for living elements.
 class AccessibilityTree {
   public:
-    AccessibilityTree(const ProcessTable& processes, const StatusArea& statusArea,
-                      const ScreensModel& screens, const Uncertainties& uncertainties,
-                      const MenuContents& menus)
+    AccessibilityTree(const ProcessTable& processes, const StatusItemTable& items,
+                      const Arrangement& arrangement, const ScreensModel& screens,
+                      const Uncertainties& uncertainties, const MenuContents& menus)
         : processes_(processes)
-        , statusArea_(statusArea)
+        , items_(items)
+        , arrangement_(arrangement)
         , screens_(screens)
         , uncertainties_(uncertainties)
         , menus_(menus) {}
@@ -43,7 +44,7 @@ class AccessibilityTree {
     const Process& process(const ElementKey& key) const { return *processes_.find(key.process); }
 
     const StatusItemRecord& item(const ElementKey& key) const {
-        return *statusArea_.find(StatusItemIdentifier{key.owner});
+        return *items_.find(StatusItemIdentifier{key.owner});
     }
 
     bool hasItem(const ElementKey&) const;
@@ -67,7 +68,8 @@ class AccessibilityTree {
     tavrin::AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
 
     const ProcessTable& processes_;
-    const StatusArea& statusArea_;
+    const StatusItemTable& items_;
+    const Arrangement& arrangement_;
     const ScreensModel& screens_;
     const Uncertainties& uncertainties_;
     const MenuContents& menus_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accessibility/accessibility_element.h"
+#include "accessibility/element.h"
 #include "concurrency/scheduler.h"
 #include "menu_bar/status_layout.h"
 

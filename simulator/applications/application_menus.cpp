@@ -21,12 +21,12 @@ std::string titleOf(const ApplicationSpec& application, std::size_t title) {
 } // namespace
 
 std::vector<MenuTitle> ApplicationMenus::titlesOn(const ScreenSpec& screen) const {
-    const auto* owner = mac_.processes().menuBarOwner();
+    const auto* owner = processes_.menuBarOwner();
     return owner ? menuTitles(owner->application, screen) : std::vector<MenuTitle>{};
 }
 
 std::optional<std::size_t> ApplicationMenus::titleAt(tavrin::Point point) const {
-    for (const auto& screen : mac_.screens().screens()) {
+    for (const auto& screen : screens_.screens()) {
         const auto titles = titlesOn(screen);
         for (std::size_t i = 0; i < titles.size(); ++i)
             if (titles[i].frame.contains(point)) return i;
@@ -35,13 +35,13 @@ std::optional<std::size_t> ApplicationMenus::titleAt(tavrin::Point point) const 
 }
 
 void ApplicationMenus::toggle(std::size_t title, tavrin::Point point) {
-    const auto* owner = mac_.processes().menuBarOwner();
+    const auto* owner = processes_.menuBarOwner();
     if (!owner || !owner->application.responding || title >= titleCount(owner->application)) return;
     const MenuAnchor anchor{.item = StatusItemIdentifier::None, .title = title};
     if (menus_.anchor() == anchor) return menus_.close();
     MenuRequest request;
     request.items = menuUnderTitle(owner->application, title);
-    request.area = titlesOn(screenFor(mac_.screens().screens(), point))[title].frame;
+    request.area = titlesOn(screenFor(screens_.screens(), point))[title].frame;
     request.owner = owner->identifier;
     request.anchor = anchor;
     request.onChosen = [this, process = owner->identifier, title](const MenuPath& path) {
@@ -51,12 +51,12 @@ void ApplicationMenus::toggle(std::size_t title, tavrin::Point point) {
 }
 
 void ApplicationMenus::choose(tavrin::ProcessIdentifier process, std::size_t title, const MenuPath& path) {
-    const auto* owner = mac_.processes().find(process);
+    const auto* owner = processes_.find(process);
     if (!owner || title >= titleCount(owner->application)) return;
     const auto items = menuUnderTitle(owner->application, title);
     const auto* entry = entryAt(items, path);
     const bool isOpen =
-        mac_.processes().menuBarOwner() == owner && menus_.anchor() && menus_.anchor()->title == title;
+        processes_.menuBarOwner() == owner && menus_.anchor() && menus_.anchor()->title == title;
     if (entry && !entry->items.empty() && isOpen) return menus_.openSubmenuAt(path);
     if (!entry || !isChoosable(*entry)) return;
     if (isOpen)
@@ -66,7 +66,7 @@ void ApplicationMenus::choose(tavrin::ProcessIdentifier process, std::size_t tit
 }
 
 bool ApplicationMenus::chooseByKey(std::string_view key, const std::vector<Modifier>& modifiers) {
-    const auto* front = mac_.processes().frontmost();
+    const auto* front = processes_.frontmost();
     if (!front || !front->application.responding) return false;
     for (std::size_t title = applicationTitle; title < titleCount(front->application); ++title) {
         const auto path = pathOfKeyEquivalent(menuUnderTitle(front->application, title), key, modifiers);
@@ -78,16 +78,15 @@ bool ApplicationMenus::chooseByKey(std::string_view key, const std::vector<Modif
 }
 
 void ApplicationMenus::run(tavrin::ProcessIdentifier process, std::size_t title, const MenuPath& path) {
-    const auto* owner = mac_.processes().find(process);
+    const auto* owner = processes_.find(process);
     if (!owner) return;
     const auto application = owner->application;
     const auto titles = titlesAlong(menuUnderTitle(application, title), path);
-    chosen_.record(
-        {mac_.scheduler().now(), application.bundleIdentifier, titleOf(application, title), titles});
+    chosen_.record(application.bundleIdentifier, titleOf(application, title), titles);
     const bool quits = title == applicationTitle && titles == std::vector{"Quit " + application.name};
     // An application without a bundle can't be asked by its name; its entry is recorded and does nothing
     // else.
-    if (quits && !application.bundleIdentifier.empty()) (void)mac_.quit(application.bundleIdentifier);
+    if (quits && !application.bundleIdentifier.empty()) (void)processes_.quit(application.bundleIdentifier);
 }
 
 } // namespace mac_model

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "applications/chosen_entries.h"
-#include "mac/mac.h"
-#include "menu_bar/menu_titles.h"
+#include "menu_bar/titles.h"
 #include "screen/menu_tracking.h"
+#include "system/process_table.h"
+#include "system/screens_model.h"
 
 #include <optional>
 #include <string_view>
@@ -14,8 +15,10 @@ namespace mac_model {
 /// The menus at the left of the menu bar: those of the application that owns it.
 class ApplicationMenus {
   public:
-    ApplicationMenus(Mac& mac, MenuTracking& menus, ChosenEntries& chosen)
-        : mac_(mac)
+    ApplicationMenus(ProcessTable& processes, const ScreensModel& screens, MenuTracking& menus,
+                     ChosenEntries& chosen)
+        : processes_(processes)
+        , screens_(screens)
         , menus_(menus)
         , chosen_(chosen) {}
 
@@ -34,7 +37,8 @@ class ApplicationMenus {
   private:
     void run(tavrin::ProcessIdentifier, std::size_t title, const MenuPath&);
 
-    Mac& mac_;
+    ProcessTable& processes_;
+    const ScreensModel& screens_;
     MenuTracking& menus_;
     ChosenEntries& chosen_;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "concurrency/scheduler.h"
 #include "concurrency/signal.h"
+#include "concurrency/virtual_scheduler.h"
 
 #include <string>
 #include <utility>
@@ -20,8 +20,11 @@ struct ChosenEntry {
 /// Which menu entries of other applications ran, oldest first.
 class ChosenEntries {
   public:
-    void record(ChosenEntry entry) {
-        entries_.push_back(std::move(entry));
+    explicit ChosenEntries(const tavrin::VirtualScheduler& scheduler) : scheduler_(scheduler) {}
+
+    /// It ran now.
+    void record(std::string owner, std::string menu, std::vector<std::string> path) {
+        entries_.push_back({scheduler_.now(), std::move(owner), std::move(menu), std::move(path)});
         onRecorded.emit(entries_.back());
     }
 
@@ -31,6 +34,7 @@ class ChosenEntries {
     tavrin::Signal<ChosenEntry> onRecorded;
 
   private:
+    const tavrin::VirtualScheduler& scheduler_;
     std::vector<ChosenEntry> entries_;
 };
 

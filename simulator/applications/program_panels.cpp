@@ -19,12 +19,12 @@ tavrin::View iconOf(const ProgramInfo& program) {
 } // namespace
 
 void ProgramPanels::show(SurfaceIdentifier& shown, Surface surface, const tavrin::View& content) {
-    const auto connection = mac_.program().connection();
+    const auto connection = program_.connection();
     if (!connection) return;
     if (stack_.find(shown) == nullptr) {
         surface.owner = connection->process();
         surface.deliver = [this](tavrin::Work work) { world_.after(tavrin::Seconds{0}, std::move(work)); };
-        placeTitledWindow(surface, content, mac_.screens().screens());
+        placeTitledWindow(surface, content, screens_.screens());
         shown = stack_.add(std::move(surface)).identifier;
     }
     stack_.raise(shown);
@@ -32,7 +32,7 @@ void ProgramPanels::show(SurfaceIdentifier& shown, Surface surface, const tavrin
 }
 
 void ProgramPanels::showAbout() {
-    const auto& program = mac_.program().info();
+    const auto& program = program_.info();
     Surface panel;
     panel.kind = SurfaceKind::Panel;
     panel.title = "About " + program.name;
@@ -43,7 +43,7 @@ void ProgramPanels::showAbout() {
 }
 
 void ProgramPanels::showUpToDate() {
-    const auto& program = mac_.program().info();
+    const auto& program = program_.info();
     auto done = tavrin::button("OK", [this] { stack_.dismiss(upToDate_); },
                                {.style = tavrin::ButtonStyle::Prominent});
     done.isDefaultButton = true;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "mac/mac.h"
 #include "screen/surface_stack.h"
+#include "system/program_process.h"
+#include "system/screens_model.h"
 #include "system/world_calls.h"
 #include "views/view.h"
 
@@ -11,7 +12,12 @@ namespace mac_model {
 /// updates has found.
 class ProgramPanels {
   public:
-    ProgramPanels(Mac& mac, SurfaceStack& stack) : mac_(mac), stack_(stack), world_(mac.scheduler()) {}
+    ProgramPanels(tavrin::VirtualScheduler& scheduler, const ProgramProcess& program,
+                  const ScreensModel& screens, SurfaceStack& stack)
+        : world_(scheduler)
+        , program_(program)
+        , screens_(screens)
+        , stack_(stack) {}
 
     ProgramPanels(const ProgramPanels&) = delete;
     ProgramPanels& operator=(const ProgramPanels&) = delete;
@@ -22,9 +28,10 @@ class ProgramPanels {
   private:
     void show(SurfaceIdentifier& shown, Surface, const tavrin::View& content);
 
-    Mac& mac_;
-    SurfaceStack& stack_;
     WorldCalls world_;
+    const ProgramProcess& program_;
+    const ScreensModel& screens_;
+    SurfaceStack& stack_;
     SurfaceIdentifier about_{};
     SurfaceIdentifier upToDate_{};
 };

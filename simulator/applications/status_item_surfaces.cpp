@@ -32,7 +32,7 @@ std::string displayName(const StatusItemRecord& item, const ProcessTable& proces
 }
 
 bool StatusItemSurfaces::canAct(const StatusItemRecord& item) const {
-    const auto* owner = mac_.processes().find(item.owner);
+    const auto* owner = processes_.find(item.owner);
     return item.spec.enabled && item.frame && owner && owner->application.responding;
 }
 
@@ -43,7 +43,7 @@ SurfaceIdentifier StatusItemSurfaces::openSurfaceOf(StatusItemIdentifier item) c
 }
 
 void StatusItemSurfaces::toggle(StatusItemIdentifier identifier) {
-    const auto* item = mac_.statusArea().find(identifier);
+    const auto* item = items_.find(identifier);
     if (!item || !canAct(*item)) return;
     if (menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt}) return menus_.close();
     if (const auto open = openSurfaceOf(identifier); open != SurfaceIdentifier::None)
@@ -68,15 +68,15 @@ void StatusItemSurfaces::openMenu(const StatusItemRecord& item) {
     request.owner = item.owner;
     request.anchor.item = identifier;
     request.onChosen = [this, identifier](const MenuPath& path) { record(identifier, path); };
-    request.onClosed = [this, identifier] { mac_.statusArea().setOpen(identifier, false); };
+    request.onClosed = [this, identifier] { items_.setOpen(identifier, false); };
     menus_.open(std::move(request));
-    mac_.statusArea().setOpen(identifier, true);
+    items_.setOpen(identifier, true);
 }
 
 void StatusItemSurfaces::openContent(const StatusItemRecord& item, SurfaceKind kind) {
     const auto identifier = item.identifier;
-    const auto name = displayName(item, mac_.processes());
-    const auto content = contentOf(name, nameOfOwner(item, mac_.processes()));
+    const auto name = displayName(item, processes_);
+    const auto content = contentOf(name, nameOfOwner(item, processes_));
     Surface surface;
     surface.kind = kind;
     surface.owner = item.owner;
@@ -84,16 +84,16 @@ void StatusItemSurfaces::openContent(const StatusItemRecord& item, SurfaceKind k
     surface.anchor = identifier;
     surface.outsidePress = OutsidePress::Closes;
     surface.frame = popoverFrame(measured(content, contentWidth), *item.frame,
-                                 screenFor(mac_.screens().screens(), item.frame->middle()));
+                                 screenFor(screens_.screens(), item.frame->middle()));
     if (kind == SurfaceKind::Popover) surface.arrowX = item.frame->midX();
     surface.content = laidOut(content, surface.frame);
-    surface.onDismissed = [this, identifier] { mac_.statusArea().setOpen(identifier, false); };
+    surface.onDismissed = [this, identifier] { items_.setOpen(identifier, false); };
     stack_.makeKey(stack_.add(std::move(surface)).identifier);
-    mac_.statusArea().setOpen(identifier, true);
+    items_.setOpen(identifier, true);
 }
 
 void StatusItemSurfaces::choose(StatusItemIdentifier identifier, const MenuPath& path) {
-    const auto* item = mac_.statusArea().find(identifier);
+    const auto* item = items_.find(identifier);
     const auto* entry = item ? entryAt(item->spec.menu, path) : nullptr;
     const bool isOpen = menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt};
     if (entry && !entry->items.empty() && isOpen) return menus_.openSubmenuAt(path);
@@ -103,17 +103,17 @@ void StatusItemSurfaces::choose(StatusItemIdentifier identifier, const MenuPath&
 }
 
 void StatusItemSurfaces::record(StatusItemIdentifier identifier, const MenuPath& path) {
-    const auto* item = mac_.statusArea().find(identifier);
-    const auto* process = item ? mac_.processes().find(item->owner) : nullptr;
+    const auto* item = items_.find(identifier);
+    const auto* process = item ? processes_.find(item->owner) : nullptr;
     if (!process) return;
-    chosen_.record({mac_.scheduler().now(), process->application.bundleIdentifier,
-                    displayName(*item, mac_.processes()), titlesAlong(item->spec.menu, path)});
+    chosen_.record(process->application.bundleIdentifier, displayName(*item, processes_),
+                   titlesAlong(item->spec.menu, path));
 }
 
 void StatusItemSurfaces::closeOrphans() {
     const auto isGone = [this](StatusItemIdentifier identifier) {
         if (identifier == StatusItemIdentifier::None) return false;
-        const auto* item = mac_.statusArea().find(identifier);
+        const auto* item = items_.find(identifier);
         return !item || !item->frame;
     };
     std::vector<SurfaceIdentifier> orphans;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "applications/chosen_entries.h"
-#include "mac/mac.h"
+#include "menu_bar/status_item_table.h"
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
+#include "system/process_table.h"
+#include "system/screens_model.h"
 
 #include <string>
 #include <string_view>
@@ -16,8 +18,11 @@ std::string displayName(const StatusItemRecord&, const ProcessTable&);
 /// What the status items of other applications open: menus, popovers and panels.
 class StatusItemSurfaces {
   public:
-    StatusItemSurfaces(Mac& mac, SurfaceStack& stack, MenuTracking& menus, ChosenEntries& chosen)
-        : mac_(mac)
+    StatusItemSurfaces(StatusItemTable& items, const ProcessTable& processes, const ScreensModel& screens,
+                       SurfaceStack& stack, MenuTracking& menus, ChosenEntries& chosen)
+        : items_(items)
+        , processes_(processes)
+        , screens_(screens)
         , stack_(stack)
         , menus_(menus)
         , chosen_(chosen) {}
@@ -37,7 +42,9 @@ class StatusItemSurfaces {
     SurfaceIdentifier openSurfaceOf(StatusItemIdentifier) const;
     void record(StatusItemIdentifier, const MenuPath&);
 
-    Mac& mac_;
+    StatusItemTable& items_;
+    const ProcessTable& processes_;
+    const ScreensModel& screens_;
     SurfaceStack& stack_;
     MenuTracking& menus_;
     ChosenEntries& chosen_;

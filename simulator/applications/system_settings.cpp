@@ -37,21 +37,26 @@ ApplicationSpec application() {
 
 } // namespace
 
-SystemSettings::SystemSettings(Mac& mac, SurfaceStack& stack)
-    : mac_(mac)
+SystemSettings::SystemSettings(tavrin::VirtualScheduler& scheduler, ProcessTable& processes,
+                               const ScreensModel& screens, Permission& permission,
+                               const ProgramInfo& program, SurfaceStack& stack)
+    : world_(scheduler)
+    , processes_(processes)
+    , screens_(screens)
+    , permission_(permission)
+    , program_(program)
     , stack_(stack)
-    , world_(mac.scheduler())
-    , permissionChanges_(mac.permission().onChanged.subscribe([this] { update(); })) {}
+    , permissionChanges_(permission.onChanged.subscribe([this] { update(); })) {}
 
 bool SystemSettings::open(std::string_view url) {
     if (!url.starts_with(linkScheme) || url.substr(linkScheme.size()) != accessibilityPage) return false;
-    auto running = mac_.processes().withBundle(bundleIdentifier);
+    auto running = processes_.withBundle(bundleIdentifier);
     if (running.empty()) {
-        const auto launched = mac_.processes().launch(application());
+        const auto launched = processes_.launch(application());
         if (!launched) return false;
         running.push_back(*launched);
     }
-    mac_.processes().activate(running.front());
+    processes_.activate(running.front());
     showWindow(running.front());
     return true;
 }
@@ -64,7 +69,7 @@ void SystemSettings::showWindow(tavrin::ProcessIdentifier process) {
         window.title = "Accessibility";
         window.deliver = [this](tavrin::Work work) { world_.after(tavrin::Seconds{0}, std::move(work)); };
         window.onDismissed = [this] { hasClosed(); };
-        placeTitledWindow(window, content(), mac_.screens().screens());
+        placeTitledWindow(window, content(), screens_.screens());
         SurfaceStack::moveBy(window, besideOtherWindows, 0);
         window_ = stack_.add(std::move(window)).identifier;
     }
@@ -75,7 +80,7 @@ void SystemSettings::showWindow(tavrin::ProcessIdentifier process) {
 void SystemSettings::hasClosed() {
     window_ = SurfaceIdentifier::None;
     // It may be closing because it was quit already.
-    (void)mac_.processes().quit(bundleIdentifier);
+    (void)processes_.quit(bundleIdentifier);
 }
 
 void SystemSettings::update() {
@@ -84,13 +89,13 @@ void SystemSettings::update() {
 
 void SystemSettings::toggleOther(const std::string& bundle) {
     if (trustedOthers_.erase(bundle) == 0) trustedOthers_.insert(bundle);
-    mac_.permission().changeOtherEntry();
+    permission_.changeOtherEntry();
     update();
 }
 
 std::vector<tavrin::View> SystemSettings::switches() {
     std::map<std::pair<std::string, std::string>, tavrin::View> rows; // by name
-    for (const auto* process : mac_.processes().processes()) {
+    for (const auto* process : processes_.processes()) {
         const auto& other = process->application;
         const bool mayAsk = other.policy == Policy::Regular && !other.bundleIdentifier.empty() &&
                             !other.bundleIdentifier.starts_with("com.apple.");
@@ -99,10 +104,9 @@ std::vector<tavrin::View> SystemSettings::switches() {
             switchRow(other.bundleIdentifier, other.name, trustedOthers_.contains(other.bundleIdentifier),
                       [this, bundle = other.bundleIdentifier] { toggleOther(bundle); });
     }
-    const auto& program = mac_.program().info();
-    rows[{program.name, program.bundleIdentifier}] =
-        switchRow(program.bundleIdentifier, program.name, mac_.permission().isTrusted(),
-                  [this] { mac_.permission().setTrusted(!mac_.permission().isTrusted()); });
+    rows[{program_.name, program_.bundleIdentifier}] =
+        switchRow(program_.bundleIdentifier, program_.name, permission_.isTrusted(),
+                  [this] { permission_.setTrusted(!permission_.isTrusted()); });
     std::vector<tavrin::View> inOrder;
     for (auto& [name, row] : rows) inOrder.push_back(std::move(row));
     return inOrder;

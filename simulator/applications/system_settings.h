@@ -1,7 +1,10 @@
 #pragma once
 
-#include "mac/mac.h"
+#include "privacy/permission.h"
 #include "screen/surface_stack.h"
+#include "system/process_table.h"
+#include "system/program_process.h"
+#include "system/screens_model.h"
 #include "system/world_calls.h"
 #include "views/view.h"
 
@@ -18,7 +21,8 @@ class SystemSettings {
   public:
     static constexpr std::string_view bundleIdentifier = "com.apple.systempreferences";
 
-    SystemSettings(Mac&, SurfaceStack&);
+    SystemSettings(tavrin::VirtualScheduler&, ProcessTable&, const ScreensModel&, Permission&,
+                   const ProgramInfo&, SurfaceStack&);
     SystemSettings(const SystemSettings&) = delete;
     SystemSettings& operator=(const SystemSettings&) = delete;
 
@@ -33,9 +37,12 @@ class SystemSettings {
     tavrin::View content();
     std::vector<tavrin::View> switches();
 
-    Mac& mac_;
-    SurfaceStack& stack_;
     WorldCalls world_;
+    ProcessTable& processes_;
+    const ScreensModel& screens_;
+    Permission& permission_;
+    const ProgramInfo& program_;
+    SurfaceStack& stack_;
     SurfaceIdentifier window_{};
     std::set<std::string> trustedOthers_; // bundle identifiers
     tavrin::Subscription permissionChanges_;

@@ -25,12 +25,11 @@ json shapeOf(const SyntheticEvent& event) {
 
 } // namespace
 
-Driver::Driver(Mac& mac, ScreenContent& content)
+Driver::Driver(Mac& mac)
     : mac_(mac)
-    , content_(content)
-    , person_(mac, content)
-    , synthetic_(mac, content, person_)
-    , targets_(mac, content) {
+    , content_(mac.content())
+    , person_(mac.person())
+    , targets_(mac, mac.content()) {
     state_.visibilityService = mac.desktop().visibilityService;
 }
 

@@ -4,7 +4,6 @@
 #include "driver/targets.h"
 #include "driver/world_state.h"
 #include "input/person.h"
-#include "input/synthetic_input.h"
 #include "mac/mac.h"
 #include "mac/screen_content.h"
 
@@ -24,7 +23,7 @@ class Driver {
     static constexpr tavrin::Seconds clickTime{0.05}; // from down to up
     static constexpr tavrin::Seconds settleTimeMax{30};
 
-    Driver(Mac&, ScreenContent&);
+    explicit Driver(Mac&);
     Driver(const Driver&) = delete;
     Driver& operator=(const Driver&) = delete;
 
@@ -70,8 +69,7 @@ class Driver {
 
     Mac& mac_;
     ScreenContent& content_;
-    Person person_;
-    SyntheticInput synthetic_;
+    Person& person_;
     TargetFinder targets_;
     WorldState state_;
 };

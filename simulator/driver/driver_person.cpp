@@ -81,7 +81,7 @@ Outcome Driver::menu(Arguments& arguments) {
         return std::unexpected(arguments.sentence("\"path\" names an owner and at least one entry"));
     const auto owner = targets_.menuOwner(path.front());
     if (!owner) return std::unexpected(arguments.sentence(owner.error()));
-    const auto* item = mac_.statusArea().find(owner->item);
+    const auto* item = mac_.statusItems().find(owner->item);
     const bool isProgram = item && item->origin == ItemOrigin::Program;
     const bool opensByRightClick = isProgram || owner->kind == Target::Kind::View;
     const auto place = targets_.placeToPress(*owner);

@@ -91,7 +91,7 @@ json lookAt(Mac& mac, const ScreenContent& content, const WorldState& state) {
     for (const auto& screen : mac.screens().screens()) look["screens"].push_back(shapeOf(screen));
     look["pointer"] = shapeOf(content.pointer);
     putMenuTitles(look, mac, content);
-    for (const auto* item : mac.statusArea().fromLeftToRight())
+    for (const auto* item : mac.statusItems().fromLeftToRight())
         look["menuBar"].push_back(shapeOf(*item, mac.processes()));
     const auto* key = content.stack.key();
     for (const auto& surface : content.stack.backToFront())

@@ -12,11 +12,10 @@ std::expected<std::unique_ptr<ModelledMac>, std::string> ModelledMac::start(MacO
     auto mac = Mac::create(modelled->scheduler_, std::move(options));
     if (!mac) return std::unexpected(std::move(mac.error()));
     modelled->mac_ = std::move(*mac);
-    modelled->content_ = std::make_unique<ScreenContent>(*modelled->mac_);
-    modelled->driver_ = std::make_unique<Driver>(*modelled->mac_, *modelled->content_);
-    modelled->mac_->program().install(std::move(factory), modelled->content_->presentation);
+    modelled->driver_ = std::make_unique<Driver>(*modelled->mac_);
+    modelled->mac_->program().install(std::move(factory), modelled->mac_->presentation());
     // The menu bar is arranged before anybody logs in.
-    modelled->scheduler_.advance(StatusArea::arrangingTime);
+    modelled->scheduler_.advance(Arrangement::arrangingTime);
     modelled->mac_->program().start();
     modelled->scheduler_.advance(Seconds{0});
     return modelled;

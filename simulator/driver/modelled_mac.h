@@ -27,14 +27,13 @@ class ModelledMac {
 
     Mac& mac() { return *mac_; }
 
-    ScreenContent& content() { return *content_; }
+    ScreenContent& content() { return mac_->content(); }
 
   private:
     ModelledMac() = default;
 
     tavrin::VirtualScheduler scheduler_;
     std::unique_ptr<Mac> mac_;
-    std::unique_ptr<ScreenContent> content_;
     std::unique_ptr<Driver> driver_;
 };
 

@@ -110,7 +110,7 @@ std::vector<Target> TargetFinder::inMenuBar() const {
     if (const auto* primary = mac_.screens().primary())
         for (const auto& title : content_.applicationMenus.titlesOn(*primary))
             targets.push_back({.kind = Kind::MenuTitle, .names = {title.title}, .frame = title.frame});
-    for (const auto* item : mac_.statusArea().fromLeftToRight())
+    for (const auto* item : mac_.statusItems().fromLeftToRight())
         if (item->isDrawn && item->spec.accessible) targets.push_back(targetFor(*item));
     return targets;
 }
@@ -155,7 +155,7 @@ std::expected<Target, std::string> TargetFinder::anything(std::string_view text)
 std::expected<Target, std::string> TargetFinder::menuOwner(std::string_view name) const {
     auto targets = inMenuBar();
     for (auto& target : targets) {
-        const auto* item = mac_.statusArea().find(target.item);
+        const auto* item = mac_.statusItems().find(target.item);
         const auto* owner = item ? mac_.processes().find(item->owner) : nullptr;
         if (!owner) continue;
         addName(target, owner->application.name);
@@ -176,7 +176,7 @@ std::expected<Target, std::string> TargetFinder::menuEntry(SurfaceIdentifier men
 std::expected<Target, std::string> TargetFinder::statusItem(std::string_view bundle,
                                                             std::optional<int> index) const {
     std::vector<const StatusItemRecord*> items;
-    for (const auto* item : mac_.statusArea().fromLeftToRight()) {
+    for (const auto* item : mac_.statusItems().fromLeftToRight()) {
         const auto* owner = mac_.processes().find(item->owner);
         if (owner && owner->application.bundleIdentifier == bundle) items.push_back(item);
     }

@@ -51,7 +51,7 @@ Change onBundle(World world, const json& value, const std::string& pointer, Firs
 
 Change quit(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     return onBundle(world, value, pointer, faults,
-                    [](Mac& mac, const std::string& b) { return mac.quit(b); });
+                    [](Mac& mac, const std::string& b) { return mac.processes().quit(b); });
 }
 
 Change hang(World world, const json& value, const std::string& pointer, FirstFault& faults) {
@@ -68,9 +68,10 @@ Change removeItem(World world, const json& value, const std::string& pointer, Fi
     const auto bundle = runningBundle(world, value, pointer, faults);
     bool hasItem = false;
     for (const auto process : world.mac.processes().withBundle(bundle))
-        for (const auto* item : world.mac.statusArea().itemsOf(process)) hasItem = hasItem || item->isVisible;
+        for (const auto* item : world.mac.statusItems().itemsOf(process))
+            hasItem = hasItem || item->isVisible;
     if (!hasItem) faults.note(pointer, "names " + inQuotes(bundle) + ", which has no item in the menu bar");
-    return [world, bundle] { (void)world.mac.statusArea().removeItems(bundle); };
+    return [world, bundle] { (void)world.mac.statusItems().removeItems(bundle); };
 }
 
 Change latency(World world, const json& value, const std::string& pointer, FirstFault& faults) {
@@ -146,7 +147,7 @@ Change behindNotch(World world, const json& value, const std::string& pointer, F
     if (!primary || !primary->hasNotch())
         faults.note(pointer, "needs a notch, and the primary screen has none");
     return [world, wanted] {
-        for (const auto& [bundle, how] : wanted) (void)world.mac.statusArea().setBehindNotch(bundle, how);
+        for (const auto& [bundle, how] : wanted) (void)world.mac.statusItems().setBehindNotch(bundle, how);
     };
 }
 
@@ -226,7 +227,7 @@ template <bool Faults::* Fault>
 Change fault(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     return [world, isOn = flagOf(value, pointer, faults)] {
         world.mac.faults().*Fault = isOn;
-        world.mac.statusArea().refresh();
+        world.mac.arrangement().refresh();
     };
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "applications/press_targets.h"
+#include "input/devices.h"
+#include "input/typing.h"
 #include "input/view_drag.h"
-#include "mac/mac.h"
-#include "mac/screen_content.h"
 #include "views/view_queries.h"
 
 #include <string_view>
@@ -16,7 +17,11 @@ namespace mac_model {
 /// main loop turns.
 class Person {
   public:
-    Person(Mac& mac, ScreenContent& content) : mac_(mac), content_(content) {}
+    Person(tavrin::VirtualScheduler& scheduler, Devices& devices, const PressTargets& reach, Typing& typing)
+        : devices_(devices)
+        , reach_(reach)
+        , typing_(typing)
+        , viewDrag_(reach.surfaces, devices.pointer, scheduler) {}
 
     Person(const Person&) = delete;
     Person& operator=(const Person&) = delete;
@@ -27,8 +32,7 @@ class Person {
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
     void letGoOfAll();
 
-    /// `key` is the character on the key in lower case, or one of the names of keys ("return", "f5"). Hot
-    /// keys come first, then what the key window's process monitors. False when nothing listens to it.
+    /// See `Typing`; Escape first ends the drag of a view.
     bool pressKey(std::string_view key, const std::vector<Modifier>&);
 
     /// Points; positive shows what lies further up. False when nothing under the pointer scrolls.
@@ -81,17 +85,14 @@ class Person {
     bool isCarrying(const HeldPlace&) const;
     tavrin::Point onPrimary(tavrin::Point) const;
     bool isOnMenuBar(tavrin::Point) const;
-    bool showToMonitors(std::string_view key, const std::vector<Modifier>&, const tavrin::KeyPress&);
-    bool pressKeyInFront(std::string_view key, const std::vector<Modifier>&);
-    bool pressKeyInMenu(std::string_view key, const std::vector<Modifier>&);
-    bool closeKeySurface(std::string_view key);
 
-    tavrin::Point at() const { return content_.pointer.at; }
+    tavrin::Point at() const { return devices_.pointer.at; }
 
-    Mac& mac_;
-    ScreenContent& content_;
+    Devices& devices_;
+    PressTargets reach_;
+    Typing& typing_;
     Held held_;
-    ViewDrag viewDrag_{content_.stack, content_.pointer, mac_.scheduler()};
+    ViewDrag viewDrag_;
 };
 
 } // namespace mac_model

@@ -1,37 +1,64 @@
 #pragma once
 
-#include "input/event_server.h"
+#include "applications/press_targets.h"
+#include "input/devices.h"
+#include "input/event_numbers.h"
 #include "input/person.h"
-#include "mac/mac.h"
-#include "mac/screen_content.h"
+#include "input/posted_events.h"
+#include "input/window_input.h"
+#include "system/world_calls.h"
 
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace mac_model {
 
-/// The program's synthetic events among the person's: what enters at a tap moves the one pointer and reaches
-/// whatever lies there; what names a window reaches that status item wherever it stands. Nobody here knows
-/// what the events are for.
+/// What synthetic events move and press.
+struct SyntheticTargets {
+    PressTargets reach;
+    Devices& devices;
+    Person& person;
+    WindowInput& windows;
+};
+
+/// Synthetic events among the person's: what enters at a tap moves the one pointer and reaches what lies
+/// there; what names a window reaches that status item. Nobody here knows what the events are for.
 class SyntheticInput {
   public:
-    SyntheticInput(Mac&, ScreenContent&, Person&);
+    SyntheticInput(tavrin::VirtualScheduler& scheduler, const SyntheticTargets& targets,
+                   const EventNumbers& numbers, const Faults& faults)
+        : scheduler_(scheduler)
+        , world_(scheduler)
+        , reach_(targets.reach)
+        , devices_(targets.devices)
+        , person_(targets.person)
+        , windows_(targets.windows)
+        , numbers_(numbers)
+        , faults_(faults) {}
+
     SyntheticInput(const SyntheticInput&) = delete;
     SyntheticInput& operator=(const SyntheticInput&) = delete;
-    ~SyntheticInput();
+
+    // They arrive in their order, and never within the call that posts them.
+
+    void post(PostedEvent);
+    void post(PostedKey);
+
+    tavrin::Point pointerLocation() const { return devices_.pointer.at; }
+
+    void warpPointer(tavrin::Point point) { devices_.pointer.at = onScreen(point); }
+
+    void hideCursor() { devices_.cursor.hide(scheduler_.now()); }
+
+    void showCursor() { devices_.cursor.show(scheduler_.now()); }
+
+    std::uint32_t eventCount(tavrin::MouseEventType type) const { return devices_.counts.of(type); }
+
+    /// The process that posts events may do so no longer.
+    void permissionLost();
+    void senderEnded();
 
   private:
-    /// A status item that was pressed through its window.
-    struct WindowPress {
-        StatusItemIdentifier item{};
-        std::int64_t number = 0; // of the press event, else 0 when what follows must be ignored
-        tavrin::Point pressedAt;
-        double offset = 0; // from the item's left edge to where it was pressed
-        bool isCommand = false;
-        bool isCarried = false;
-    };
-
     void receive(const PostedEvent&);
     void receive(const PostedKey&);
     void record(const PostedEvent&);
@@ -42,26 +69,19 @@ class SyntheticInput {
     void dragPointer(const tavrin::MouseEvent&);
     void releaseAtPointer(const tavrin::MouseEvent&);
     void nudge();
-
-    void giveToWindow(const tavrin::MouseEvent&, std::optional<tavrin::ProcessIdentifier>);
-    void pressWindow(const StatusItemRecord&, const tavrin::MouseEvent&);
-    void dragWindow(const tavrin::MouseEvent&);
-    void releaseWindow(const tavrin::MouseEvent&);
-    bool isCarryingByWindow() const;
-
-    std::int64_t usableNumber(const tavrin::MouseEvent& press) const;
-    bool continues(const tavrin::MouseEvent&, std::int64_t pressNumber) const;
     void abandonDrags();
     tavrin::Point onScreen(tavrin::Point) const;
 
-    Mac& mac_;
-    ScreenContent& content_;
-    Person& person_;
+    tavrin::VirtualScheduler& scheduler_;
     WorldCalls world_;
+    PressTargets reach_;
+    Devices& devices_;
+    Person& person_;
+    WindowInput& windows_;
+    const EventNumbers& numbers_;
+    const Faults& faults_;
     std::optional<std::int64_t> pressNumber_; // while the program holds the pointer's button
-    std::optional<WindowPress> windowPress_;
     int nudges_ = 0;
-    std::vector<tavrin::Subscription> subscriptions_;
 };
 
 } // namespace mac_model

@@ -3,7 +3,18 @@
 #include "seam/seeded_randomness.h"
 #include "seam/text_icu.h"
 
+#include <utility>
+
 namespace mac_model {
+
+namespace {
+
+std::unique_ptr<UpdaterModel> makeUpdater(UpdaterSetting setting) {
+    if (setting == UpdaterSetting::Absent) return nullptr;
+    return std::make_unique<UpdaterModel>(setting == UpdaterSetting::Automatic);
+}
+
+} // namespace
 
 std::expected<std::unique_ptr<Mac>, std::string> Mac::create(tavrin::VirtualScheduler& scheduler,
                                                              MacOptions options) {
@@ -16,46 +27,120 @@ Mac::Mac(tavrin::VirtualScheduler& scheduler, MacOptions options,
          std::unique_ptr<PreferencesStore> preferences)
     : scheduler_(scheduler)
     , desktop_(std::move(options.desktop))
-    , uncertainties_(desktop_.model)
+    , behaviour_{desktop_.macOS, desktop_.model, {}}
+    , preferences_(std::move(preferences))
+    , screens_(scheduler, desktop_.screens, behaviour_.faults)
+    , processes_(desktop_.applications)
+    , programProcess_(std::move(options.program))
+    , bundles_(desktop_.bundles)
+    , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
+                  desktop_.accessibilityTrusted)
+    , statusItems_(processes_, *preferences_, behaviour_)
+    , arrangement_(scheduler, statusItems_, processes_, screens_, behaviour_)
+    , itemDrag_(statusItems_, arrangement_, processes_, screens_, behaviour_)
+    , menuBarWindows_(statusItems_, processes_, screens_, behaviour_)
+    , content_(scheduler, processes_, screens_, statusItems_)
+    , settings_(scheduler, processes_, screens_, permission_, programProcess_.info(), content_.stack)
+    , panels_(scheduler, programProcess_, screens_, content_.stack)
+    , menuContents_(scheduler, processes_, behaviour_.faults, content_.menus)
+    , accessibilityTree_(processes_, statusItems_, arrangement_, screens_, behaviour_.uncertainties,
+                         menuContents_)
+    , messages_(scheduler, processes_, permission_, behaviour_.uncertainties, options.seed)
+    , actions_(statusItems_, processes_, content_.statusItems, content_.applicationMenus, content_.menus,
+               menuContents_)
+    , accessibility_(scheduler, messages_, accessibilityTree_, menuContents_, actions_)
     , keyboard_(desktop_.keyboardLayout)
     , hotKeys_(desktop_)
-    , preferences_(std::move(preferences))
-    , screens_(std::make_unique<ScreensModel>(scheduler, desktop_.screens, faults_))
-    , processes_(std::make_unique<ProcessTable>(desktop_.applications))
-    , statusArea_(std::make_unique<StatusArea>(scheduler, *processes_, *screens_, *preferences_,
-                                               desktop_.macOS, uncertainties_, faults_))
-    , permission_(std::make_unique<Permission>(scheduler, *preferences_, uncertainties_,
-                                               options.program.bundleIdentifier,
-                                               desktop_.accessibilityTrusted))
-    , accessibility_(std::make_unique<AccessibilityServer>(scheduler, *processes_, *statusArea_, *screens_,
-                                                           *permission_, uncertainties_, faults_, openMenu,
-                                                           options.seed))
-    , eventServer_(std::make_unique<EventServer>(scheduler))
-    , workspace_(std::make_unique<WorkspaceModel>(desktop_.macOS, desktop_.bundles))
+    , typing_(keyboard_, hotKeys_, programProcess_, content_.stack, content_.menus, content_.applicationMenus)
+    , person_(scheduler, content_, pressTargets(), typing_)
+    , eventNumbers_(content_.counts, behaviour_.version)
+    , windowInput_(pressTargets(), menuBarWindows_, eventNumbers_)
+    , input_(scheduler, {pressTargets(), content_, person_, windowInput_}, eventNumbers_, behaviour_.faults)
     , text_(makeIcuText())
     , randomness_(std::make_unique<SeededRandomness>(options.seed, *preferences_))
-    , program_(std::make_unique<ProgramHost>(*this, std::move(options.program))) {
-    if (desktop_.updater != UpdaterSetting::Absent)
-        updater_ = std::make_unique<UpdaterModel>(desktop_.updater == UpdaterSetting::Automatic);
+    , updater_(makeUpdater(desktop_.updater))
+    , services_(services())
+    , presentation_(services_, program_)
+    , program_(services_) {
+    if (const auto* primary = screens_.primary()) content_.pointer.at = primary->frame.middle();
+    connectParts();
 }
 
 Mac::~Mac() = default;
 
-void Mac::setUncertainties(const Uncertainties& uncertainties) {
-    uncertainties_ = uncertainties;
-    statusArea_->refresh();
+PressTargets Mac::pressTargets() {
+    return {.menus = content_.menus,
+            .surfaces = content_.stack,
+            .applicationMenus = content_.applicationMenus,
+            .items = statusItems_,
+            .arrangement = arrangement_,
+            .itemDrag = itemDrag_,
+            .itemSurfaces = content_.statusItems,
+            .processes = processes_,
+            .screens = screens_};
 }
 
-std::expected<void, std::string> Mac::quit(std::string_view bundleIdentifier) {
-    if (!program_->isRunning() || bundleIdentifier != program_->info().bundleIdentifier)
-        return processes_->quit(bundleIdentifier);
-    program_->terminate();
-    return {};
+MacServices Mac::services() {
+    return {.scheduler = scheduler_,
+            .behaviour = behaviour_,
+            .program = programProcess_,
+            .processes = processes_,
+            .screens = screens_,
+            .bundles = bundles_,
+            .preferences = *preferences_,
+            .permission = permission_,
+            .statusItems = statusItems_,
+            .arrangement = arrangement_,
+            .menuBarWindows = menuBarWindows_,
+            .surfaces = content_.stack,
+            .menus = content_.menus,
+            .settings = settings_,
+            .panels = panels_,
+            .accessibility = accessibility_,
+            .input = input_,
+            .keyboard = keyboard_,
+            .hotKeys = hotKeys_,
+            .updater = updater_.get(),
+            .text = *text_,
+            .randomness = *randomness_};
+}
+
+/// What one part tells another that doesn't know it.
+void Mac::connectParts() {
+    followFrontProcess();
+    subscriptions_.push_back(processes_.onEnded.subscribe(
+        [this](tavrin::ProcessIdentifier ended) { content_.stack.dismissAllOf(ended); }));
+    subscriptions_.push_back(processes_.onFrontChanged.subscribe([this] { followFrontProcess(); }));
+    subscriptions_.push_back(keyboard_.onBeep.subscribe([this] { noteBeep(); }));
+    subscriptions_.push_back(statusItems_.onChanged.subscribe([this] {
+        presentation_.followStatusItems();
+        content_.statusItems.closeOrphans();
+    }));
+    subscriptions_.push_back(permission_.onChanged.subscribe([this] {
+        if (!permission_.isTrusted()) input_.permissionLost();
+    }));
+    subscriptions_.push_back(programProcess_.onDisconnected.subscribe([this] { input_.senderEnded(); }));
+}
+
+void Mac::followFrontProcess() {
+    const auto* front = processes_.frontmost();
+    content_.stack.setActive(front ? front->identifier : 0);
+}
+
+void Mac::noteBeep() {
+    SyntheticEvent beep;
+    beep.time = scheduler_.now();
+    beep.type = "beep";
+    content_.events.record(std::move(beep));
+}
+
+void Mac::setUncertainties(const Uncertainties& uncertainties) {
+    behaviour_.uncertainties = uncertainties;
+    arrangement_.refresh();
 }
 
 MacStatistics Mac::statistics() const {
-    return {accessibility_->messages(), scheduler_.timersPending(), scheduler_.tasksAlive(),
-            scheduler_.now()};
+    return {messages_.messages(), scheduler_.timersPending(), scheduler_.tasksAlive(), scheduler_.now()};
 }
 
 } // namespace mac_model

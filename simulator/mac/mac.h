@@ -1,29 +1,36 @@
 #pragma once
 
-#include "accessibility/accessibility_server.h"
-#include "accessibility/open_menu.h"
-#include "accessibility/permission.h"
+#include "accessibility/accessibility_tree.h"
+#include "accessibility/actions.h"
+#include "accessibility/delivery.h"
+#include "accessibility/menu_contents.h"
+#include "accessibility/server.h"
+#include "applications/program_panels.h"
+#include "applications/system_settings.h"
 #include "concurrency/virtual_scheduler.h"
 #include "desktop/desktop_file.h"
-#include "input/event_server.h"
+#include "input/event_numbers.h"
 #include "input/hot_key_center.h"
 #include "input/keyboard_model.h"
-#include "menu_bar/status_area.h"
-#include "platform/randomness.h"
-#include "platform/text.h"
-#include "platform/window_server.h"
+#include "input/person.h"
+#include "input/synthetic_input.h"
+#include "input/typing.h"
+#include "input/window_input.h"
+#include "mac/screen_content.h"
+#include "menu_bar/arrangement.h"
+#include "menu_bar/item_drag.h"
+#include "menu_bar/windows.h"
 #include "preferences/preferences_store.h"
+#include "privacy/permission.h"
 #include "seam/program_host.h"
-#include "system/faults.h"
-#include "system/process_table.h"
-#include "system/screens_model.h"
-#include "system/updater_model.h"
-#include "system/workspace_model.h"
+#include "seam/program_presentation.h"
+#include "seam/program_side.h"
+#include "system/behaviour.h"
+#include "system/bundles_on_disk.h"
 
 #include <cstdint>
 #include <expected>
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -46,8 +53,9 @@ struct MacStatistics {
     tavrin::Seconds virtualTime{0};
 };
 
-/// A whole modelled Mac with one program on it. Everything happens on the scheduler's virtual time; changes
-/// of the world are seen at once by the model and reach the program as they would on macOS. Main thread.
+/// A whole modelled Mac with one program on it and a person in front of it. Everything happens on the
+/// scheduler's virtual time; changes of the world are seen at once by the model and reach the program as they
+/// would on macOS. Here its parts are put together; they know nothing of it. Main thread.
 class Mac {
   public:
     /// The error is one sentence for the user: the profile can't be used.
@@ -62,78 +70,96 @@ class Mac {
 
     const DesktopFile& desktop() const { return desktop_; } // as it was at the start
 
-    MacOSVersion version() const { return desktop_.macOS; }
+    MacOSVersion version() const { return behaviour_.version; }
 
-    ScreensModel& screens() { return *screens_; }
+    ScreensModel& screens() { return screens_; }
 
-    ProcessTable& processes() { return *processes_; }
+    ProcessTable& processes() { return processes_; }
 
     PreferencesStore& preferences() { return *preferences_; }
 
-    StatusArea& statusArea() { return *statusArea_; }
+    Permission& permission() { return permission_; }
 
-    Permission& permission() { return *permission_; }
+    StatusItemTable& statusItems() { return statusItems_; }
 
-    AccessibilityServer& accessibility() { return *accessibility_; }
+    Arrangement& arrangement() { return arrangement_; }
 
-    EventServer& eventServer() { return *eventServer_; }
+    ScreenContent& content() { return content_; }
 
     KeyboardModel& keyboard() { return keyboard_; }
 
     HotKeyCenter& hotKeys() { return hotKeys_; }
 
-    WorkspaceModel& workspace() { return *workspace_; }
+    Person& person() { return person_; }
 
     tavrin::Text& text() { return *text_; }
 
-    tavrin::Randomness& randomness() { return *randomness_; }
+    const UpdaterModel* updater() const { return updater_.get(); } // null when none is bundled
 
-    UpdaterModel* updater() { return updater_.get(); } // null when none is bundled
+    const ProgramProcess& programProcess() const { return programProcess_; }
 
-    ProgramHost& program() { return *program_; }
+    ProgramProcess& programProcess() { return programProcess_; }
 
-    /// Set by who draws menus.
-    std::optional<OpenMenu> openMenu;
+    ProgramHost& program() { return program_; }
 
-    /// The windows of what is on the screen beside the menu bar, from front to back. Set by who draws it.
-    std::function<std::vector<tavrin::OnScreenWindow>()> surfaceWindows;
+    ProgramPresentation& presentation() { return presentation_; }
 
-    Faults& faults() { return faults_; }
+    Faults& faults() { return behaviour_.faults; }
 
-    const Uncertainties& uncertainties() const { return uncertainties_; }
+    const Uncertainties& uncertainties() const { return behaviour_.uncertainties; }
 
     /// Takes effect at once, as if macOS had always been so.
     void setUncertainties(const Uncertainties&);
 
-    /// Quits the processes of a bundle; the program is asked, as macOS does.
-    std::expected<void, std::string> quit(std::string_view bundleIdentifier);
-
     /// Where the program keeps its preferences.
-    tavrin::DefaultsDomain programDomain() const { return {program_->info().bundleIdentifier}; }
+    tavrin::DefaultsDomain programDomain() const { return {programProcess_.info().bundleIdentifier}; }
 
     MacStatistics statistics() const;
 
   private:
     Mac(tavrin::VirtualScheduler&, MacOptions, std::unique_ptr<PreferencesStore>);
 
+    PressTargets pressTargets();
+    MacServices services();
+    void connectParts();
+    void followFrontProcess();
+    void noteBeep();
+
     tavrin::VirtualScheduler& scheduler_;
     DesktopFile desktop_;
-    Uncertainties uncertainties_;
-    Faults faults_;
+    Behaviour behaviour_;
+    std::unique_ptr<PreferencesStore> preferences_;
+    ScreensModel screens_;
+    ProcessTable processes_;
+    ProgramProcess programProcess_;
+    BundlesOnDisk bundles_;
+    Permission permission_;
+    StatusItemTable statusItems_;
+    Arrangement arrangement_;
+    ItemDrag itemDrag_;
+    MenuBarWindows menuBarWindows_;
+    ScreenContent content_;
+    SystemSettings settings_;
+    ProgramPanels panels_;
+    MenuContents menuContents_;
+    AccessibilityTree accessibilityTree_;
+    MessageDelivery messages_;
+    AccessibilityActions actions_;
+    AccessibilityServer accessibility_;
     KeyboardModel keyboard_;
     HotKeyCenter hotKeys_;
-    std::unique_ptr<PreferencesStore> preferences_;
-    std::unique_ptr<ScreensModel> screens_;
-    std::unique_ptr<ProcessTable> processes_;
-    std::unique_ptr<StatusArea> statusArea_;
-    std::unique_ptr<Permission> permission_;
-    std::unique_ptr<AccessibilityServer> accessibility_;
-    std::unique_ptr<EventServer> eventServer_;
-    std::unique_ptr<WorkspaceModel> workspace_;
+    Typing typing_;
+    Person person_;
+    EventNumbers eventNumbers_;
+    WindowInput windowInput_;
+    SyntheticInput input_;
     std::unique_ptr<tavrin::Text> text_;
     std::unique_ptr<tavrin::Randomness> randomness_;
     std::unique_ptr<UpdaterModel> updater_;
-    std::unique_ptr<ProgramHost> program_;
+    MacServices services_;
+    ProgramPresentation presentation_;
+    ProgramHost program_;
+    std::vector<tavrin::Subscription> subscriptions_;
 };
 
 } // namespace mac_model

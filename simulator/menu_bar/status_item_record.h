@@ -46,7 +46,7 @@ struct StatusItemRecord {
 
     ItemAppearance appearance; // the program's items
     std::function<void(tavrin::StatusItemPress)>
-        action; // the program's items; call it by `StatusArea::press`
+        action; // the program's items; call it by `StatusItemTable::press`
 
     /// On the primary screen; none while the item is not in the menu bar or not arranged yet.
     std::optional<tavrin::Rect> frame;

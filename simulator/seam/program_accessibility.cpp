@@ -1,4 +1,3 @@
-#include "mac/mac.h"
 #include "seam/program_facades.h"
 
 namespace mac_model {
@@ -6,10 +5,10 @@ namespace mac_model {
 using tavrin::AccessibilityElement;
 using tavrin::AccessibilityError;
 
-bool ProgramAccessibility::isTrusted() const { return mac_.permission().isTrustedAsTold(); }
+bool ProgramAccessibility::isTrusted() const { return side_.mac.permission.isTrustedAsTold(); }
 
 tavrin::Subscription ProgramAccessibility::onTrustListChanged(std::function<void()> handler) {
-    return connection_->relay(mac_.permission().onNotice, std::move(handler));
+    return side_.connection->relay(side_.mac.permission.onNotice, std::move(handler));
 }
 
 AccessibilityElement ProgramAccessibility::application(tavrin::ProcessIdentifier process) {
@@ -25,31 +24,34 @@ void ProgramAccessibility::setMessagingTimeout(const AccessibilityElement& eleme
 
 template <class Ask>
 auto ProgramAccessibility::message(const Ask& ask) -> decltype(ask()) {
-    if (!connection_->isOpen()) return std::unexpected(AccessibilityError::CannotComplete);
+    if (!side_.isOpen()) return std::unexpected(AccessibilityError::CannotComplete);
     auto answer = ask();
-    if (!connection_->isOpen()) return std::unexpected(AccessibilityError::CannotComplete);
+    if (!side_.isOpen()) return std::unexpected(AccessibilityError::CannotComplete);
     return answer;
 }
 
 tavrin::AttributeResult ProgramAccessibility::attribute(const AccessibilityElement& element,
                                                         std::string_view name) {
-    return message([&] { return mac_.accessibility().attribute(connection_->process(), element, name); });
+    return message(
+        [&] { return side_.mac.accessibility.attribute(side_.connection->process(), element, name); });
 }
 
 std::expected<std::vector<tavrin::AttributeResult>, AccessibilityError>
 ProgramAccessibility::attributes(const AccessibilityElement& element,
                                  std::span<const std::string_view> names) {
-    return message([&] { return mac_.accessibility().attributes(connection_->process(), element, names); });
+    return message(
+        [&] { return side_.mac.accessibility.attributes(side_.connection->process(), element, names); });
 }
 
 std::expected<std::vector<std::string>, AccessibilityError>
 ProgramAccessibility::actionNames(const AccessibilityElement& element) {
-    return message([&] { return mac_.accessibility().actionNames(connection_->process(), element); });
+    return message([&] { return side_.mac.accessibility.actionNames(side_.connection->process(), element); });
 }
 
 std::expected<void, AccessibilityError> ProgramAccessibility::perform(const AccessibilityElement& element,
                                                                       std::string_view action) {
-    return message([&] { return mac_.accessibility().perform(connection_->process(), element, action); });
+    return message(
+        [&] { return side_.mac.accessibility.perform(side_.connection->process(), element, action); });
 }
 
 } // namespace mac_model

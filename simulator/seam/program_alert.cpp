@@ -28,7 +28,7 @@ ProgramAlert::ProgramAlert(ProgramPresentation& presentation, tavrin::AlertQuest
     , callbacks_(std::move(callbacks))
     , onAnswer_(std::move(onAnswer)) {
     if (!callbacks_.isOpen()) return;
-    const auto screen = screenFor(presentation_.mac_.screens().screens(), {});
+    const auto screen = screenFor(presentation_.mac_.screens.screens(), {});
     const auto shown = content(question);
     Surface alert;
     alert.kind = SurfaceKind::Alert;
@@ -48,7 +48,7 @@ void ProgramAlert::bringToFront() {
 }
 
 tavrin::View ProgramAlert::content(const tavrin::AlertQuestion& question) {
-    const tavrin::IconOfApplication own{presentation_.mac_.program().info().bundleIdentifier};
+    const tavrin::IconOfApplication own{presentation_.mac_.program.info().bundleIdentifier};
     std::vector<tavrin::View> children{
         iconView(question.icon.value_or(own)),
         tavrin::text(question.messageText, {.style = tavrin::TextStyle::Heading, .isCentered = true}),

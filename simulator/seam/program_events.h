@@ -1,21 +1,17 @@
 #pragma once
 
 #include "platform/events.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 
 #include <memory>
 #include <utility>
 
 namespace mac_model {
 
-class Mac;
-
 /// Synthetic events as one life of the program's process makes and posts them.
 class ProgramEvents final : public tavrin::Events {
   public:
-    ProgramEvents(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramEvents(ProgramSide side) : side_(std::move(side)) {}
 
     std::shared_ptr<const tavrin::EventSource> createSource(const tavrin::EventSourceSettings&) override;
     std::unique_ptr<tavrin::PreparedEvent> create(const tavrin::MouseEvent&) override;
@@ -30,8 +26,7 @@ class ProgramEvents final : public tavrin::Events {
     void showCursor() override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 } // namespace mac_model

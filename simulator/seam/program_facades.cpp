@@ -1,6 +1,6 @@
 #include "seam/program_facades.h"
 
-#include "mac/mac.h"
+#include "seam/program_host.h"
 #include "seam/program_status_item.h"
 
 namespace mac_model {
@@ -27,90 +27,89 @@ tavrin::Screen screenOf(const ScreenSpec& spec) {
 
 } // namespace
 
-std::string ProgramApplication::bundleIdentifier() const { return mac_.program().info().bundleIdentifier; }
+std::string ProgramApplication::bundleIdentifier() const { return side_.mac.program.info().bundleIdentifier; }
 
-std::string ProgramApplication::displayVersion() const { return mac_.program().info().displayVersion; }
+std::string ProgramApplication::displayVersion() const { return side_.mac.program.info().displayVersion; }
 
 void ProgramApplication::setActivationPolicy(tavrin::ActivationPolicy policy) {
-    if (connection_->isOpen()) mac_.processes().setPolicy(connection_->process(), policyOf(policy));
+    if (side_.isOpen()) side_.mac.processes.setPolicy(side_.connection->process(), policyOf(policy));
 }
 
 void ProgramApplication::activate() {
     // Becoming active is a request that the window server grants a moment later.
-    mac_.scheduler().callInWorldAfter(activationTime, [&mac = mac_, connection = connection_] {
-        if (connection->isOpen()) mac.processes().activate(connection->process());
+    side_.mac.scheduler.callInWorldAfter(activationTime, [side = side_] {
+        if (side.isOpen()) side.mac.processes.activate(side.connection->process());
     });
 }
 
 tavrin::Subscription ProgramApplication::onDidBecomeActive(std::function<void()> handler) {
-    return connection_->relay(mac_.program().onActivated, std::move(handler));
+    return side_.connection->relay(host_.onActivated, std::move(handler));
 }
 
 void ProgramApplication::showAboutPanel() {
-    if (connection_->isOpen() && mac_.program().hooks.showAboutPanel) mac_.program().hooks.showAboutPanel();
+    if (side_.isOpen()) side_.mac.panels.showAbout();
 }
 
 void ProgramApplication::terminate() {
-    if (connection_->isOpen()) mac_.program().terminate();
+    if (side_.isOpen()) host_.terminate();
 }
 
 void ProgramApplication::replyToShouldTerminate(bool terminates) {
-    if (connection_->isOpen()) mac_.program().replyToShouldTerminate(terminates);
+    if (side_.isOpen()) host_.replyToShouldTerminate(terminates);
 }
 
-tavrin::DefaultsDomain ProgramDefaults::ownDomain() const { return mac_.programDomain(); }
+tavrin::DefaultsDomain ProgramDefaults::ownDomain() const { return side_.domain(); }
 
 std::optional<tavrin::DefaultsValue> ProgramDefaults::value(const tavrin::DefaultsDomain& domain,
                                                             std::string_view key) const {
-    return mac_.preferences().value(domain, key);
+    return side_.mac.preferences.value(domain, key);
 }
 
 void ProgramDefaults::set(const tavrin::DefaultsDomain& domain, std::string_view key,
                           tavrin::DefaultsValue value) {
-    if (connection_->isOpen()) mac_.preferences().set(domain, key, std::move(value));
+    if (side_.isOpen()) side_.mac.preferences.set(domain, key, std::move(value));
 }
 
 void ProgramDefaults::remove(const tavrin::DefaultsDomain& domain, std::string_view key) {
-    if (connection_->isOpen()) mac_.preferences().remove(domain, key);
+    if (side_.isOpen()) side_.mac.preferences.remove(domain, key);
 }
 
 std::vector<std::string> ProgramDefaults::keys(const tavrin::DefaultsDomain& domain) const {
-    return mac_.preferences().keys(domain);
+    return side_.mac.preferences.keys(domain);
 }
 
 void ProgramDefaults::synchronize(const tavrin::DefaultsDomain& domain) {
-    if (connection_->isOpen()) mac_.preferences().flush(domain);
+    if (side_.isOpen()) side_.mac.preferences.flush(domain);
 }
 
 std::vector<tavrin::Screen> ProgramScreens::screens() const {
     std::vector<tavrin::Screen> screens;
-    for (const auto& spec : mac_.screens().screens()) screens.push_back(screenOf(spec));
+    for (const auto& spec : side_.mac.screens.screens()) screens.push_back(screenOf(spec));
     return screens;
 }
 
 tavrin::Subscription ProgramScreens::onChanged(std::function<void()> handler) {
-    return connection_->relay(mac_.screens().onNotice, std::move(handler));
+    return side_.connection->relay(side_.mac.screens.onNotice, std::move(handler));
 }
 
 std::unique_ptr<tavrin::StatusItem> ProgramStatusItems::create(double length) {
-    return std::make_unique<ProgramStatusItem>(mac_, connection_, length);
+    return std::make_unique<ProgramStatusItem>(side_, length);
 }
 
-ProgramFacades::ProgramFacades(Mac& mac, std::shared_ptr<ProgramConnection> connection,
-                               tavrin::Presentation& presentation)
-    : application_(mac, connection)
-    , accessibility_(mac, connection)
-    , defaults_(mac, connection)
-    , events_(mac, connection)
-    , hotKeys_(mac, connection)
-    , keyboard_(mac, connection)
-    , screens_(mac, connection)
-    , statusItems_(mac, connection)
-    , windowServer_(mac, connection)
-    , workspace_(mac, connection)
-    , updater_(mac.updater() ? std::make_unique<ProgramUpdater>(*mac.updater(), connection) : nullptr)
-    , platform_{mac.scheduler(), application_, accessibility_, defaults_,        events_,
-                hotKeys_,        keyboard_,    presentation,   mac.randomness(), screens_,
-                statusItems_,    mac.text(),   windowServer_,  workspace_,       updater_.get()} {}
+ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavrin::Presentation& presentation)
+    : application_(side, host)
+    , accessibility_(side)
+    , defaults_(side)
+    , events_(side)
+    , hotKeys_(side)
+    , keyboard_(side)
+    , screens_(side)
+    , statusItems_(side)
+    , windowServer_(side)
+    , workspace_(side)
+    , updater_(side.mac.updater ? std::make_unique<ProgramUpdater>(side) : nullptr)
+    , platform_{side.mac.scheduler, application_,  accessibility_, defaults_,           events_,
+                hotKeys_,           keyboard_,     presentation,   side.mac.randomness, screens_,
+                statusItems_,       side.mac.text, windowServer_,  workspace_,          updater_.get()} {}
 
 } // namespace mac_model

@@ -9,9 +9,9 @@
 #include "platform/updates.h"
 #include "seam/program_events.h"
 #include "seam/program_keys.h"
+#include "seam/program_side.h"
 #include "seam/program_window_server.h"
 #include "seam/program_workspace.h"
-#include "system/program_connection.h"
 
 #include <memory>
 #include <string>
@@ -19,18 +19,15 @@
 
 namespace mac_model {
 
-class Mac;
+class ProgramHost;
 
-// The operating system as one life of the program's process sees it. Once the connection has closed they
-// change nothing, answer with what is harmless, and call nobody.
+// The operating system as one life of the program's process sees it.
 
 class ProgramApplication final : public tavrin::Application {
   public:
-    ProgramApplication(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    ProgramApplication(ProgramSide side, ProgramHost& host) : side_(std::move(side)), host_(host) {}
 
-    tavrin::ProcessIdentifier processIdentifier() const override { return connection_->process(); }
+    tavrin::ProcessIdentifier processIdentifier() const override { return side_.connection->process(); }
 
     std::string bundleIdentifier() const override;
     std::string displayVersion() const override;
@@ -42,15 +39,13 @@ class ProgramApplication final : public tavrin::Application {
     void replyToShouldTerminate(bool terminates) override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
+    ProgramHost& host_;
 };
 
 class ProgramAccessibility final : public tavrin::Accessibility {
   public:
-    ProgramAccessibility(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramAccessibility(ProgramSide side) : side_(std::move(side)) {}
 
     bool isTrusted() const override;
     tavrin::Subscription onTrustListChanged(std::function<void()> handler) override;
@@ -69,15 +64,12 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     template <class Ask>
     auto message(const Ask& ask) -> decltype(ask());
 
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 class ProgramDefaults final : public tavrin::Defaults {
   public:
-    ProgramDefaults(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramDefaults(ProgramSide side) : side_(std::move(side)) {}
 
     tavrin::DefaultsDomain ownDomain() const override;
     std::optional<tavrin::DefaultsValue> value(const tavrin::DefaultsDomain&,
@@ -88,64 +80,55 @@ class ProgramDefaults final : public tavrin::Defaults {
     void synchronize(const tavrin::DefaultsDomain&) override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 class ProgramScreens final : public tavrin::Screens {
   public:
-    ProgramScreens(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramScreens(ProgramSide side) : side_(std::move(side)) {}
 
     std::vector<tavrin::Screen> screens() const override;
     tavrin::Subscription onChanged(std::function<void()> handler) override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 class ProgramStatusItems final : public tavrin::StatusItems {
   public:
-    ProgramStatusItems(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramStatusItems(ProgramSide side) : side_(std::move(side)) {}
 
     /// Makes a `ProgramStatusItem`.
     std::unique_ptr<tavrin::StatusItem> create(double length) override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
+/// Only for a program that has the framework in its bundle. What it looks for is always up to date.
 class ProgramUpdater final : public tavrin::Updater {
   public:
-    ProgramUpdater(tavrin::Updater& updater, std::shared_ptr<ProgramConnection> connection)
-        : updater_(updater)
-        , connection_(std::move(connection)) {}
+    explicit ProgramUpdater(ProgramSide side) : side_(std::move(side)) {}
 
-    bool checksAutomatically() const override { return updater_.checksAutomatically(); }
+    bool checksAutomatically() const override { return side_.mac.updater->checksAutomatically(); }
 
-    bool downloadsAutomatically() const override { return updater_.downloadsAutomatically(); }
+    bool downloadsAutomatically() const override { return side_.mac.updater->downloadsAutomatically(); }
 
     void setAutomatic(bool checksAndDownloads) override {
-        if (connection_->isOpen()) updater_.setAutomatic(checksAndDownloads);
+        if (side_.isOpen()) side_.mac.updater->setAutomatic(checksAndDownloads);
     }
 
     void checkNow() override {
-        if (connection_->isOpen()) updater_.checkNow();
+        if (side_.isOpen()) side_.mac.panels.showUpToDate();
     }
 
   private:
-    tavrin::Updater& updater_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 class ProgramFacades {
   public:
-    ProgramFacades(Mac&, std::shared_ptr<ProgramConnection>, tavrin::Presentation&);
+    ProgramFacades(const ProgramSide&, ProgramHost&, tavrin::Presentation&);
     ProgramFacades(const ProgramFacades&) = delete;
     ProgramFacades& operator=(const ProgramFacades&) = delete;
 

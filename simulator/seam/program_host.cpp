@@ -1,10 +1,10 @@
 #include "seam/program_host.h"
 
-#include "mac/mac.h"
 #include "seam/program_facades.h"
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 namespace mac_model {
 
@@ -15,11 +15,17 @@ struct ProgramHost::Life {
     std::unique_ptr<tavrin::ApplicationDelegate> delegate;
 };
 
-ProgramHost::ProgramHost(Mac& mac, ProgramInfo info)
-    : mac_(mac)
-    , world_(mac.scheduler())
-    , info_(std::move(info)) {
-    frontChange_ = mac_.processes().onFrontChanged.subscribe([this] { noticeActivation(); });
+bool hasWindow(const SurfaceStack& surfaces, tavrin::ProcessIdentifier process) {
+    return std::ranges::any_of(surfaces.backToFront(), [&](const auto& surface) {
+        return surface->kind == SurfaceKind::Window && surface->owner == process;
+    });
+}
+
+ProgramHost::ProgramHost(const MacServices& mac) : mac_(mac), world_(mac.scheduler) {
+    subscriptions_.push_back(mac_.processes.onFrontChanged.subscribe([this] { noticeActivation(); }));
+    subscriptions_.push_back(mac_.processes.onToldToQuit.subscribe([this](tavrin::ProcessIdentifier process) {
+        if (life_ && life_->connection->process() == process) terminate();
+    }));
 }
 
 ProgramHost::~ProgramHost() {
@@ -32,14 +38,10 @@ void ProgramHost::install(ProgramFactory factory, tavrin::Presentation& presenta
     presentation_ = &presentation;
 }
 
-std::shared_ptr<ProgramConnection> ProgramHost::connection() const {
-    return life_ ? life_->connection : nullptr;
-}
-
 void ProgramHost::start() {
     if (!life_) return launch();
     life_->connection->post([this] {
-        const bool hasWindows = hooks.hasVisibleWindows && hooks.hasVisibleWindows();
+        const bool hasWindows = hasWindow(mac_.surfaces, life_->connection->process());
         life_->delegate->applicationShouldHandleReopen(hasWindows);
     });
 }
@@ -47,14 +49,15 @@ void ProgramHost::start() {
 void ProgramHost::launch() {
     assert(factory_ && presentation_ && "installed before the start");
     ApplicationSpec application;
-    application.bundleIdentifier = info_.bundleIdentifier;
-    application.name = info_.name;
+    application.bundleIdentifier = mac_.program.info().bundleIdentifier;
+    application.name = mac_.program.info().name;
     application.policy = Policy::Accessory;
-    mac_.permission().programStarted();
-    const auto process = mac_.processes().launch(std::move(application));
-    const auto connection = std::make_shared<ProgramConnection>(mac_.scheduler(), process.value());
+    mac_.permission.programStarted();
+    const auto process = mac_.processes.launch(std::move(application), Quitting::AfterItsAnswer);
+    const auto connection = std::make_shared<ProgramConnection>(mac_.scheduler, process.value());
     lastConnection_ = connection;
-    life_ = std::shared_ptr<Life>(new Life{connection, {mac_, connection, *presentation_}, nullptr});
+    mac_.program.connect(connection);
+    life_ = std::shared_ptr<Life>(new Life{connection, {{connection, mac_}, *this, *presentation_}, nullptr});
     onStarted.emit();
     // A delegate of the last life that is still to be destroyed was posted before.
     connection->post([this] { life_->delegate = factory_(life_->facades.platform()); });
@@ -62,7 +65,7 @@ void ProgramHost::launch() {
 }
 
 void ProgramHost::noticeActivation() {
-    const auto* front = mac_.processes().frontmost();
+    const auto* front = mac_.processes.frontmost();
     const bool isActive = life_ && front && front->identifier == life_->connection->process();
     if (std::exchange(isActive_, isActive) != isActive && isActive) onActivated.emit();
 }
@@ -96,13 +99,12 @@ void ProgramHost::lastWindowClosed() {
 
 void ProgramHost::end(End how) {
     const auto process = life_->connection->process();
-    if (how == End::InOrder) mac_.statusArea().storePositions(process);
-    life_->connection->close();
+    if (how == End::InOrder) mac_.arrangement.storePositions(process);
     ending_.push_back(std::exchange(life_, nullptr));
     isReplyAwaited_ = false;
     isActive_ = false;
-    onDisconnected.emit();
-    mac_.processes().end(process);
+    mac_.program.disconnect();
+    mac_.processes.end(process);
     world_.post([this, life = std::weak_ptr(ending_.back())] { std::erase(ending_, life.lock()); });
 }
 
@@ -114,8 +116,8 @@ std::vector<std::string> ProgramHost::leftovers() const {
             found.push_back("The program left behind " + what + ": " + std::to_string(count) + ".");
     };
     add(ending_.size(), "processes that have not gone yet");
-    add(mac_.scheduler().tasksAlive(), "running jobs");
-    add(mac_.scheduler().timersPending(), "timers");
+    add(mac_.scheduler.tasksAlive(), "running jobs");
+    add(mac_.scheduler.timersPending(), "timers");
     add(static_cast<std::size_t>(lastConnection_.use_count()), "references to the platform");
     return found;
 }

@@ -4,7 +4,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "platform/application.h"
 #include "platform/platform.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 #include "system/world_calls.h"
 
 #include <functional>
@@ -14,42 +14,26 @@
 
 namespace mac_model {
 
-class Mac;
-
 /// Builds the program over the given Mac. Called anew for each launch.
 using ProgramFactory = std::function<std::unique_ptr<tavrin::ApplicationDelegate>(tavrin::Platform&)>;
 
-struct ProgramInfo {
-    std::string bundleIdentifier;
-    std::string name;
-    std::string displayVersion; // as shown to a person
-};
-
-/// What the host needs of those who draw.
-struct ProgramHooks {
-    std::function<void()> showAboutPanel;
-    std::function<bool()> hasVisibleWindows;
-};
+/// Whether a process has a window on the screen.
+bool hasWindow(const SurfaceStack&, tavrin::ProcessIdentifier);
 
 /// Launches the program, asks it to quit and ends its process. Calls into the program are posted to the main
 /// thread: let the scheduler run to see them happen. The end of a process disconnects it at once; the
 /// program's objects are destroyed when the main loop turns, so that the end may come from anywhere.
 class ProgramHost {
   public:
-    ProgramHost(Mac&, ProgramInfo);
+    explicit ProgramHost(const MacServices&);
     ProgramHost(const ProgramHost&) = delete;
     ProgramHost& operator=(const ProgramHost&) = delete;
     ~ProgramHost();
 
-    /// Before the first `start`. The presentation must outlive the Mac.
+    /// Before the first `start`. The presentation must outlive the host.
     void install(ProgramFactory, tavrin::Presentation&);
 
-    const ProgramInfo& info() const { return info_; }
-
     bool isRunning() const { return life_ != nullptr; }
-
-    /// Null while the program doesn't run.
-    std::shared_ptr<ProgramConnection> connection() const;
 
     /// Launches the program; while it runs, tells it that it was launched again.
     void start();
@@ -65,10 +49,8 @@ class ProgramHost {
     /// One sentence each; meaningful once the main loop has turned.
     std::vector<std::string> leftovers() const;
 
-    ProgramHooks hooks;
     tavrin::Signal<> onStarted;
-    tavrin::Signal<> onDisconnected; // close all that the program shows; it hears nothing any more
-    tavrin::Signal<> onActivated;    // the program has become the active application
+    tavrin::Signal<> onActivated; // the program has become the active application
 
   private:
     struct Life;
@@ -79,9 +61,8 @@ class ProgramHost {
     void end(End);
     void noticeActivation();
 
-    Mac& mac_;
+    const MacServices& mac_;
     WorldCalls world_;
-    ProgramInfo info_;
     ProgramFactory factory_;
     tavrin::Presentation* presentation_ = nullptr;
     std::shared_ptr<Life> life_;                // while the program runs
@@ -89,7 +70,7 @@ class ProgramHost {
     std::weak_ptr<ProgramConnection> lastConnection_;
     bool isReplyAwaited_ = false;
     bool isActive_ = false;
-    tavrin::Subscription frontChange_;
+    std::vector<tavrin::Subscription> subscriptions_;
 };
 
 } // namespace mac_model

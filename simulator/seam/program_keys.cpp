@@ -1,7 +1,5 @@
 #include "seam/program_keys.h"
 
-#include "mac/mac.h"
-
 #include <ranges>
 
 namespace mac_model {
@@ -10,37 +8,37 @@ namespace {
 
 class RegisteredHotKey final : public tavrin::HotKeyReference {
   public:
-    RegisteredHotKey(Mac& mac, HotKeyCenter::Registration registration)
-        : mac_(mac)
+    RegisteredHotKey(HotKeyCenter& hotKeys, HotKeyCenter::Registration registration)
+        : hotKeys_(hotKeys)
         , registration_(registration) {}
 
     RegisteredHotKey(const RegisteredHotKey&) = delete;
     RegisteredHotKey& operator=(const RegisteredHotKey&) = delete;
 
-    ~RegisteredHotKey() override { mac_.hotKeys().remove(registration_); }
+    ~RegisteredHotKey() override { hotKeys_.remove(registration_); }
 
   private:
-    Mac& mac_;
+    HotKeyCenter& hotKeys_;
     HotKeyCenter::Registration registration_;
 };
 
 } // namespace
 
 std::string ProgramKeyboard::character(tavrin::KeyCode key) const {
-    return characterOn(mac_.keyboard().layout, key);
+    return characterOn(side_.mac.keyboard.layout, key);
 }
 
 tavrin::Subscription
 ProgramKeyboard::monitorKeyDown(std::function<tavrin::KeyHandling(const tavrin::KeyPress&)> handler) {
-    return mac_.keyboard().monitors.subscribe(
-        [connection = connection_, handler = std::move(handler)](const tavrin::KeyPress& press,
-                                                                 tavrin::KeyHandling* handling) {
+    return side_.mac.keyboard.monitors.subscribe(
+        [connection = side_.connection, handler = std::move(handler)](const tavrin::KeyPress& press,
+                                                                      tavrin::KeyHandling* handling) {
             if (connection->isOpen()) *handling = handler(press);
         });
 }
 
 void ProgramKeyboard::beep() {
-    if (connection_->isOpen()) mac_.keyboard().onBeep.emit();
+    if (side_.isOpen()) side_.mac.keyboard.onBeep.emit();
 }
 
 class ProgramHotKeys::InstalledHandler final : public tavrin::HotKeyEventHandler {
@@ -77,19 +75,19 @@ std::expected<std::unique_ptr<tavrin::HotKeyReference>, tavrin::HotKeys::Error>
 ProgramHotKeys::registerHotKey(tavrin::KeyCode key, tavrin::CarbonModifiers modifiers,
                                tavrin::HotKeyIdentifier identifier) {
     constexpr Error internalError = -9868;
-    if (!connection_->isOpen()) return std::unexpected(internalError);
-    const auto added = mac_.hotKeys().add(
-        key, modifiers, [connection = connection_, handlers = std::weak_ptr(handlers_), identifier] {
+    if (!side_.isOpen()) return std::unexpected(internalError);
+    const auto added = side_.mac.hotKeys.add(
+        key, modifiers, [connection = side_.connection, handlers = std::weak_ptr(handlers_), identifier] {
             connection->post([handlers, identifier] {
                 if (const auto installed = handlers.lock()) deliver(Handlers(*installed), identifier);
             });
         });
     if (!added) return std::unexpected(added.error());
-    return std::make_unique<RegisteredHotKey>(mac_, *added);
+    return std::make_unique<RegisteredHotKey>(side_.mac.hotKeys, *added);
 }
 
 std::vector<tavrin::SymbolicHotKey> ProgramHotKeys::symbolicHotKeys() const {
-    return mac_.hotKeys().symbolicHotKeys;
+    return side_.mac.hotKeys.symbolicHotKeys;
 }
 
 } // namespace mac_model

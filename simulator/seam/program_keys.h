@@ -2,7 +2,7 @@
 
 #include "platform/hot_keys.h"
 #include "platform/keyboard.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 
 #include <memory>
 #include <utility>
@@ -10,15 +10,11 @@
 
 namespace mac_model {
 
-class Mac;
-
 // The keyboard and the hot keys as one life of the program's process has them.
 
 class ProgramKeyboard final : public tavrin::Keyboard {
   public:
-    ProgramKeyboard(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramKeyboard(ProgramSide side) : side_(std::move(side)) {}
 
     std::string character(tavrin::KeyCode) const override;
     tavrin::Subscription
@@ -26,8 +22,7 @@ class ProgramKeyboard final : public tavrin::Keyboard {
     void beep() override;
 
   private:
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 /// A press is an event that the program's main loop finds when it turns.
@@ -35,9 +30,7 @@ class ProgramHotKeys final : public tavrin::HotKeys {
   public:
     using Handler = std::function<Handling(const tavrin::HotKeyIdentifier&)>;
 
-    ProgramHotKeys(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramHotKeys(ProgramSide side) : side_(std::move(side)) {}
 
     std::expected<std::unique_ptr<tavrin::HotKeyReference>, Error>
         registerHotKey(tavrin::KeyCode, tavrin::CarbonModifiers, tavrin::HotKeyIdentifier) override;
@@ -50,8 +43,7 @@ class ProgramHotKeys final : public tavrin::HotKeys {
 
     static void deliver(const Handlers&, const tavrin::HotKeyIdentifier&);
 
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
     std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>(); // the one installed last comes last
 };
 

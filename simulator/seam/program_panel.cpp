@@ -29,7 +29,7 @@ void ProgramPanel::show(tavrin::Rect anchor) {
 }
 
 void ProgramPanel::layOut(Surface& surface) const {
-    const auto screen = screenFor(presentation_.mac_.screens().screens(), anchor_.middle());
+    const auto screen = screenFor(presentation_.mac_.screens.screens(), anchor_.middle());
     surface.frame = popoverFrame(measured(content_, tavrin::popoverWidthMax), anchor_, screen);
     auto content = laidOut(content_, surface.frame);
     carryScrolling(surface.content, content);

@@ -69,7 +69,7 @@ bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
 }
 
 void ProgramPopover::layOut(Surface& surface) const {
-    const auto screen = screenFor(presentation_.mac_.screens().screens(), area_.middle());
+    const auto screen = screenFor(presentation_.mac_.screens.screens(), area_.middle());
     surface.frame = popoverFrame(measured(content_, tavrin::popoverWidthMax), area_, screen);
     surface.arrowX = std::clamp(area_.midX(), surface.frame.minX(), surface.frame.maxX());
     auto content = laidOut(content_, surface.frame);
@@ -87,7 +87,7 @@ void ProgramPopover::close() {
 void ProgramPopover::followItem() {
     auto* surface = presentation_.stack_.find(surface_);
     if (!surface || item_ == StatusItemIdentifier::None) return;
-    const auto* record = presentation_.mac_.statusArea().find(item_);
+    const auto* record = presentation_.mac_.statusItems.find(item_);
     if (!record || !record->frame) return presentation_.stack_.dismiss(surface_);
     area_.x += record->frame->x - itemOrigin_.x;
     area_.y += record->frame->y - itemOrigin_.y;

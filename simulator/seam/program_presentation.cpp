@@ -6,7 +6,6 @@
 #include "seam/program_status_item.h"
 #include "seam/program_window.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace mac_model {
@@ -34,28 +33,28 @@ StatusItemIdentifier identifierOf(const tavrin::StatusItem& item) {
 
 std::unique_ptr<tavrin::Popover> ProgramPresentation::makePopover(tavrin::PopoverBehavior behavior,
                                                                   std::function<void()> onClose) {
-    return std::make_unique<ProgramPopover>(
-        *this, behavior, ProgramCallbacks(mac_.program().connection(), std::move(onClose)));
+    return std::make_unique<ProgramPopover>(*this, behavior,
+                                            ProgramCallbacks(mac_.program.connection(), std::move(onClose)));
 }
 
 std::unique_ptr<tavrin::Window> ProgramPresentation::makeWindow(std::string title,
                                                                 std::function<void()> onClose) {
     return std::make_unique<ProgramWindow>(*this, std::move(title),
-                                           ProgramCallbacks(mac_.program().connection(), std::move(onClose)));
+                                           ProgramCallbacks(mac_.program.connection(), std::move(onClose)));
 }
 
 std::unique_ptr<tavrin::Panel> ProgramPresentation::makePanel() {
-    return std::make_unique<ProgramPanel>(*this, ProgramCallbacks(mac_.program().connection(), nullptr));
+    return std::make_unique<ProgramPanel>(*this, ProgramCallbacks(mac_.program.connection(), nullptr));
 }
 
 std::unique_ptr<tavrin::Alert> ProgramPresentation::showAlert(tavrin::AlertQuestion question,
                                                               std::function<void(std::size_t)> onAnswer) {
     return std::make_unique<ProgramAlert>(*this, std::move(question), std::move(onAnswer),
-                                          ProgramCallbacks(mac_.program().connection(), nullptr));
+                                          ProgramCallbacks(mac_.program.connection(), nullptr));
 }
 
 void ProgramPresentation::popUp(tavrin::Menu menu, tavrin::StatusItem& item, tavrin::Rect area) {
-    const auto connection = mac_.program().connection();
+    const auto connection = mac_.program.connection();
     if (!connection || !item.frame()) return;
     MenuRequest request;
     for (const auto& entry : menu.items) request.items.push_back(entryFor(entry));
@@ -74,10 +73,8 @@ void ProgramPresentation::followStatusItems() {
 }
 
 bool ProgramPresentation::hasVisibleWindows() const {
-    const auto connection = mac_.program().connection();
-    return connection && std::ranges::any_of(stack_.backToFront(), [&](const auto& surface) {
-               return surface->kind == SurfaceKind::Window && surface->owner == connection->process();
-           });
+    const auto connection = mac_.program.connection();
+    return connection && hasWindow(stack_, connection->process());
 }
 
 } // namespace mac_model

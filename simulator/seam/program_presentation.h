@@ -1,9 +1,10 @@
 #pragma once
 
-#include "mac/mac.h"
 #include "platform/presentation.h"
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
+#include "seam/program_host.h"
+#include "seam/program_side.h"
 
 #include <functional>
 #include <memory>
@@ -21,10 +22,11 @@ StatusItemIdentifier identifierOf(const tavrin::StatusItem&);
 /// dropped when by then its process has ended or the thing that they are about was destroyed.
 class ProgramPresentation final : public tavrin::Presentation {
   public:
-    ProgramPresentation(Mac& mac, SurfaceStack& stack, MenuTracking& menus)
+    ProgramPresentation(const MacServices& mac, ProgramHost& host)
         : mac_(mac)
-        , stack_(stack)
-        , menus_(menus) {}
+        , host_(host)
+        , stack_(mac.surfaces)
+        , menus_(mac.menus) {}
 
     std::unique_ptr<tavrin::Popover> makePopover(tavrin::PopoverBehavior,
                                                  std::function<void()> onClose) override;
@@ -44,7 +46,8 @@ class ProgramPresentation final : public tavrin::Presentation {
     friend class ProgramPopover;
     friend class ProgramWindow;
 
-    Mac& mac_;
+    const MacServices& mac_;
+    ProgramHost& host_;
     SurfaceStack& stack_;
     MenuTracking& menus_;
     std::vector<ProgramPopover*> popovers_;

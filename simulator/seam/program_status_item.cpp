@@ -1,40 +1,36 @@
 #include "seam/program_status_item.h"
 
-#include "mac/mac.h"
-
 namespace mac_model {
 
-ProgramStatusItem::ProgramStatusItem(Mac& mac, std::shared_ptr<ProgramConnection> connection, double length)
-    : mac_(mac)
-    , connection_(std::move(connection)) {
-    if (connection_->isOpen()) identifier_ = mac_.statusArea().add(connection_, mac_.programDomain(), length);
+ProgramStatusItem::ProgramStatusItem(ProgramSide side, double length) : side_(std::move(side)) {
+    if (side_.isOpen()) identifier_ = side_.mac.statusItems.add(side_.connection, side_.domain(), length);
 }
 
 ProgramStatusItem::~ProgramStatusItem() {
-    if (connection_->isOpen()) mac_.statusArea().remove(identifier_);
+    if (side_.isOpen()) side_.mac.statusItems.remove(identifier_);
 }
 
 // The end of the process has removed the item: then the identifier stands for nothing and changes are
 // ignored.
 
-const StatusItemRecord* ProgramStatusItem::record() const { return mac_.statusArea().find(identifier_); }
+const StatusItemRecord* ProgramStatusItem::record() const { return side_.mac.statusItems.find(identifier_); }
 
-void ProgramStatusItem::setLength(double length) { mac_.statusArea().setLength(identifier_, length); }
+void ProgramStatusItem::setLength(double length) { side_.mac.statusItems.setLength(identifier_, length); }
 
 double ProgramStatusItem::length() const { return record() ? record()->length : 0; }
 
 void ProgramStatusItem::setAutosaveName(std::string name) {
-    mac_.statusArea().setAutosaveName(identifier_, std::move(name));
+    side_.mac.statusItems.setAutosaveName(identifier_, std::move(name));
 }
 
-void ProgramStatusItem::setVisible(bool visible) { mac_.statusArea().setVisible(identifier_, visible); }
+void ProgramStatusItem::setVisible(bool visible) { side_.mac.statusItems.setVisible(identifier_, visible); }
 
 template <class Change>
 void ProgramStatusItem::changeAppearance(const Change& change) {
     if (!record()) return;
     auto appearance = record()->appearance;
     change(appearance);
-    mac_.statusArea().setAppearance(identifier_, std::move(appearance));
+    side_.mac.statusItems.setAppearance(identifier_, std::move(appearance));
 }
 
 void ProgramStatusItem::setImage(tavrin::TemplateImage image) {
@@ -42,15 +38,15 @@ void ProgramStatusItem::setImage(tavrin::TemplateImage image) {
 }
 
 void ProgramStatusItem::setToolTip(std::string text) {
-    if (record()) mac_.statusArea().setTexts(identifier_, record()->spec.description, std::move(text));
+    if (record()) side_.mac.statusItems.setTexts(identifier_, record()->spec.description, std::move(text));
 }
 
 void ProgramStatusItem::setAccessibilityLabel(std::string label) {
-    if (record()) mac_.statusArea().setTexts(identifier_, std::move(label), record()->spec.help);
+    if (record()) side_.mac.statusItems.setTexts(identifier_, std::move(label), record()->spec.help);
 }
 
 void ProgramStatusItem::setHiddenFromAccessibility(bool hidden) {
-    mac_.statusArea().setHiddenFromAccessibility(identifier_, hidden);
+    side_.mac.statusItems.setHiddenFromAccessibility(identifier_, hidden);
 }
 
 void ProgramStatusItem::setAlpha(double alpha) {
@@ -65,13 +61,13 @@ void ProgramStatusItem::setDecorations(bool pillShown, double glow) {
 }
 
 void ProgramStatusItem::setAction(std::function<void(tavrin::StatusItemPress)> action) {
-    mac_.statusArea().setAction(identifier_, std::move(action));
+    side_.mac.statusItems.setAction(identifier_, std::move(action));
 }
 
 std::optional<tavrin::Rect> ProgramStatusItem::frame() const {
     return record() ? record()->frame : std::nullopt;
 }
 
-bool ProgramStatusItem::isDrawn() const { return mac_.statusArea().isDrawnForOwner(identifier_); }
+bool ProgramStatusItem::isDrawn() const { return side_.mac.arrangement.isDrawnForOwner(identifier_); }
 
 } // namespace mac_model

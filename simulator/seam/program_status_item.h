@@ -2,19 +2,17 @@
 
 #include "menu_bar/status_item_record.h"
 #include "platform/status_items.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 
 #include <memory>
 #include <string>
 
 namespace mac_model {
 
-class Mac;
-
 /// The program's handle on one of its items in the status area.
 class ProgramStatusItem final : public tavrin::StatusItem {
   public:
-    ProgramStatusItem(Mac&, std::shared_ptr<ProgramConnection>, double length);
+    ProgramStatusItem(ProgramSide, double length);
     ProgramStatusItem(const ProgramStatusItem&) = delete;
     ProgramStatusItem& operator=(const ProgramStatusItem&) = delete;
     ~ProgramStatusItem() override;
@@ -41,8 +39,7 @@ class ProgramStatusItem final : public tavrin::StatusItem {
     template <class Change>
     void changeAppearance(const Change& change);
 
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
     StatusItemIdentifier identifier_ = StatusItemIdentifier::None;
 };
 

@@ -32,7 +32,7 @@ void ProgramWindow::open() {
     window.title = title_;
     window.deliver = callbacks_.deliver();
     window.onDismissed = [this] { hasClosed(); };
-    placeTitledWindow(window, content_, presentation_.mac_.screens().screens());
+    placeTitledWindow(window, content_, presentation_.mac_.screens.screens());
     window.onFocusMoved = [this] { callbacks_.deliver()([this] { recorders_.followFocus(); }); };
     window.onResignedKey = [this] { callbacks_.deliver()([this] { recorders_.windowResignedKey(); }); };
     auto& surface = presentation_.stack_.add(std::move(window));
@@ -49,8 +49,7 @@ void ProgramWindow::close() {
 void ProgramWindow::hasClosed() {
     surface_ = SurfaceIdentifier::None;
     callbacks_.postOnClose();
-    if (callbacks_.isOpen() && !presentation_.hasVisibleWindows())
-        presentation_.mac_.program().lastWindowClosed();
+    if (callbacks_.isOpen() && !presentation_.hasVisibleWindows()) presentation_.host_.lastWindowClosed();
 }
 
 } // namespace mac_model

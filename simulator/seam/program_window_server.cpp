@@ -1,9 +1,8 @@
 #include "seam/program_window_server.h"
 
-#include "mac/mac.h"
-#include "menu_bar/menu_bar_windows.h"
-
 #include <algorithm>
+#include <array>
+#include <ranges>
 
 namespace mac_model {
 
@@ -13,35 +12,47 @@ constexpr tavrin::WindowServerMenuBar::Connection connectionBase = 0x10000;
 constexpr tavrin::WindowServerMenuBar::Status failure = 1000;         // kCGErrorFailure
 constexpr tavrin::WindowServerMenuBar::Status illegalArgument = 1001; // kCGErrorIllegalArgument
 
+constexpr std::array surfaceLayers{0, 8, 25, 101, 101, 500}; // of each SurfaceKind
+constexpr std::uint32_t firstSurfaceNumber = 100'000;
 constexpr int menuBarLayer = 24;
 constexpr int statusItemLayer = 25;
 constexpr tavrin::ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
 
+/// The windows of what is on the screen beside the menu bar, from front to back.
+std::vector<tavrin::OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
+    std::vector<tavrin::OnScreenWindow> windows;
+    for (const auto& surface : surfaces.backToFront() | std::views::reverse)
+        windows.push_back({firstSurfaceNumber + static_cast<std::uint32_t>(surface->identifier),
+                           surface->owner, surfaceLayers[std::size_t(surface->kind)], surface->frame});
+    return windows;
+}
+
 } // namespace
 
 tavrin::WindowServerMenuBar::Functions* ProgramWindowServer::menuBarFunctions() {
-    return mac_.faults().windowServerAbsent ? nullptr : this;
+    return side_.mac.behaviour.faults.windowServerAbsent ? nullptr : this;
 }
 
 ProgramWindowServer::Connection ProgramWindowServer::mainConnection() {
-    return connectionBase + connection_->process();
+    return connectionBase + side_.connection->process();
 }
 
 bool ProgramWindowServer::isMine(Connection connection) const {
-    return connection_->isOpen() && connection == connectionBase + connection_->process();
+    return side_.isOpen() && connection == connectionBase + side_.connection->process();
 }
 
 std::expected<std::int32_t, ProgramWindowServer::Status>
 ProgramWindowServer::windowCount(Connection connection) {
     if (!isMine(connection)) return std::unexpected(failure);
     // Most processes have some window, be it never on the screen.
-    return static_cast<std::int32_t>(menuBarWindows(mac_).size() + mac_.processes().processes().size());
+    return static_cast<std::int32_t>(side_.mac.menuBarWindows.all().size() +
+                                     side_.mac.processes.processes().size());
 }
 
 std::expected<std::int32_t, ProgramWindowServer::Status>
 ProgramWindowServer::processMenuBarWindowList(Connection connection, std::span<WindowNumber> numbers) {
     if (!isMine(connection)) return std::unexpected(failure);
-    const auto windows = menuBarWindows(mac_);
+    const auto windows = side_.mac.menuBarWindows.all();
     const auto count = std::min(windows.size(), numbers.size());
     for (std::size_t i = 0; i < count; ++i) numbers[i] = windows[i].number;
     return static_cast<std::int32_t>(count);
@@ -50,18 +61,17 @@ ProgramWindowServer::processMenuBarWindowList(Connection connection, std::span<W
 std::expected<tavrin::Rect, ProgramWindowServer::Status>
 ProgramWindowServer::screenRect(Connection connection, WindowNumber number) {
     if (!isMine(connection)) return std::unexpected(failure);
-    const auto windows = menuBarWindows(mac_);
+    const auto windows = side_.mac.menuBarWindows.all();
     const auto found = std::ranges::find(windows, number, &MenuBarWindow::number);
     if (found == windows.end()) return std::unexpected(illegalArgument);
     return found->frame;
 }
 
 std::vector<tavrin::OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
-    std::vector<tavrin::OnScreenWindow> windows;
-    if (!connection_->isOpen()) return windows;
-    if (mac_.surfaceWindows) windows = mac_.surfaceWindows();
-    for (const auto& bar : menuBarWindows(mac_)) {
-        const auto* item = itemWithWindow(mac_, bar.number);
+    if (!side_.isOpen()) return {};
+    auto windows = windowsOf(side_.mac.surfaces);
+    for (const auto& bar : side_.mac.menuBarWindows.all()) {
+        const auto* item = side_.mac.menuBarWindows.itemWith(bar.number);
         if (item && !item->isDrawn) continue;
         windows.push_back({bar.number, item ? item->owner : windowServerProcess,
                            item ? statusItemLayer : menuBarLayer, bar.frame});

@@ -1,22 +1,18 @@
 #pragma once
 
 #include "platform/window_server.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 
 #include <memory>
 #include <utility>
 
 namespace mac_model {
 
-class Mac;
-
 /// The window server's private functions as one life of the program's process finds them.
 class ProgramWindowServer final : public tavrin::WindowServer,
                                   private tavrin::WindowServerMenuBar::Functions {
   public:
-    ProgramWindowServer(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-        : mac_(mac)
-        , connection_(std::move(connection)) {}
+    explicit ProgramWindowServer(ProgramSide side) : side_(std::move(side)) {}
 
     tavrin::WindowServerMenuBar::Functions* menuBarFunctions() override;
 
@@ -35,8 +31,7 @@ class ProgramWindowServer final : public tavrin::WindowServer,
 
     bool isMine(Connection) const;
 
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
 };
 
 } // namespace mac_model

@@ -1,7 +1,6 @@
 #include "seam/program_workspace.h"
 
 #include "applications/application_icon.h"
-#include "mac/mac.h"
 
 namespace mac_model {
 
@@ -12,18 +11,16 @@ constexpr tavrin::Seconds activationTime{0.02};
 
 } // namespace
 
-ProgramWorkspace::ProgramWorkspace(Mac& mac, std::shared_ptr<ProgramConnection> connection)
-    : mac_(mac)
-    , connection_(std::move(connection)) {
+ProgramWorkspace::ProgramWorkspace(ProgramSide side) : side_(std::move(side)) {
     state_->applications = present();
-    auto& processes = mac_.processes();
+    auto& processes = side_.mac.processes;
     subscriptions_.push_back(processes.onLaunched.subscribe([this](auto) { updateLater(); }));
     subscriptions_.push_back(processes.onEnded.subscribe([this](auto) { updateLater(); }));
 }
 
 std::vector<tavrin::RunningApplication> ProgramWorkspace::present() const {
     std::vector<tavrin::RunningApplication> applications;
-    for (const auto* process : mac_.processes().processes()) {
+    for (const auto* process : side_.mac.processes.processes()) {
         tavrin::RunningApplication application;
         if (!process->application.bundleIdentifier.empty())
             application.bundleIdentifier = process->application.bundleIdentifier;
@@ -36,7 +33,7 @@ std::vector<tavrin::RunningApplication> ProgramWorkspace::present() const {
 
 void ProgramWorkspace::updateLater() {
     // The list is the one of now: what is launched later comes with a turn of its own.
-    connection_->post([state = state_, applications = present()] {
+    side_.connection->post([state = state_, applications = present()] {
         state->applications = applications;
         state->onChanged.emit();
     });
@@ -47,16 +44,16 @@ tavrin::Subscription ProgramWorkspace::onApplicationsChanged(std::function<void(
 }
 
 tavrin::OperatingSystemVersion ProgramWorkspace::operatingSystemVersion() const {
-    return {mac_.version().major, mac_.version().minor};
+    return {side_.mac.behaviour.version.major, side_.mac.behaviour.version.minor};
 }
 
 std::optional<std::string> ProgramWorkspace::bundleIdentifierAt(std::string_view path) const {
-    return mac_.workspace().bundleIdentifierAt(path);
+    return side_.mac.bundles.bundleIdentifierAt(path);
 }
 
 std::optional<std::vector<std::byte>>
 ProgramWorkspace::iconPngOfProcess(tavrin::ProcessIdentifier identifier) const {
-    const auto* process = mac_.processes().find(identifier);
+    const auto* process = side_.mac.processes.find(identifier);
     if (!process) return std::nullopt;
     const auto& application = process->application;
     return applicationIconPng(application.bundleIdentifier, application.name);
@@ -64,22 +61,22 @@ ProgramWorkspace::iconPngOfProcess(tavrin::ProcessIdentifier identifier) const {
 
 std::optional<std::vector<std::byte>>
 ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
-    const auto running = mac_.processes().withBundle(bundleIdentifier);
+    const auto running = side_.mac.processes.withBundle(bundleIdentifier);
     if (!running.empty()) return iconPngOfProcess(running.front());
-    const auto name = mac_.workspace().nameOfBundle(bundleIdentifier);
+    const auto name = side_.mac.bundles.nameOfBundle(bundleIdentifier);
     return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
 }
 
 bool ProgramWorkspace::activate(tavrin::ProcessIdentifier process) {
-    if (!connection_->isOpen() || !mac_.processes().find(process)) return false;
-    mac_.scheduler().callInWorldAfter(activationTime, [&mac = mac_, process, connection = connection_] {
-        if (connection->isOpen()) mac.processes().activate(process);
+    if (!side_.isOpen() || !side_.mac.processes.find(process)) return false;
+    side_.mac.scheduler.callInWorldAfter(activationTime, [side = side_, process] {
+        if (side.isOpen()) side.mac.processes.activate(process);
     });
     return true;
 }
 
 bool ProgramWorkspace::openUrl(std::string_view url) {
-    return connection_->isOpen() && mac_.workspace().openUrl && mac_.workspace().openUrl(std::string(url));
+    return side_.isOpen() && side_.mac.settings.open(url);
 }
 
 } // namespace mac_model

@@ -2,19 +2,17 @@
 
 #include "concurrency/signal.h"
 #include "platform/workspace.h"
-#include "system/program_connection.h"
+#include "seam/program_side.h"
 
 #include <memory>
 #include <vector>
 
 namespace mac_model {
 
-class Mac;
-
 /// Workspace of the program's process. Its list of applications changes only when the main loop turns.
 class ProgramWorkspace final : public tavrin::Workspace {
   public:
-    ProgramWorkspace(Mac&, std::shared_ptr<ProgramConnection>);
+    explicit ProgramWorkspace(ProgramSide);
     ProgramWorkspace(const ProgramWorkspace&) = delete;
     ProgramWorkspace& operator=(const ProgramWorkspace&) = delete;
 
@@ -40,8 +38,7 @@ class ProgramWorkspace final : public tavrin::Workspace {
     std::vector<tavrin::RunningApplication> present() const;
     void updateLater();
 
-    Mac& mac_;
-    std::shared_ptr<ProgramConnection> connection_;
+    ProgramSide side_;
     std::shared_ptr<State> state_ = std::make_shared<State>();
     std::vector<tavrin::Subscription> subscriptions_;
 };

@@ -46,7 +46,7 @@ Trace::Trace(ModelledMac& modelled)
     auto& subscriptions = subscriptions_;
     subscriptions.push_back(mac.program().onStarted.subscribe(tell("launched")));
     subscriptions.push_back(mac.program().onActivated.subscribe(tell("is the active application")));
-    subscriptions.push_back(mac.program().onDisconnected.subscribe(tell("its process ended")));
+    subscriptions.push_back(mac.programProcess().onDisconnected.subscribe(tell("its process ended")));
     subscriptions.push_back(mac.screens().onNotice.subscribe(tell("displays have changed")));
     subscriptions.push_back(mac.permission().onNotice.subscribe([this] {
         note("told", modelled_.mac().permission().isTrustedAsTold() ? "Accessibility may be used"

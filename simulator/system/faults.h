@@ -33,7 +33,7 @@ struct MenuFaults {
 };
 
 /// What can go wrong on this Mac beside the answers of `Uncertainties`. Faults lie over the truth: clearing
-/// one heals the Mac. Whoever changes one that bears on the menu bar calls `StatusArea::refresh` afterwards.
+/// one heals the Mac.
 struct Faults {
     /// After the menu bar was arranged, the program's items report for 0.05 s that they aren't drawn.
     bool occlusionLag = true;

@@ -10,7 +10,8 @@ using tavrin::ProcessIdentifier;
 ProcessTable::ProcessTable(const std::vector<ApplicationSpec>& applications) {
     for (const auto& application : applications) highest_ = std::max(highest_, application.processIdentifier);
     for (const auto& application : applications) {
-        auto process = std::make_unique<Process>(Process{application.processIdentifier, application});
+        auto process =
+            std::make_unique<Process>(Process{application.processIdentifier, application, Quitting::AtOnce});
         if (process->identifier == 0) process->identifier = ++highest_;
         byIdentifier_[process->identifier] = process.get();
         inOrder_.push_back(std::move(process));
@@ -39,14 +40,15 @@ std::vector<ProcessIdentifier> ProcessTable::withBundle(std::string_view bundleI
     return matches;
 }
 
-std::expected<ProcessIdentifier, std::string> ProcessTable::launch(ApplicationSpec application) {
+std::expected<ProcessIdentifier, std::string> ProcessTable::launch(ApplicationSpec application,
+                                                                   Quitting quitting) {
     auto identifier = application.processIdentifier;
     if (find(identifier))
         return std::unexpected("The process identifier " + std::to_string(identifier) + " is in use.");
     if (identifier == 0) identifier = highest_ + 1;
     highest_ = std::max(highest_, identifier);
     application.processIdentifier = identifier;
-    inOrder_.push_back(std::make_unique<Process>(Process{identifier, std::move(application)}));
+    inOrder_.push_back(std::make_unique<Process>(Process{identifier, std::move(application), quitting}));
     byIdentifier_[identifier] = inOrder_.back().get();
     onLaunched.emit(identifier);
     if (inOrder_.back()->application.policy == Policy::Regular) activate(identifier);
@@ -74,7 +76,10 @@ std::expected<void, std::string> ProcessTable::forEach(std::string_view bundleId
 }
 
 std::expected<void, std::string> ProcessTable::quit(std::string_view bundleIdentifier) {
-    return forEach(bundleIdentifier, [this](Process& process) { end(process.identifier); });
+    return forEach(bundleIdentifier, [this](Process& process) {
+        if (process.quitting == Quitting::AfterItsAnswer) return onToldToQuit.emit(process.identifier);
+        end(process.identifier);
+    });
 }
 
 std::expected<void, std::string> ProcessTable::hang(std::string_view bundleIdentifier) {

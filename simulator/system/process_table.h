@@ -15,10 +15,14 @@
 
 namespace mac_model {
 
+/// What a process does when it is told to quit: it is gone, or it hears of it and decides.
+enum class Quitting { AtOnce, AfterItsAnswer };
+
 /// A running process. Policy, latency and whether it responds are its application's fields, as they are now.
 struct Process {
     tavrin::ProcessIdentifier identifier = 0;
     ApplicationSpec application;
+    Quitting quitting = Quitting::AtOnce;
 };
 
 /// The processes with a connection to the window server. The truth, at once: the program hears of changes
@@ -35,11 +39,11 @@ class ProcessTable {
 
     /// Gives a process identifier never used before when the application names none; refuses one in use. A
     /// regular application becomes the frontmost.
-    std::expected<tavrin::ProcessIdentifier, std::string> launch(ApplicationSpec);
+    std::expected<tavrin::ProcessIdentifier, std::string> launch(ApplicationSpec,
+                                                                 Quitting = Quitting::AtOnce);
     void end(tavrin::ProcessIdentifier);
 
-    // These mean every process of the bundle; the error is a sentence for the user. The program's own process
-    // ends through `ProgramHost`.
+    // These mean every process of the bundle; the error is a sentence for the user.
     std::expected<void, std::string> quit(std::string_view bundleIdentifier);
     std::expected<void, std::string> hang(std::string_view bundleIdentifier);
     std::expected<void, std::string> resume(std::string_view bundleIdentifier);
@@ -56,7 +60,8 @@ class ProcessTable {
     const Process* menuBarOwner() const;
 
     tavrin::Signal<tavrin::ProcessIdentifier> onLaunched;
-    tavrin::Signal<tavrin::ProcessIdentifier> onEnded; // it is in the table no more
+    tavrin::Signal<tavrin::ProcessIdentifier> onEnded;      // it is no longer in the table
+    tavrin::Signal<tavrin::ProcessIdentifier> onToldToQuit; // one that decides for itself
     tavrin::Signal<> onFrontChanged; // another process is active, or other menus are in the menu bar
 
   private:

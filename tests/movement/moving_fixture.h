@@ -2,10 +2,10 @@
 
 #include "concurrency/job.h"
 #include "discovery/fake_accessibility.h"
-#include "model/mac_fixture.h"
 #include "movement/menu_bar_item_mover.h"
 #include "support/fake_events.h"
 #include "support/fake_window_server.h"
+#include "support/mac_fixture.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,9 +1,9 @@
-#include "model/mac_fixture.h"
 #include "platform/hot_keys.h"
 #include "shortcuts/carbon_hot_key_registrar.h"
 #include "shortcuts/system_shortcuts.h"
 #include "shortcuts/toggle_shortcut_controller.h"
 #include "shortcuts/toggle_shortcut_store.h"
+#include "support/mac_fixture.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

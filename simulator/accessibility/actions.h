@@ -1,0 +1,42 @@
+#pragma once
+
+#include "accessibility/element.h"
+#include "accessibility/menu_contents.h"
+#include "applications/application_menus.h"
+#include "applications/status_item_surfaces.h"
+
+#include <string_view>
+
+namespace mac_model {
+
+/// What Accessibility actions do to the screen.
+class AccessibilityActions {
+  public:
+    AccessibilityActions(StatusItemTable& items, const ProcessTable& processes, StatusItemSurfaces& surfaces,
+                         ApplicationMenus& applicationMenus, MenuTracking& menus,
+                         const MenuContents& contents)
+        : items_(items)
+        , processes_(processes)
+        , surfaces_(surfaces)
+        , applicationMenus_(applicationMenus)
+        , menus_(menus)
+        , contents_(contents) {}
+
+    /// In the world, at once.
+    void perform(const ElementKey&, std::string_view action);
+
+  private:
+    void actOn(StatusItemIdentifier);
+    void pressTitle(tavrin::ProcessIdentifier, std::size_t title);
+    void pressEntry(const ElementKey&);
+    void cancelMenuOf(const ElementKey&);
+
+    StatusItemTable& items_;
+    const ProcessTable& processes_;
+    StatusItemSurfaces& surfaces_;
+    ApplicationMenus& applicationMenus_;
+    MenuTracking& menus_;
+    const MenuContents& contents_;
+};
+
+} // namespace mac_model

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "accessibility/accessibility_tree.h"
+#include "accessibility/actions.h"
+#include "accessibility/delivery.h"
+#include "accessibility/element.h"
+#include "accessibility/menu_contents.h"
+#include "concurrency/virtual_scheduler.h"
+#include "platform/accessibility.h"
+#include "system/world_calls.h"
+
+#include <expected>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mac_model {
+
+/// Answers Accessibility messages from one process about all others. Actions happen in the world once the
+/// message was answered. A process that asks about itself is answered like any other; that this deadlocks on
+/// macOS while its main thread is blocked is not modelled.
+class AccessibilityServer {
+  public:
+    AccessibilityServer(tavrin::VirtualScheduler& scheduler, MessageDelivery& delivery,
+                        const AccessibilityTree& tree, const MenuContents& menus,
+                        AccessibilityActions& actions)
+        : world_(scheduler)
+        , delivery_(delivery)
+        , tree_(tree)
+        , menus_(menus)
+        , actions_(actions) {}
+
+    using Error = tavrin::AccessibilityError;
+
+    tavrin::AttributeResult attribute(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
+                                      std::string_view name);
+    std::expected<std::vector<tavrin::AttributeResult>, Error>
+    attributes(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
+               std::span<const std::string_view> names);
+    std::expected<std::vector<std::string>, Error> actionNames(tavrin::ProcessIdentifier caller,
+                                                               const tavrin::AccessibilityElement&);
+    std::expected<void, Error> perform(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
+                                       std::string_view action);
+
+  private:
+    /// What the message has reached.
+    std::expected<const ElementReference*, Error> send(tavrin::ProcessIdentifier caller,
+                                                       const tavrin::AccessibilityElement&);
+    std::expected<void, Error> performOn(const ElementReference&, std::string_view action);
+    void actAfter(tavrin::Seconds delay, const ElementKey&, std::string_view action);
+
+    WorldCalls world_;
+    MessageDelivery& delivery_;
+    const AccessibilityTree& tree_;
+    const MenuContents& menus_;
+    AccessibilityActions& actions_;
+};
+
+} // namespace mac_model

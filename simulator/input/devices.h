@@ -1,0 +1,38 @@
+#pragma once
+
+#include "input/event_log.h"
+#include "input/pointer.h"
+#include "platform/events.h"
+
+#include <cstdint>
+#include <map>
+
+namespace mac_model {
+
+/// How many events of each type the person's devices have made and processes have posted to a tap.
+class EventCounts {
+  public:
+    void note(tavrin::MouseEventType type) { ++counts_[type]; }
+
+    std::uint32_t of(tavrin::MouseEventType type) const {
+        const auto found = counts_.find(type);
+        return found == counts_.end() ? 0 : found->second;
+    }
+
+  private:
+    std::map<tavrin::MouseEventType, std::uint32_t> counts_;
+};
+
+/// The one pointer of this Mac, and what happened to it.
+struct Devices {
+    Pointer pointer{};
+    EventLog events{};
+    Cursor cursor{pointer, events};
+    EventCounts counts{};
+
+    Devices() = default;
+    Devices(const Devices&) = delete;
+    Devices& operator=(const Devices&) = delete;
+};
+
+} // namespace mac_model

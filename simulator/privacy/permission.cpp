@@ -1,0 +1,45 @@
+#include "privacy/permission.h"
+
+namespace mac_model {
+
+namespace {
+tavrin::DefaultsDomain privacyDomain() { return {"com.apple.TCC"}; }
+} // namespace
+
+Permission::Permission(tavrin::VirtualScheduler& scheduler, PreferencesStore& preferences,
+                       const Uncertainties& uncertainties, const std::string& bundleIdentifier,
+                       bool isTrustedAtFirst)
+    : scheduler_(scheduler)
+    , world_(scheduler)
+    , preferences_(preferences)
+    , uncertainties_(uncertainties)
+    , key_("kTCCServiceAccessibility " + bundleIdentifier)
+    , isTrustedAtFirst_(isTrustedAtFirst) {}
+
+bool Permission::isTrusted() const {
+    return preferences_.boolean(privacyDomain(), key_).value_or(isTrustedAtFirst_);
+}
+
+bool Permission::isTrustedAsTold() const {
+    return scheduler_.now() < staleUntil_ ? toldWhileStale_ : isTrusted();
+}
+
+void Permission::setTrusted(bool trusted) {
+    if (trusted == isTrusted()) return;
+    toldWhileStale_ = isTrustedAsTold();
+    wasRevoked_ = !trusted;
+    preferences_.set(privacyDomain(), key_, {trusted});
+    if (uncertainties_.permissionNotice == PermissionNotice::Stale) {
+        staleUntil_ = scheduler_.now() + noticeDelay + staleTime;
+        world_.after(noticeDelay + staleTime,
+                     [] {}); // so that who waits until all is settled waits for this, too
+    }
+    onChanged.emit();
+    changeOtherEntry();
+}
+
+void Permission::changeOtherEntry() {
+    world_.after(noticeDelay, [this] { onNotice.emit(); });
+}
+
+} // namespace mac_model
