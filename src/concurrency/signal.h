@@ -108,14 +108,14 @@ class Published {
     }
 
     /// The handler hears changes from now on, not the present value.
-    Subscription subscribe(std::function<void(const T&)> handler) {
+    Subscription subscribe(std::function<void(const T&)> handler) const {
         return changed_.subscribe(std::move(handler));
     }
 
   private:
     T value_;
     std::uint64_t changes_ = 0;
-    Signal<T> changed_;
+    mutable Signal<T> changed_; // to listen changes nothing
 };
 
 } // namespace tavrin

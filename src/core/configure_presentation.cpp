@@ -7,41 +7,40 @@
 
 namespace tavrin {
 
-ConfigurePresentation::ConfigurePresentation(const Platform& platform, MenuBarState& state,
-                                             Settings& settings, OwnStatusItems& items,
-                                             HidingController& hiding,
-                                             std::function<void()> cancelPendingConfiguration,
+ConfigurePresentation::ConfigurePresentation(const Platform& platform, HidingCore& core, FirstRunHint& hint,
                                              std::function<View()> content)
     : platform_(platform)
-    , state_(state)
-    , settings_(settings)
-    , items_(items)
-    , hiding_(hiding)
-    , cancelPendingConfiguration_(std::move(cancelPendingConfiguration))
+    , core_(core)
+    , hint_(hint)
     , content_(std::move(content))
-    , observations_(state.onAnyChange([this] { contentChanged(); })) {
-    observations_.push_back(state.isApplyingConfiguration.subscribe([this](const bool&) { adaptToApply(); }));
-    observations_.push_back(state.isCollapsed.subscribe([this](const bool& isCollapsed) {
+    , observations_(core.readings.onAnyChange([this] { contentChanged(); })) {
+    const auto& activity = core.activity;
+    observations_.push_back(
+        activity.isApplyingConfiguration.subscribe([this](const bool&) { adaptToApply(); }));
+    observations_.push_back(activity.isCollapsed.subscribe([this](const bool& isCollapsed) {
         if (isCollapsed && isShown()) close();
     }));
+    observations_.push_back(core.hiding.onFailed([this] { showConfiguration(ErrorMessage::Keep); }));
+    observations_.push_back(hint.onClosedByControlPress([this] { showConfiguration(); }));
 }
 
 /// The drags of an apply are presses outside the window, which must not close it.
 void ConfigurePresentation::adaptToApply() {
     if (!popover_) return;
-    const bool isApplying = state_.isApplyingConfiguration.get();
+    const bool isApplying = core_.activity.isApplyingConfiguration.get();
     popover_->setBehavior(isApplying ? PopoverBehavior::ApplicationDefined : PopoverBehavior::Transient);
 }
 
 void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
-    if (!items_.controlFrame() || isShown()) return;
-    settings_.setBoolean(Settings::didPresentInitialConfigurationKey, true);
+    hint_.dismiss();
+    if (!core_.statusItems.controlFrame() || isShown()) return;
+    core_.settings.setBoolean(Settings::didPresentInitialConfigurationKey, true);
     rememberCollapsedState();
-    cancelPendingConfiguration_();
-    hiding_.cancelRequests();
+    core_.applier.cancelPendingConfiguration();
+    core_.hiding.cancelRequests();
     const auto request = configurationPresentation_.begin();
-    hiding_.expand(Persist::No);
-    if (errorMessage == ErrorMessage::Clear) state_.errorMessage.set(std::nullopt);
+    core_.hiding.expand(Persist::No);
+    if (errorMessage == ErrorMessage::Clear) core_.failure.clear();
     openingTask_ = start(platform_.scheduler, open(request));
 }
 
@@ -50,26 +49,27 @@ void ConfigurePresentation::rememberCollapsedState() {
     const bool isOwed = configurationPresentation_.isOpening() && restoreCollapsedStateAfterConfiguration_;
     const bool isRestoring = pendingPopoverRestoreTask_.isRunning();
     pendingPopoverRestoreTask_.cancel();
-    restoreCollapsedStateAfterConfiguration_ = state_.isCollapsed.get() || isOwed || isRestoring;
+    restoreCollapsedStateAfterConfiguration_ = core_.activity.isCollapsed.get() || isOwed || isRestoring;
 }
 
 Task<> ConfigurePresentation::open(int request) {
     if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
-    if (configurationPresentation_.isLatest(request) && !state_.isCollapsed.get() && !isShown()) present();
+    if (configurationPresentation_.isLatest(request) && !core_.activity.isCollapsed.get() && !isShown())
+        present();
     configurationPresentation_.finish(request);
 }
 
 void ConfigurePresentation::present() {
-    const auto glyph = items_.controlGlyphFrame();
+    const auto glyph = core_.statusItems.controlGlyphFrame();
     auto popover =
         platform_.presentation.makePopover(PopoverBehavior::Transient, [this] { popoverDidClose(); });
     popover->setContent(content_());
     // The transient popover of an inactive application closes at the next event, whatever that is.
     platform_.application.activate();
-    if (glyph && popover->show(*items_.control(), *glyph)) {
+    if (glyph && popover->show(*core_.statusItems.control(), *glyph)) {
         popover_ = std::move(popover);
     } else {
-        state_.errorMessage.set("The menu bar control moved while Configure was opening. Try again.");
+        core_.failure.tell("The menu bar control moved while Configure was opening. Try again.");
     }
 }
 
@@ -84,13 +84,13 @@ void ConfigurePresentation::popoverDidClose() {
     popover_.reset();
     const bool isRestoreOwed = std::exchange(restoreCollapsedStateAfterConfiguration_, false);
     // An apply that goes on without its window hides at its own end.
-    if (!isRestoreOwed || state_.isApplyingConfiguration.get()) return;
+    if (!isRestoreOwed || core_.activity.isApplyingConfiguration.get()) return;
     pendingPopoverRestoreTask_ = start(platform_.scheduler, restoreCollapsedState());
 }
 
 Task<> ConfigurePresentation::restoreCollapsedState() {
     if (co_await sleepFor(restoreWait) == Wake::CutShort) co_return;
-    hiding_.collapse(Persist::No);
+    co_await core_.hiding.collapse(Persist::No);
 }
 
 void ConfigurePresentation::contentChanged() {

@@ -2,12 +2,10 @@
 
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
-#include "hiding/hiding_controller.h"
-#include "hiding/menu_bar_state.h"
-#include "hiding/own_status_items.h"
+#include "core/first_run_hint.h"
+#include "core/hiding_core.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
-#include "settings/settings.h"
 
 #include <functional>
 #include <memory>
@@ -42,15 +40,16 @@ class ConfigurePresentation {
   public:
     enum class ErrorMessage { Clear, Keep };
 
-    ConfigurePresentation(const Platform& platform, MenuBarState& state, Settings& settings,
-                          OwnStatusItems& items, HidingController& hiding,
-                          std::function<void()> cancelPendingConfiguration, std::function<View()> content);
+    /// It also opens when hiding has failed, and when the hint was answered by a press on the control.
+    ConfigurePresentation(const Platform& platform, HidingCore& core, FirstRunHint& hint,
+                          std::function<View()> content);
     ConfigurePresentation(const ConfigurePresentation&) = delete;
     ConfigurePresentation& operator=(const ConfigurePresentation&) = delete;
 
+    /// Takes the place of the hint.
     void showConfiguration(ErrorMessage errorMessage = ErrorMessage::Clear);
 
-    /// The user has clicked the control: the state that the window found is restored no more.
+    /// The user has clicked the control: the state that the window found is no longer restored.
     void cancelPendingRestore() { pendingPopoverRestoreTask_.cancel(); }
 
     void close();
@@ -73,11 +72,8 @@ class ConfigurePresentation {
     Task<> render();
 
     const Platform& platform_;
-    MenuBarState& state_;
-    Settings& settings_;
-    OwnStatusItems& items_;
-    HidingController& hiding_;
-    std::function<void()> cancelPendingConfiguration_;
+    HidingCore& core_;
+    FirstRunHint& hint_;
     std::function<View()> content_;
     ConfigurationPresentationTracker configurationPresentation_;
     bool restoreCollapsedStateAfterConfiguration_ = false;

@@ -7,16 +7,16 @@
 
 namespace tavrin {
 
-ControlItemController::ControlItemController(const Platform& platform, MenuBarState& state,
+ControlItemController::ControlItemController(const Platform& platform, const BarActivity& activity,
                                              OwnStatusItems& items, FirstRunHint& hint, AppUpdates& updates,
                                              Actions actions)
     : platform_(platform)
-    , state_(state)
+    , activity_(activity)
     , items_(items)
     , hint_(hint)
     , updates_(updates)
     , actions_(std::move(actions))
-    , collapseObservation_(state.isCollapsed.subscribe([this](const bool&) {
+    , collapseObservation_(activity.isCollapsed.subscribe([this](const bool&) {
         if (auto* control = items_.control()) updateControlIcon(*control);
     })) {}
 
@@ -26,7 +26,7 @@ void ControlItemController::dress(StatusItem& control) {
 }
 
 void ControlItemController::updateControlIcon(StatusItem& control) {
-    const bool isCollapsed = state_.isCollapsed.get();
+    const bool isCollapsed = activity_.isCollapsed.get();
     control.setImage({.source = TemplateImage::Source::System,
                       .name = isCollapsed ? "chevron.right.2" : "chevron.left.2",
                       .description = isCollapsed ? "Reveal hidden items" : "Hide configured items"});
@@ -86,7 +86,7 @@ MenuItem ControlItemController::menuItem(ControlMenuEntry entry) {
     case ControlMenuEntry::configureItems:
         return command("Configure Items…", actions_.showConfiguration);
     case ControlMenuEntry::toggleHiding:
-        return command(state_.isCollapsed.get() ? "Show All Items" : "Hide Configured Items",
+        return command(activity_.isCollapsed.get() ? "Show All Items" : "Hide Configured Items",
                        actions_.toggleCollapse);
     case ControlMenuEntry::refreshItems:
         return command("Refresh Item List", actions_.refreshItems, "r");

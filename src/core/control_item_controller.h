@@ -3,7 +3,7 @@
 #include "concurrency/signal.h"
 #include "core/control_menu_plan.h"
 #include "core/first_run_hint.h"
-#include "hiding/menu_bar_state.h"
+#include "hiding/bar_activity.h"
 #include "hiding/own_status_items.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
@@ -26,7 +26,7 @@ class ControlItemController {
         std::function<void(Menu&)> appendPinnedActions;
     };
 
-    ControlItemController(const Platform& platform, MenuBarState& state, OwnStatusItems& items,
+    ControlItemController(const Platform& platform, const BarActivity& activity, OwnStatusItems& items,
                           FirstRunHint& hint, AppUpdates& updates, Actions actions);
 
     /// Gives a newly made control item its look and its action.
@@ -41,7 +41,7 @@ class ControlItemController {
     MenuItem command(std::string title, std::function<void()> action, std::string keyEquivalent = "") const;
 
     const Platform& platform_;
-    MenuBarState& state_;
+    const BarActivity& activity_;
     OwnStatusItems& items_;
     FirstRunHint& hint_;
     AppUpdates& updates_;

@@ -23,12 +23,10 @@ View hintView() {
 
 } // namespace
 
-FirstRunHint::FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items,
-                           std::function<void()> showConfiguration)
+FirstRunHint::FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items)
     : platform_(platform)
     , settings_(settings)
-    , items_(items)
-    , showConfiguration_(std::move(showConfiguration)) {}
+    , items_(items) {}
 
 FirstRunHint::~FirstRunHint() { platform_.scheduler.cancelTimer(glowTimer_); }
 
@@ -69,7 +67,7 @@ void FirstRunHint::popoverDidClose() {
     const auto pointer = platform_.events.pointerLocation();
     if (!glyph || !pointer || !glyph->contains(*pointer)) return;
     closedByControlPressAt_ = platform_.scheduler.now();
-    showConfiguration_();
+    closedByControlPress_.emit();
 }
 
 bool FirstRunHint::wasJustClosedByControlPress() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/signal.h"
 #include "hiding/own_status_items.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
@@ -8,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace tavrin {
 
@@ -18,12 +20,15 @@ class FirstRunHint {
     /// A press that closed the hint is not a click of its own for this long.
     static constexpr Seconds closingPressSpan{1.0};
 
-    /// `showConfiguration` answers a press on the control that closed the hint.
-    FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items,
-                 std::function<void()> showConfiguration);
+    FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items);
     FirstRunHint(const FirstRunHint&) = delete;
     FirstRunHint& operator=(const FirstRunHint&) = delete;
     ~FirstRunHint();
+
+    /// Fires when a press on the control has closed the hint, which the configuration is to answer.
+    Subscription onClosedByControlPress(std::function<void()> handler) {
+        return closedByControlPress_.subscribe(std::move(handler));
+    }
 
     void oweToUser() { settings_.setBoolean(Settings::pendingFirstRunHintKey, true); }
 
@@ -45,7 +50,7 @@ class FirstRunHint {
     const Platform& platform_;
     Settings& settings_;
     OwnStatusItems& items_;
-    std::function<void()> showConfiguration_;
+    Signal<> closedByControlPress_;
     std::unique_ptr<Popover> popover_;
     std::optional<Seconds> closedByControlPressAt_;
     TimerIdentifier glowTimer_ = TimerIdentifier::None;

@@ -3,9 +3,7 @@
 #include "discovery/menu_bar_item.h"
 #include "settings/settings.h"
 
-#include <set>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,10 +21,8 @@ class FirstRunState {
                !settings_.hasValue(Settings::hiddenItemIdentifiersKey);
     }
 
-    void recordDefaultLayout(const std::set<std::string>& hiddenItemIdentifiers) {
-        settings_.setStrings(Settings::hiddenItemIdentifiersKey, hiddenItemIdentifiers);
-        settings_.setBoolean(Settings::didPresentInitialConfigurationKey, true);
-    }
+    /// The default layout was chosen, and stored; from now on the install is fresh no longer.
+    void recordDefaultLayout() { settings_.setBoolean(Settings::didPresentInitialConfigurationKey, true); }
 
     /// Every item of other applications that can be moved.
     static std::vector<MenuBarItem> itemsToHide(std::span<const MenuBarItem> items,

@@ -1,97 +1,69 @@
 #include "hiding/hiding_controller.h"
 
 #include "concurrency/waits.h"
-#include "platform/application.h"
-
-#include <string>
-#include <utility>
 
 namespace tavrin {
 
-HidingController::HidingController(const Platform& platform, MenuBarState& state, Settings& settings,
-                                   MenuBarRuntimeMode mode, OwnStatusItems& items,
-                                   StatusItemGeometryKeeper& geometry, ItemInventory& inventory, Hooks hooks)
-    : platform_(platform)
-    , state_(state)
+HidingController::HidingController(Scheduler& scheduler, Settings& settings, BarActivity& activity,
+                                   HidingMechanism& mechanism, FailureMessage& failure)
+    : scheduler_(scheduler)
     , settings_(settings)
-    , mode_(mode)
-    , items_(items)
-    , geometry_(geometry)
-    , inventory_(inventory)
-    , hooks_(std::move(hooks)) {}
+    , activity_(activity)
+    , mechanism_(mechanism)
+    , failure_(failure)
+    , mechanismObservation_(mechanism.mustReveal.subscribe(
+          [this](const std::string& sentence) { restoreFullMenuBar(sentence); })) {}
 
 void HidingController::toggleCollapse() {
-    if (state_.isCollapsed.get()) {
+    if (activity_.isCollapsed.get()) {
         expand(Persist::Yes);
     } else {
         requestCollapse(Persist::Yes, OnFailure::ShowConfiguration);
     }
 }
 
-SkerrowPolicy HidingController::collapsePolicy() const {
-    return SkerrowPolicy(state_.detectedItems.get(), state_.hiddenItemIdentifiers.get(),
-                         platform_.application.bundleIdentifier());
+Task<CollapseOutcome> HidingController::collapse(Persist persist) {
+    if (auto reason = mechanism_.refusal()) co_return fail(std::move(*reason));
+    const int generation = ++generation_;
+    mechanism_.hideNow();
+    activity_.isCollapsed.set(true);
+    auto confirmed = co_await mechanism_.confirmHidden();
+    if (generation != generation_) co_return CollapseOutcome::superseded;
+    if (!confirmed) {
+        expand(persist);
+        co_return fail(std::move(confirmed.error()));
+    }
+    remember(persist, true);
+    mechanism_.didHide();
+    co_return CollapseOutcome::hidden;
 }
 
-std::optional<std::string> HidingController::reasonNotToCollapse() const {
-    if (!items_.validControlGlyphFrame() || !items_.isSpacerLeftOfControl()) {
-        return "Tavrin couldn’t hide items because macOS placed its control outside the menu bar’s "
-               "right-hand status "
-               "area. The app will repair the layout before the next attempt.";
-    }
-    if (!state_.hasCompletedScan) {
-        return "Tavrin needs a current item scan before it can hide anything. Grant Accessibility access, "
-               "then "
-               "refresh.";
-    }
-    const auto count = collapsePolicy().pendingMoves().size();
-    if (count == 0) return std::nullopt;
-    return "Couldn’t hide yet: " + std::to_string(count) + (count == 1 ? " item is" : " items are") +
-           " still on the visible side. Apply the configuration first.";
-}
-
-bool HidingController::collapse(Persist persist) {
-    if (mode_ == MenuBarRuntimeMode::nativeVisibility) return performNativeCollapse();
-    if (auto reason = reasonNotToCollapse()) {
-        state_.errorMessage.set(std::move(reason));
-        return false;
-    }
-    items_.setSpacerLength(collapsedSpacerLength(platform_.screens.screens()));
-    state_.isCollapsed.set(true);
-    if (persist == Persist::Yes) settings_.setBoolean(Settings::shouldStartCollapsedKey, true);
-    verifyControl();
-    return true;
-}
-
-bool HidingController::performNativeCollapse() {
-    state_.errorMessage.set(
-        "This macOS build does not expose the menu bar visibility interface Tavrin relies on.");
-    return false;
+CollapseOutcome HidingController::fail(std::string sentence) {
+    failure_.tell(std::move(sentence));
+    return CollapseOutcome::failed;
 }
 
 void HidingController::expand(Persist persist) {
-    geometry_.abandonVerification();
-    items_.setSpacerLength(0);
-    state_.isCollapsed.set(false);
-    state_.lastExpandUptime = platform_.scheduler.now();
-    if (persist == Persist::Yes) settings_.setBoolean(Settings::shouldStartCollapsedKey, false);
+    ++generation_;
+    mechanism_.reveal();
+    activity_.isCollapsed.set(false);
+    remember(persist, false);
 }
 
-void HidingController::verifyControl() {
-    geometry_.verifyOwnControlRemainsVisible(
-        [this](std::string message) { restoreFullMenuBar(std::move(message)); });
+void HidingController::remember(Persist persist, bool isCollapsed) {
+    if (persist == Persist::Yes) settings_.setBoolean(Settings::shouldStartCollapsedKey, isCollapsed);
 }
 
-void HidingController::restoreFullMenuBar(std::string message) {
+void HidingController::restoreFullMenuBar(const std::string& sentence) {
     expand(Persist::No);
-    state_.errorMessage.set(std::move(message));
-    hooks_.showFailure();
+    failure_.tell(sentence);
+    failed_.emit();
 }
 
 void HidingController::requestCollapse(Persist persist, OnFailure onFailure) {
-    hooks_.cancelPendingConfiguration();
+    requested_.emit();
     const auto request = collapseRequests_.begin();
-    requestTask_ = start(platform_.scheduler, performRequest(request, persist, onFailure));
+    requestTask_ = start(scheduler_, performRequest(request, persist, onFailure));
 }
 
 void HidingController::cancelRequests() {
@@ -99,31 +71,22 @@ void HidingController::cancelRequests() {
     requestTask_.cancel();
 }
 
-Task<bool> HidingController::prepareLayout() {
-    if (mode_ == MenuBarRuntimeMode::nativeVisibility) co_return true;
-    if (!co_await geometry_.ensureExpandedStatusItemGeometry()) co_return false;
-    co_await inventory_.refreshItemsNow();
-    co_return true;
-}
-
 Task<> HidingController::performRequest(int request, Persist persist, OnFailure onFailure) {
-    const bool isLaidOut = co_await prepareLayout();
+    const bool isPrepared = co_await mechanism_.prepare();
     if (!collapseRequests_.isPending(request) || co_await isCancelled()) co_return;
-    const bool isDone = isLaidOut && collapse(persist);
+    auto outcome = CollapseOutcome::failed;
+    if (isPrepared) outcome = co_await collapse(persist);
     collapseRequests_.finish(request);
-    if (!isDone && onFailure == OnFailure::ShowConfiguration) hooks_.showFailure();
+    if (outcome == CollapseOutcome::failed && onFailure == OnFailure::ShowConfiguration) failed_.emit();
 }
 
 void HidingController::adaptToScreens() {
-    if (!state_.isCollapsed.get() || mode_ == MenuBarRuntimeMode::nativeVisibility) return;
-    items_.setSpacerLength(collapsedSpacerLength(platform_.screens.screens()));
-    verifyControl();
+    if (activity_.isCollapsed.get()) mechanism_.adaptToScreens();
 }
 
 void HidingController::restoreForTermination() {
     cancelRequests();
-    geometry_.abandonVerification();
-    items_.setSpacerLength(0);
+    mechanism_.reveal();
 }
 
 } // namespace tavrin

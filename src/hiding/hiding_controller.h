@@ -1,74 +1,75 @@
 #pragma once
 
 #include "concurrency/job.h"
+#include "concurrency/signal.h"
+#include "hiding/bar_activity.h"
 #include "hiding/collapse_request_tracker.h"
-#include "hiding/item_inventory.h"
-#include "hiding/menu_bar_state.h"
-#include "hiding/own_status_items.h"
-#include "hiding/skerrow_policy.h"
-#include "hiding/status_item_geometry_keeper.h"
-#include "platform/platform.h"
+#include "hiding/failure_message.h"
+#include "hiding/hiding_mechanism.h"
 #include "settings/settings.h"
 
 #include <functional>
-#include <optional>
 #include <string>
+#include <utility>
 
 namespace tavrin {
 
 enum class Persist { No, Yes };
 enum class OnFailure { StayQuiet, ShowConfiguration };
 
-/// Hides the configured items and reveals them again. Main thread.
+/// How a collapse has ended.
+enum class CollapseOutcome {
+    hidden,
+    failed,     // the bar is expanded, and the failure message says why
+    superseded, // a later collapse or expand has taken its place
+};
+
+/// Hides the configured items and reveals them again, and decides which of several requests counts. Main
+/// thread.
 class HidingController {
   public:
-    struct Hooks {
-        std::function<void()> showFailure;                // brings up the window that shows `errorMessage`
-        std::function<void()> cancelPendingConfiguration; // ends an apply in progress
-    };
-
-    HidingController(const Platform& platform, MenuBarState& state, Settings& settings,
-                     MenuBarRuntimeMode mode, OwnStatusItems& items, StatusItemGeometryKeeper& geometry,
-                     ItemInventory& inventory, Hooks hooks);
+    HidingController(Scheduler& scheduler, Settings& settings, BarActivity& activity,
+                     HidingMechanism& mechanism, FailureMessage& failure);
     HidingController(const HidingController&) = delete;
     HidingController& operator=(const HidingController&) = delete;
 
     void toggleCollapse();
 
-    /// Hides at once when all checks of the last scan allow it; otherwise leaves one sentence in
-    /// `errorMessage`.
-    bool collapse(Persist persist);
+    /// Hides, unless the mechanism refuses. A hide that isn't confirmed is undone.
+    Task<CollapseOutcome> collapse(Persist persist);
     void expand(Persist persist);
 
-    /// Checks the layout, scans, and then collapses, unless a newer request or `cancelRequests` came in
-    /// between.
+    /// Prepares, and then collapses, unless a newer request or `cancelRequests` came in between.
     void requestCollapse(Persist persist, OnFailure onFailure);
     void cancelRequests();
 
-    /// Fits the spacer to the screens there are now.
+    /// Fires when a request begins, which ends whatever else rearranges the bar.
+    Subscription onRequest(std::function<void()> handler) { return requested_.subscribe(std::move(handler)); }
+
+    /// Fires when the user has to see the failure message.
+    Subscription onFailed(std::function<void()> handler) { return failed_.subscribe(std::move(handler)); }
+
+    /// Fits what is hidden to the screens there are now.
     void adaptToScreens();
 
     /// Puts every hidden item back on the screen without touching the stored choice, and stops all work.
     void restoreForTermination();
 
-    SkerrowPolicy collapsePolicy() const;
-
   private:
-    std::optional<std::string> reasonNotToCollapse() const;
     Task<> performRequest(int request, Persist persist, OnFailure onFailure);
-    Task<bool> prepareLayout();
-    bool performNativeCollapse();
-    void verifyControl();
-    void restoreFullMenuBar(std::string message);
+    CollapseOutcome fail(std::string sentence);
+    void remember(Persist persist, bool isCollapsed);
+    void restoreFullMenuBar(const std::string& sentence);
 
-    const Platform& platform_;
-    MenuBarState& state_;
+    Scheduler& scheduler_;
     Settings& settings_;
-    MenuBarRuntimeMode mode_;
-    OwnStatusItems& items_;
-    StatusItemGeometryKeeper& geometry_;
-    ItemInventory& inventory_;
-    Hooks hooks_;
+    BarActivity& activity_;
+    HidingMechanism& mechanism_;
+    FailureMessage& failure_;
+    int generation_ = 0; // of the state: counts hides and reveals
+    Signal<> requested_;
+    Signal<> failed_;
+    Subscription mechanismObservation_;
     CollapseRequestTracker collapseRequests_;
     Job<> requestTask_;
 };

@@ -21,7 +21,7 @@ OwnStatusItems::OwnStatusItems(const Platform& platform, Settings& settings, Men
                                std::function<void(StatusItem&)> dressControl)
     : platform_(platform)
     , settings_(settings)
-    , mode_(mode)
+    , usesSpacer_(mode == MenuBarRuntimeMode::divider)
     , dressControl_(std::move(dressControl))
     , positions_(platform.defaults)
     , statusItemAutosaveVersion_(settings.statusItemAutosaveVersion()) {}
@@ -31,18 +31,14 @@ void OwnStatusItems::configureStatusItems(PositionSeed controlSeed) {
     const auto name = StatusItemAutosaveName::control(statusItemAutosaveVersion_);
     const bool isForced = controlSeed != PositionSeed::IfAbsent;
     const double position = controlSeed == PositionSeed::ForceBesideZero ? 1 : 0;
-    if (mode_ == MenuBarRuntimeMode::divider) {
-        if (!isForced) adoptLegacySeparator();
-        removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
-        positions_.seed(name, isForced ? Force::Yes : Force::No, position);
-    } else {
-        removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
-    }
+    if (usesSpacer_ && !isForced) adoptLegacySeparator();
+    removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
+    if (usesSpacer_) positions_.seed(name, isForced ? Force::Yes : Force::No, position);
     controlItem_ = platform_.statusItems.create(squareStatusItemLength);
     controlItem_->setAutosaveName(name);
     controlItem_->setVisible(true);
     dressControl_(*controlItem_);
-    if (mode_ == MenuBarRuntimeMode::divider) configureSpacerItem();
+    if (usesSpacer_) configureSpacerItem();
 }
 
 void OwnStatusItems::adoptLegacySeparator() {

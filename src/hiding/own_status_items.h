@@ -39,8 +39,6 @@ class OwnStatusItems {
     /// None before the items are configured.
     StatusItem* control() const { return controlItem_.get(); }
 
-    bool hasSpacer() const { return spacerItem_ != nullptr; }
-
     /// Points; 0 shows everything. Does nothing without a spacer.
     void setSpacerLength(double length);
 
@@ -70,7 +68,7 @@ class OwnStatusItems {
 
     const Platform& platform_;
     Settings& settings_;
-    MenuBarRuntimeMode mode_;
+    bool usesSpacer_;
     std::function<void(StatusItem&)> dressControl_;
     StatusItemPositionDefaults positions_;
     std::int64_t statusItemAutosaveVersion_;

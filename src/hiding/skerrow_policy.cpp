@@ -9,16 +9,15 @@ namespace tavrin {
 
 namespace {
 
-std::set<std::string> comparable(const std::set<std::string>& identifiers) {
-    std::set<std::string> result;
+HiddenSet comparable(const HiddenSet& identifiers) {
+    HiddenSet result;
     for (const auto& identifier : identifiers) result.insert(comparableItemIdentifier(identifier));
     return result;
 }
 
 } // namespace
 
-SkerrowPolicy::SkerrowPolicy(std::span<const MenuBarItem> items,
-                             const std::set<std::string>& hiddenItemIdentifiers,
+SkerrowPolicy::SkerrowPolicy(std::span<const MenuBarItem> items, const HiddenSet& hiddenItemIdentifiers,
                              std::string_view ownBundleIdentifier) {
     const auto hidden = comparable(hiddenItemIdentifiers);
     for (const auto& [snapshot, icon] : items) {
@@ -46,7 +45,7 @@ std::vector<MenuBarItemAssignment> SkerrowPolicy::misplaced(MenuBarZone desired)
     return found;
 }
 
-bool isConfiguredHidden(const MenuBarItemSnapshot& item, const std::set<std::string>& hiddenItemIdentifiers) {
+bool isConfiguredHidden(const MenuBarItemSnapshot& item, const HiddenSet& hiddenItemIdentifiers) {
     return comparable(hiddenItemIdentifiers).contains(comparableItemIdentifier(item.id));
 }
 

@@ -11,11 +11,14 @@
 
 namespace tavrin {
 
+/// Identifiers of items that the user wants hidden.
+using HiddenSet = std::set<std::string>;
+
 /// Where the items are, compared with where the user wants them.
 class SkerrowPolicy {
   public:
     /// All items but those of `ownBundleIdentifier`, in their order.
-    SkerrowPolicy(std::span<const MenuBarItem> items, const std::set<std::string>& hiddenItemIdentifiers,
+    SkerrowPolicy(std::span<const MenuBarItem> items, const HiddenSet& hiddenItemIdentifiers,
                   std::string_view ownBundleIdentifier);
 
     const std::vector<MenuBarItemAssignment>& assignments() const { return assignments_; }
@@ -33,7 +36,7 @@ class SkerrowPolicy {
 };
 
 /// Whether the user wants the item hidden.
-bool isConfiguredHidden(const MenuBarItemSnapshot& item, const std::set<std::string>& hiddenItemIdentifiers);
+bool isConfiguredHidden(const MenuBarItemSnapshot& item, const HiddenSet& hiddenItemIdentifiers);
 
 /// The spacer's length in points that pushes everything left of it off every screen.
 double collapsedSpacerLength(std::span<const Screen> screens);

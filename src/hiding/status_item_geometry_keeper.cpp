@@ -6,11 +6,11 @@
 
 namespace tavrin {
 
-StatusItemGeometryKeeper::StatusItemGeometryKeeper(const Platform& platform, MenuBarState& state,
-                                                   OwnStatusItems& items)
+StatusItemGeometryKeeper::StatusItemGeometryKeeper(const Platform& platform, OwnStatusItems& items,
+                                                   FailureMessage& failure)
     : platform_(platform)
-    , state_(state)
-    , items_(items) {}
+    , items_(items)
+    , failure_(failure) {}
 
 Task<bool> StatusItemGeometryKeeper::ensureExpandedStatusItemGeometry() {
     if (!pendingStatusItemGeometryTask_.isRunning()) {
@@ -72,7 +72,7 @@ Task<bool> StatusItemGeometryKeeper::reseatSpacer() {
 }
 
 void StatusItemGeometryKeeper::reportFailure() {
-    state_.errorMessage.set(
+    failure_.tell(
         hasValidGlyph()
             ? "Tavrin couldn’t place its hidden boundary next to its menu bar icon. Quit and reopen the "
               "app to retry the layout repair."

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "concurrency/job.h"
-#include "hiding/menu_bar_state.h"
+#include "hiding/failure_message.h"
 #include "hiding/own_status_items.h"
 #include "platform/platform.h"
 
@@ -15,11 +15,10 @@ namespace tavrin {
 /// names. Main thread.
 class StatusItemGeometryKeeper {
   public:
-    StatusItemGeometryKeeper(const Platform& platform, MenuBarState& state, OwnStatusItems& items);
+    StatusItemGeometryKeeper(const Platform& platform, OwnStatusItems& items, FailureMessage& failure);
 
-    /// Whether both facts hold, after a repair where they did not; a failed repair leaves its sentence in
-    /// `errorMessage`. Callers at the same time share one check. False also when the awaiting job is
-    /// cancelled.
+    /// Whether both facts hold, after a repair where they did not; a failed repair tells the
+    /// user. Callers at the same time share one check. False also when the awaiting job is cancelled.
     Task<bool> ensureExpandedStatusItemGeometry();
 
     /// Restores the full menu bar and tells the user why.
@@ -50,8 +49,8 @@ class StatusItemGeometryKeeper {
     Task<> verify(Restore restore);
 
     const Platform& platform_;
-    MenuBarState& state_;
     OwnStatusItems& items_;
+    FailureMessage& failure_;
     Job<bool> pendingStatusItemGeometryTask_;
     Job<> verificationTask_;
 };

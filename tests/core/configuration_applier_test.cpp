@@ -1,4 +1,4 @@
-#include "core/configuration_applier.h"
+#include "core/hiding_core.h"
 #include "movement/moving_fixture.h"
 
 #include <set>
@@ -30,29 +30,21 @@ class ApplierTest : public MovingTest {
         storePosition("Skerrow.Main.v1", 400);
         buildCore();
         events.onPosted = [this](const MouseEvent& event) { react(event); };
-        progress = state.applyProgress.subscribe([this](const std::string& text) {
+        progress = state().applyProgress.subscribe([this](const std::string& text) {
             if (!text.empty()) progressTexts.push_back(text);
         });
     }
 
     void buildCore() {
         const auto& p = MovingTest::platform();
-        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, p.events, p.hotKeys,
+        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, events, p.hotKeys,
                               p.keyboard, p.presentation, p.randomness, p.screens, p.statusItems, p.text,
-                              p.windowServer, p.workspace});
-        const auto mode = MenuBarRuntimeMode::divider;
-        settings.emplace(p.defaults);
+                              windowServer, p.workspace});
         permission.emplace(scheduler, accessibility, p.application);
-        items.emplace(*ours, *settings, mode, [](StatusItem&) {});
-        keeper.emplace(*ours, state, *items);
-        inventory.emplace(*ours, state, *permission, *items);
-        hiding.emplace(*ours, state, *settings, mode, *items, *keeper, *inventory,
-                       HidingController::Hooks{[] {}, [] {}});
-        applier.emplace(*ours, state, mode, *permission, *items, *keeper, *inventory, *hiding, *reader,
-                        *mover, nullptr);
-        items->configureStatusItems(OwnStatusItems::PositionSeed::IfAbsent);
+        core.emplace(*ours, *permission, [](StatusItem&) {});
+        core->statusItems.configureStatusItems(OwnStatusItems::PositionSeed::IfAbsent);
         settle();
-        control = items->controlFrame().value();
+        control = core->statusItems.controlFrame().value();
     }
 
     void react(const MouseEvent& event) {
@@ -70,29 +62,26 @@ class ApplierTest : public MovingTest {
 
     void placeHidden(int process) { place(process, control.x - 30 - 40 * (process - 500)); }
 
-    void wantHidden(std::set<int> processes) {
-        std::set<std::string> identifiers;
-        for (const int process : processes) identifiers.insert(bundleOf(process));
-        state.hiddenItemIdentifiers.set(identifiers);
+    void wantHidden(const std::set<int>& processes) {
+        for (int process = 501; process <= 504; ++process)
+            core->hiddenItems.set(std::vector{bundleOf(process)}, processes.contains(process));
     }
 
-    std::optional<ApplyOutcome> apply() { return finish(applier->applyConfiguration()).value(); }
+    std::optional<ApplyOutcome> apply() { return finish(core->applier.applyConfiguration()).value(); }
+
+    const BarReadings& state() const { return core->readings; }
+
+    std::optional<std::string> errorMessage() const { return state().errorMessage.get(); }
 
     void expectIdle() {
         EXPECT_TRUE(events.isAtRest());
-        EXPECT_FALSE(state.isApplyingConfiguration.get());
-        EXPECT_EQ(state.applyProgress.get(), "");
+        EXPECT_FALSE(state().isApplyingConfiguration.get());
+        EXPECT_EQ(state().applyProgress.get(), "");
     }
 
-    MenuBarState state;
     std::optional<Platform> ours;
-    std::optional<Settings> settings;
     std::optional<AccessibilityPermission> permission;
-    std::optional<OwnStatusItems> items;
-    std::optional<StatusItemGeometryKeeper> keeper;
-    std::optional<ItemInventory> inventory;
-    std::optional<HidingController> hiding;
-    std::optional<ConfigurationApplier> applier;
+    std::optional<HidingCore> core;
     Rect control;
     Point pressed;
     int dropsToLose = 0;
@@ -105,11 +94,11 @@ TEST_F(ApplierTest, nothingToMovePostsNothingAndHides) {
     placeVisible(501);
     placeHidden(502);
     wantHidden({502});
-    state.errorMessage.set("old");
+    core->failure.tell("old");
     EXPECT_EQ(apply(), ApplyOutcome::hidden);
     EXPECT_EQ(events.log, Lines{});
-    EXPECT_EQ(state.errorMessage.get(), std::nullopt);
-    EXPECT_TRUE(state.isCollapsed.get());
+    EXPECT_EQ(errorMessage(), std::nullopt);
+    EXPECT_TRUE(state().isCollapsed.get());
     expectIdle();
 }
 
@@ -118,11 +107,11 @@ TEST_F(ApplierTest, hidesFirstThenShowsAndTriesLostDragsAgain) {
     for (const int process : {503, 504}) placeVisible(process);
     wantHidden({502, 503});
     dropsToLose = 1;
-    EXPECT_EQ(apply(), ApplyOutcome::hidden) << state.errorMessage.get().value_or("");
+    EXPECT_EQ(apply(), ApplyOutcome::hidden) << errorMessage().value_or("");
     EXPECT_EQ(progressTexts,
               (Lines{"Placing org.example.p503 (attempt 1)…", "Placing org.example.p503 (attempt 2)…",
                      "Placing org.example.p501 (attempt 1)…"}));
-    EXPECT_TRUE(state.isCollapsed.get());
+    EXPECT_TRUE(state().isCollapsed.get());
     expectIdle();
 }
 
@@ -133,18 +122,18 @@ TEST_F(ApplierTest, failuresAreSummedUpAndLeaveTheBarExpanded) {
     for (const int process : {501, 502, 503}) placeVisible(process);
     wantHidden({501, 502, 503});
     refusing = {501, 504};
-    const auto whenQuit = state.applyProgress.subscribe([this](const std::string& text) {
+    const auto whenQuit = state().applyProgress.subscribe([this](const std::string& text) {
         if (text.find("p502") != text.npos) remove(502);
     });
     EXPECT_EQ(apply(), ApplyOutcome::incomplete);
-    EXPECT_EQ(state.errorMessage.get(),
+    EXPECT_EQ(errorMessage(),
               "Couldn’t apply 3 changes:\n"
               "Hide org.example.p501: macOS kept it on the visible side.\n"
               "Hide org.example.p502: the item is no longer available; refresh and try again.\n"
               "Show org.example.p504: macOS kept it in its original position.");
     EXPECT_EQ(std::ranges::count(progressTexts, "Placing org.example.p501 (attempt 3)…"), 1);
     EXPECT_EQ(std::ranges::count(progressTexts, "Placing org.example.p502 (attempt 2)…"), 0);
-    EXPECT_FALSE(state.isCollapsed.get());
+    EXPECT_FALSE(state().isCollapsed.get());
     expectIdle();
 }
 
@@ -154,7 +143,7 @@ TEST_F(ApplierTest, aDragIsLookedAfterFifteenTimes) {
     refusing = {501};
     Seconds previous{0};
     std::vector<double> spans;
-    const auto watch = state.applyProgress.subscribe([&](const std::string&) {
+    const auto watch = state().applyProgress.subscribe([&](const std::string&) {
         if (previous.count() > 0) spans.push_back((scheduler.now() - previous).count());
         previous = scheduler.now();
     });
@@ -168,9 +157,9 @@ TEST_F(ApplierTest, withoutAccessNothingMoves) {
     placeVisible(501);
     wantHidden({501});
     accessibility.trusted = false;
-    applier->applyConfigurationAndHide();
+    core->applier.applyConfigurationAndHide();
     scheduler.advance(Seconds{5});
-    EXPECT_EQ(state.errorMessage.get(), "Grant Accessibility access before applying this configuration.");
+    EXPECT_EQ(errorMessage(), "Grant Accessibility access before applying this configuration.");
     EXPECT_EQ(events.log, Lines{});
 
     accessibility.trusted = true;
@@ -180,14 +169,13 @@ TEST_F(ApplierTest, withoutAccessNothingMoves) {
     events.onPosted = [this](const MouseEvent& event) {
         if (event.type == MouseEventType::LeftUp) accessibility.trusted = false;
     };
-    auto outcome = start(scheduler, applier->applyConfiguration());
+    auto outcome = start(scheduler, core->applier.applyConfiguration());
     scheduler.advance(Seconds{30});
     EXPECT_FALSE(outcome.isRunning());
-    EXPECT_EQ(state.errorMessage.get(),
+    EXPECT_EQ(errorMessage(),
               "Couldn’t apply 2 changes:\nHide org.example.p501: Accessibility access is required.\n"
               "Hide org.example.p502: Accessibility access is required.");
     expectIdle();
-    permission.reset();
 }
 
 TEST_F(ApplierTest, cancelledAnywhereItReportsNothing) {
@@ -195,30 +183,30 @@ TEST_F(ApplierTest, cancelledAnywhereItReportsNothing) {
         placeVisible(501);
         placeHidden(502);
         wantHidden({501, 502});
-        hiding->expand(Persist::No);
-        return start(scheduler, applier->applyConfiguration());
+        core->hiding.expand(Persist::No);
+        return start(scheduler, core->applier.applyConfiguration());
     };
     int cancelled = 0;
     for (double delay = 0.001; delay < 2; delay += 0.015, ++cancelled) {
         auto job = attempt();
         scheduler.advance(Seconds{delay});
         if (!job.isRunning()) break;
-        applier->cancelPendingConfiguration();
+        core->applier.cancelPendingConfiguration();
         expectIdle();
         settle();
-        EXPECT_EQ(state.errorMessage.get(), std::nullopt);
-        EXPECT_FALSE(state.isCollapsed.get());
+        EXPECT_EQ(errorMessage(), std::nullopt);
+        EXPECT_FALSE(state().isCollapsed.get());
     }
     EXPECT_GT(cancelled, 40);
     EXPECT_EQ(apply(), ApplyOutcome::hidden);
 
     placeVisible(501);
-    applier->applyConfigurationAndHide();
+    core->applier.applyConfigurationAndHide();
     scheduler.advance(Seconds{0.5});
-    applier->applyConfigurationAndHide();
+    core->applier.applyConfigurationAndHide();
     expectIdle();
     settle();
-    EXPECT_TRUE(state.isCollapsed.get()) << "the newer apply goes on";
+    EXPECT_TRUE(state().isCollapsed.get()) << "the newer apply goes on";
 }
 
 } // namespace

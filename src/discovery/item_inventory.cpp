@@ -1,21 +1,21 @@
-#include "hiding/item_inventory.h"
+#include "discovery/item_inventory.h"
 
 #include "concurrency/waits.h"
 #include "platform/application.h"
 #include "platform/workspace.h"
 
-#include <utility>
-
 namespace tavrin {
 
-ItemInventory::ItemInventory(const Platform& platform, MenuBarState& state,
-                             AccessibilityPermission& permission, const OwnStatusItems& ownItems)
+ItemInventory::ItemInventory(const Platform& platform, AccessibilityPermission& permission,
+                             std::function<double()> boundaryX)
     : platform_(platform)
-    , state_(state)
     , permission_(permission)
-    , ownItems_(ownItems)
+    , boundaryX_(std::move(boundaryX))
     , scanner_(platform.scheduler, platform.accessibility, platform.defaults, platform.workspace,
                platform.text)
+    , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
+        if (!isTrusted) invalidate();
+    }))
     , queue_(platform.scheduler.makeSerialQueue("tavrin.scan")) {}
 
 Task<> ItemInventory::refreshItemsNow() {
@@ -27,41 +27,35 @@ Task<> ItemInventory::refreshItemsNow() {
     co_await scanTask_.result();
 }
 
-void ItemInventory::refreshItems() { refreshTask_ = start(platform_.scheduler, refreshInBackground()); }
-
-Task<> ItemInventory::refreshInBackground() { co_await refreshItemsNow(); }
-
 void ItemInventory::invalidate() {
-    state_.hasCompletedScan = false;
-    state_.detectedItems.set({});
+    hasCompletedScan_ = false;
+    items_.set({});
 }
 
 Task<> ItemInventory::scanUntilCurrent() {
-    state_.isScanning.set(true);
+    isScanning_.set(true);
     do {
         needsRescan_ = false;
         co_await scanOnce();
     } while (needsRescan_ && !co_await isCancelled());
-    state_.isScanning.set(false);
+    isScanning_.set(false);
 }
 
 Task<> ItemInventory::scanOnce() {
-    permission_.refresh();
-    if (!permission_.isTrusted()) {
-        invalidate();
-        co_return;
-    }
+    if (isDenied()) co_return publish({.items = {}, .isDenied = true});
     auto found = co_await runOn(*queue_, [&scanner = scanner_, applications = applicationsToScan(),
-                                          boundaryX = ownItems_.boundaryX()](const AbandonFlag& abandoned) {
+                                          boundaryX = boundaryX_()](const AbandonFlag& abandoned) {
         return scanner.scan(applications, boundaryX, abandoned);
     });
     if (!found) co_return;
+    // What was read while the trust went is a part of the truth at best.
+    if (isDenied()) co_return publish({.items = {}, .isDenied = true});
+    publish({.items = std::move(*found)});
+}
+
+bool ItemInventory::isDenied() {
     permission_.refresh();
-    if (!permission_.isTrusted()) {
-        invalidate();
-        co_return;
-    }
-    publish(std::move(*found));
+    return !permission_.isTrusted();
 }
 
 std::vector<RunningApplicationSnapshot> ItemInventory::applicationsToScan() const {
@@ -77,14 +71,13 @@ std::vector<RunningApplicationSnapshot> ItemInventory::applicationsToScan() cons
     return applications;
 }
 
-void ItemInventory::publish(std::vector<MenuBarItemSnapshot> snapshots) {
+void ItemInventory::publish(ScanResult result) {
     std::vector<MenuBarItem> items;
-    for (auto& snapshot : snapshots) {
-        IconOfApplication icon{snapshot.bundleIdentifier};
-        items.push_back({std::move(snapshot), std::move(icon)});
-    }
-    state_.hasCompletedScan = true;
-    state_.detectedItems.set(std::move(items));
+    for (const auto& snapshot : result.items)
+        items.push_back({snapshot, IconOfApplication{snapshot.bundleIdentifier}});
+    hasCompletedScan_ = !result.isDenied;
+    items_.set(std::move(items));
+    scanCompleted_.emit(result);
 }
 
 } // namespace tavrin

@@ -1,9 +1,6 @@
-#include "core/control_menu_plan.h"
-#include "core/first_run_state.h"
 #include "hiding/collapse_request_tracker.h"
 #include "hiding/skerrow_policy.h"
 #include "hiding/status_item_geometry_policy.h"
-#include "settings/status_item_position_defaults.h"
 
 #include <gtest/gtest.h>
 
@@ -67,27 +64,6 @@ TEST(CollapseRequestTrackerTest, onlyTheNewestRequestMayAct) {
     EXPECT_TRUE(tracker.isPending(second)) << "an old request's end is not the new one's";
     tracker.clear();
     EXPECT_FALSE(tracker.isPending(second));
-}
-
-TEST(FirstRunStateTest, hidesWhatCanBeMovedAndIsNotOurs) {
-    const std::vector<MenuBarItem> items{
-        item("a", MenuBarZone::visible), item("own", MenuBarZone::visible, "org.tavrin"),
-        item("clock", MenuBarZone::visible, "com.apple.controlcenter", false),
-        item("b", MenuBarZone::hidden)};
-    const auto chosen = FirstRunState::itemsToHide(items, "org.tavrin");
-    ASSERT_EQ(chosen.size(), 2u);
-    EXPECT_EQ(chosen[0].snapshot.id, "a");
-    EXPECT_EQ(chosen[1].snapshot.id, "b");
-}
-
-TEST(StatusItemAutosaveNameTest, versionsAndTheirVariantsOnThisComputer) {
-    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("Skerrow.Main.v3"), "Skerrow.Main.v3_v6");
-    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("a_Bc_De"), "a_bc_De_v6");
-    EXPECT_EQ(StatusItemPositionDefaults::byHostAutosaveName("a_"), "a__v6");
-    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Spacer.v12"), 12);
-    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Spacer.v12x"), std::nullopt);
-    EXPECT_EQ(StatusItemAutosaveName::version("Skerrow.Main.v"), std::nullopt);
-    EXPECT_EQ(StatusItemAutosaveName::version("Item-0"), std::nullopt);
 }
 
 } // namespace

@@ -1,0 +1,41 @@
+#include "core/hiding_core.h"
+
+#include "core/make_hiding_mechanism.h"
+#include "platform/application.h"
+#include "platform/workspace.h"
+
+#include <utility>
+
+namespace tavrin {
+
+HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permission,
+                       std::function<void(StatusItem&)> dressControl)
+    : mode(runtimeMode(platform.workspace.operatingSystemVersion()))
+    , settings(platform.defaults)
+    , hiddenItems(settings, platform.application.bundleIdentifier())
+    , statusItems(platform, settings, mode, std::move(dressControl))
+    , inventory(platform, permission, [this] { return statusItems.boundaryX(); })
+    , mechanism(makeHidingMechanism(mode, platform, statusItems, inventory, hiddenItems, failure))
+    , hiding(platform.scheduler, settings, activity_, *mechanism, failure)
+    , movement(platform)
+    , placer(platform.screens, statusItems, inventory, hiddenItems, movement)
+    , applier({.scheduler = platform.scheduler,
+               .permission = permission,
+               .activity = activity_,
+               .failure = failure,
+               .mechanism = *mechanism,
+               .hiding = hiding,
+               .inventory = inventory,
+               .placer = placer})
+    , readings{.isCollapsed = activity.isCollapsed,
+               .isTrayVisible = activity.isTrayVisible,
+               .detectedItems = inventory.items(),
+               .hiddenItemIdentifiers = hiddenItems.identifiers(),
+               .isScanning = inventory.isScanning(),
+               .isApplyingConfiguration = activity.isApplyingConfiguration,
+               .applyProgress = applier.progress(),
+               .errorMessage = failure.published()} {
+    settings.remove(Settings::legacyRescuedItemIdentifiersKey);
+}
+
+} // namespace tavrin

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "accessibility/accessibility_permission.h"
+#include "core/bar_readings.h"
+#include "core/configuration_applier.h"
+#include "core/item_placer.h"
+#include "discovery/item_inventory.h"
+#include "hiding/bar_activity.h"
+#include "hiding/failure_message.h"
+#include "hiding/hidden_items.h"
+#include "hiding/hiding_controller.h"
+#include "hiding/hiding_mechanism.h"
+#include "hiding/menu_bar_runtime_mode.h"
+#include "hiding/own_status_items.h"
+#include "movement/item_movement.h"
+#include "platform/platform.h"
+#include "settings/settings.h"
+
+#include <functional>
+#include <memory>
+
+namespace tavrin {
+
+/// All that knows the menu bar and changes it, without any window: made together, in an order in which each
+/// part is handed the ones before it. Main thread.
+struct HidingCore {
+    /// `dressControl` gives a new control item its image and its action. All arguments outlive the core.
+    HidingCore(const Platform& platform, AccessibilityPermission& permission,
+               std::function<void(StatusItem&)> dressControl);
+    HidingCore(const HidingCore&) = delete;
+    HidingCore& operator=(const HidingCore&) = delete;
+
+  private:
+    BarActivity activity_; // hiding and the applier write it, nobody else
+
+  public:
+    const BarActivity& activity = activity_;
+    const MenuBarRuntimeMode mode;
+    Settings settings;
+    FailureMessage failure;
+    HiddenItems hiddenItems;
+    OwnStatusItems statusItems;
+    ItemInventory inventory;
+    std::unique_ptr<HidingMechanism> mechanism;
+    HidingController hiding;
+    ItemMovement movement;
+    ItemPlacer placer;
+    ConfigurationApplier applier;
+    const BarReadings readings;
+};
+
+} // namespace tavrin

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "accessibility/accessibility_permission.h"
+#include "concurrency/job.h"
+#include "concurrency/signal.h"
+#include "core/configure_presentation.h"
+#include "core/first_run_hint.h"
+#include "core/first_run_state.h"
+#include "core/hiding_core.h"
+#include "platform/platform.h"
+
+#include <optional>
+
+namespace tavrin {
+
+/// Brings the menu bar to its initial state: hidden, shown, or, on a fresh install, with everything hidden
+/// that can be, as soon as a scan has told what there is. Also scans when the user or macOS asks for it,
+/// since that first scan may have to wait for permission. Main thread.
+class StartUp {
+  public:
+    StartUp(const Platform& platform, AccessibilityPermission& permission, HidingCore& core,
+            FirstRunHint& hint, ConfigurePresentation& configure);
+    StartUp(const StartUp&) = delete;
+    StartUp& operator=(const StartUp&) = delete;
+
+    void begin();
+
+    void refreshItems();
+
+    void cancel();
+
+  private:
+    Task<> perform();
+    Task<> showInitialState();
+    Task<> refreshAndFinishFirstRun();
+    Task<> applyFirstRunDefaultIfReady();
+    void hideWhatCanBeHidden();
+    void tellOf(std::optional<ApplyOutcome> outcome);
+
+    const Platform& platform_;
+    HidingCore& core_;
+    FirstRunHint& hint_;
+    ConfigurePresentation& configure_;
+    FirstRunState firstRun_;
+    bool isAwaitingFirstRunDefault_ = false;
+    Subscription permissionObservation_;
+    Job<> startUpTask_;
+    Job<> refreshTask_;
+};
+
+} // namespace tavrin

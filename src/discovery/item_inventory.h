@@ -1,0 +1,67 @@
+#pragma once
+
+#include "accessibility/accessibility_permission.h"
+#include "concurrency/job.h"
+#include "concurrency/signal.h"
+#include "discovery/accessibility_menu_bar_scanner.h"
+#include "discovery/scan_result.h"
+#include "platform/platform.h"
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tavrin {
+
+/// Keeps the list of other applications' items: scans on a queue of its own, one scan at a time. The list is
+/// void once Accessibility trust is lost. Main thread.
+class ItemInventory {
+  public:
+    /// `boundaryX` gives the x left of which an item counts as hidden, in screen coordinates; it is asked as
+    /// each scan begins.
+    ItemInventory(const Platform& platform, AccessibilityPermission& permission,
+                  std::function<double()> boundaryX);
+    ItemInventory(const ItemInventory&) = delete;
+    ItemInventory& operator=(const ItemInventory&) = delete;
+
+    /// What the last scan found, in its order.
+    const Published<std::vector<MenuBarItem>>& items() const { return items_; }
+
+    const Published<bool>& isScanning() const { return isScanning_; }
+
+    /// A scan has finished, with Accessibility trust, and nothing has made it void since.
+    bool hasCompletedScan() const { return hasCompletedScan_; }
+
+    /// Fires at the end of every scan, also of one that found what was known, or was denied. `items` is up to
+    /// date by then.
+    Subscription onScanCompleted(std::function<void(const ScanResult&)> handler) {
+        return scanCompleted_.subscribe(std::move(handler));
+    }
+
+    /// Returns when a scan that began after this call has ended; without Accessibility trust at once.
+    Task<> refreshItemsNow();
+
+  private:
+    Task<> scanUntilCurrent();
+    Task<> scanOnce();
+    bool isDenied();
+    void invalidate();
+    std::vector<RunningApplicationSnapshot> applicationsToScan() const;
+    void publish(ScanResult result);
+
+    const Platform& platform_;
+    AccessibilityPermission& permission_;
+    std::function<double()> boundaryX_;
+    AccessibilityMenuBarScanner scanner_;
+    Published<std::vector<MenuBarItem>> items_;
+    Published<bool> isScanning_{false};
+    bool hasCompletedScan_ = false;
+    Signal<ScanResult> scanCompleted_;
+    Subscription permissionObservation_;
+    bool needsRescan_ = false;
+    std::unique_ptr<SerialQueue> queue_;
+    Job<> scanTask_;
+};
+
+} // namespace tavrin

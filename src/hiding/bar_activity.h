@@ -1,0 +1,15 @@
+#pragma once
+
+#include "concurrency/signal.h"
+
+namespace tavrin {
+
+/// What happens in the menu bar at this moment. Each flag has one writer; everyone else has a const
+/// reference. Main thread.
+struct BarActivity {
+    Published<bool> isCollapsed{false};             // written by HidingController
+    Published<bool> isApplyingConfiguration{false}; // written by ConfigurationApplier
+    Published<bool> isTrayVisible{false};           // a tray of hidden items is on the screen
+};
+
+} // namespace tavrin

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "concurrency/signal.h"
+#include "discovery/menu_bar_item.h"
+#include "hiding/skerrow_policy.h"
+#include "settings/settings.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tavrin {
+
+/// The items that the user wants hidden, stored at once after each change. Main thread.
+class HiddenItems {
+  public:
+    /// `ownBundleIdentifier` names the application whose items are never hidden.
+    HiddenItems(Settings& settings, std::string ownBundleIdentifier);
+
+    const Published<HiddenSet>& identifiers() const { return identifiers_; }
+
+    bool contains(const MenuBarItemSnapshot& item) const {
+        return isConfiguredHidden(item, identifiers_.get());
+    }
+
+    /// Changes what is wanted of these items, and of nothing else.
+    void set(std::span<const std::string> identifiers, bool hidden);
+
+    /// Where `items` are, compared with where the user wants them.
+    SkerrowPolicy policyFor(std::span<const MenuBarItem> items) const {
+        return SkerrowPolicy(items, identifiers_.get(), ownBundleIdentifier_);
+    }
+
+  private:
+    Settings& settings_;
+    std::string ownBundleIdentifier_;
+    Published<HiddenSet> identifiers_;
+};
+
+} // namespace tavrin

@@ -1,0 +1,69 @@
+#include "hiding/spacer_hiding.h"
+
+#include "hiding/skerrow_policy.h"
+#include "platform/screens.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace tavrin {
+
+namespace {
+
+constexpr const char* controlOutsideStatusArea =
+    "Tavrin couldn’t hide items because macOS placed its control outside the menu bar’s right-hand status "
+    "area. The app will repair the layout before the next attempt.";
+constexpr const char* noCurrentScan =
+    "Tavrin needs a current item scan before it can hide anything. Grant Accessibility access, then refresh.";
+
+std::string stillVisible(std::size_t count) {
+    return "Couldn’t hide yet: " + std::to_string(count) + (count == 1 ? " item is" : " items are") +
+           " still on the visible side. Apply the configuration first.";
+}
+
+} // namespace
+
+SpacerHiding::SpacerHiding(const Platform& platform, OwnStatusItems& items, ItemInventory& inventory,
+                           const HiddenItems& hiddenItems, FailureMessage& failure)
+    : platform_(platform)
+    , items_(items)
+    , inventory_(inventory)
+    , hiddenItems_(hiddenItems)
+    , geometry_(platform, items, failure) {}
+
+Task<bool> SpacerHiding::prepare() {
+    if (!co_await ensureLayout()) co_return false;
+    co_await inventory_.refreshItemsNow();
+    co_return true;
+}
+
+std::optional<std::string> SpacerHiding::refusal() const {
+    if (!items_.validControlGlyphFrame() || !items_.isSpacerLeftOfControl()) return controlOutsideStatusArea;
+    if (!inventory_.hasCompletedScan()) return noCurrentScan;
+    const auto count = hiddenItems_.policyFor(inventory_.items().get()).pendingMoves().size();
+    return count == 0 ? std::nullopt : std::optional(stillVisible(count));
+}
+
+void SpacerHiding::hideNow() { items_.setSpacerLength(collapsedSpacerLength(platform_.screens.screens())); }
+
+/// The spacer is long at once.
+Task<std::expected<void, std::string>> SpacerHiding::confirmHidden() {
+    co_return std::expected<void, std::string>();
+}
+
+void SpacerHiding::didHide() {
+    geometry_.verifyOwnControlRemainsVisible(
+        [this](const std::string& message) { mustReveal.emit(message); });
+}
+
+void SpacerHiding::reveal() {
+    geometry_.abandonVerification();
+    items_.setSpacerLength(0);
+}
+
+void SpacerHiding::adaptToScreens() {
+    hideNow();
+    didHide();
+}
+
+} // namespace tavrin
