@@ -1,6 +1,6 @@
 #include "app/app_delegate.h"
 
-#include "ui/collapsed_menu_view.h"
+#include "app/configure_content.h"
 
 #include <utility>
 
@@ -39,13 +39,10 @@ void AppDelegate::onboardingDidFinish() {
 void AppDelegate::startMenuBar() {
     if (menuBarManager_) return;
     lateGrantObservation_.cancel();
-    menuBarManager_ = std::make_unique<MenuBarManager>(
-        platform_, *permission_, updates_,
-        MenuBarManager::Hooks{.showSettings = [this] { showSettings(); },
-                              .configureView =
-                                  [view = std::make_shared<CollapsedMenuView>()](MenuBarManager& manager) {
-                                      return view->content(manager);
-                                  }});
+    menuBarManager_ =
+        std::make_unique<MenuBarManager>(platform_, *permission_, updates_,
+                                         MenuBarManager::Hooks{.showSettings = [this] { showSettings(); },
+                                                               .configureView = configureContent()});
 }
 
 void AppDelegate::showSettings() {

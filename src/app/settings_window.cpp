@@ -3,40 +3,11 @@
 #include "platform/application.h"
 #include "platform/workspace.h"
 #include "shortcuts/toggle_shortcut_settings_view.h"
-#include "views/view_builders.h"
+#include "ui/settings_view.h"
 
 #include <utility>
 
 namespace tavrin {
-
-namespace {
-
-constexpr double windowWidth = 420;
-
-View updatesRow(AppUpdates& updates) {
-    View checkbox;
-    checkbox.kind = ViewKind::Checkbox;
-    checkbox.text = "Automatically update Tavrin";
-    checkbox.isChecked = updates.isAutomatic();
-    checkbox.isEnabled = updates.isAvailable();
-    checkbox.onPress = [&updates] { updates.setAutomatic(!updates.isAutomatic()); };
-    if (updates.isAvailable()) return checkbox;
-    return column({std::move(checkbox), text("This build has no updater.",
-                                             {.style = TextStyle::Caption, .tone = Tone::Secondary})},
-                  {.spacing = 2});
-}
-
-View accessRow(const Platform& platform, bool isTrusted) {
-    if (isTrusted) {
-        return row(
-            {symbol("checkmark.circle.fill", 16, Tone::Positive), text("Accessibility access is on.")});
-    }
-    return row({symbol("hand.raised.fill", 16, Tone::Warning), text("Accessibility access is off."), spacer(),
-                button("Open Accessibility Settings",
-                       [&platform] { platform.workspace.openUrl(AccessibilityPermission::settingsURL); })});
-}
-
-} // namespace
 
 SettingsWindowController::SettingsWindowController(const Platform& platform,
                                                    AccessibilityPermission& permission, AppUpdates& updates,
@@ -65,17 +36,19 @@ void SettingsWindowController::render() {
 }
 
 View SettingsWindowController::content() {
-    auto content = column({text("General", {.style = TextStyle::Heading}),
-                           toggleShortcutSettingsView(platform_, toggleShortcut_), updatesRow(updates_),
-                           divider(), text("Access", {.style = TextStyle::Heading}),
-                           accessRow(platform_, permission_.isTrusted()), divider(),
-                           text(platform_.application.displayVersion(),
-                                {.style = TextStyle::Caption, .tone = Tone::Secondary})},
-                          {.spacing = 12, .padding = 20, .width = windowWidth});
-    content.keyActions.push_back({"escape", [this] {
-                                      if (window_) window_->close();
-                                  }});
-    return content;
+    return settingsView(
+        {.shortcut = toggleShortcutSettingsView(platform_, toggleShortcut_),
+         .hasUpdater = updates_.isAvailable(),
+         .updatesAutomatically = updates_.isAutomatic(),
+         .isTrusted = permission_.isTrusted(),
+         .version = platform_.application.displayVersion(),
+         .actions = {.toggleAutomaticUpdates = [this] { updates_.setAutomatic(!updates_.isAutomatic()); },
+                     .openAccessibilitySettings =
+                         [this] { platform_.workspace.openUrl(AccessibilityPermission::settingsURL); },
+                     .close =
+                         [this] {
+                             if (window_) window_->close();
+                         }}});
 }
 
 } // namespace tavrin

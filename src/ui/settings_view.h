@@ -1,0 +1,28 @@
+#pragma once
+
+#include "views/view.h"
+
+#include <functional>
+#include <string>
+
+namespace tavrin {
+
+/// What the settings window shows at one moment, and what it can ask for.
+struct SettingsModel {
+    struct Actions {
+        std::function<void()> toggleAutomaticUpdates;
+        std::function<void()> openAccessibilitySettings;
+        std::function<void()> close;
+    };
+
+    View shortcut; // the row of the toggle shortcut
+    bool hasUpdater = false;
+    bool updatesAutomatically = false;
+    bool isTrusted = false;
+    std::string version;
+    Actions actions;
+};
+
+View settingsView(SettingsModel model);
+
+} // namespace tavrin
