@@ -19,6 +19,14 @@ bool MenuContents::areListed(const ElementKey& menu) const {
     return since && scheduler_.now() >= *since + *fillsAfter;
 }
 
+tavrin::AttributeResult MenuContents::shownMenu(const ElementKey& itemOrTitle,
+                                                const ElementKey& itsMenu) const {
+    using Error = tavrin::AccessibilityError;
+    if (faultsOf(itemOrTitle.process).hidesShownMenu) return std::unexpected(Error::AttributeUnsupported);
+    if (!isShownAt(itemOrTitle)) return std::unexpected(Error::NoValue);
+    return elementFor(itsMenu);
+}
+
 void MenuContents::noteOpenMenu() {
     const auto anchor = menus_.anchor();
     const auto before = std::exchange(open_, std::nullopt);

@@ -26,6 +26,9 @@ class MenuContents {
     /// Whether the menu that is open belongs to the element's status item or title.
     bool isShownAt(const ElementKey& key) const { return open_ && open_->isOf(key); }
 
+    /// What a status item or title says of the menu that it shows now.
+    tavrin::AttributeResult shownMenu(const ElementKey& itemOrTitle, const ElementKey& itsMenu) const;
+
   private:
     void noteOpenMenu();
 

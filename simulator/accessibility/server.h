@@ -1,10 +1,10 @@
 #pragma once
 
-#include "accessibility/accessibility_tree.h"
 #include "accessibility/actions.h"
 #include "accessibility/delivery.h"
 #include "accessibility/element.h"
 #include "accessibility/menu_contents.h"
+#include "accessibility/tree.h"
 #include "concurrency/virtual_scheduler.h"
 #include "platform/accessibility.h"
 #include "system/world_calls.h"

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "accessibility/accessibility_tree.h"
 #include "accessibility/actions.h"
 #include "accessibility/delivery.h"
 #include "accessibility/menu_contents.h"
 #include "accessibility/server.h"
+#include "accessibility/tree.h"
 #include "applications/program_panels.h"
 #include "applications/system_settings.h"
 #include "concurrency/virtual_scheduler.h"

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "accessibility/branch.h"
+#include "accessibility/extras.h"
+#include "accessibility/menu_contents.h"
+#include "system/process_table.h"
+#include "system/screens_model.h"
+
+namespace mac_model {
+
+/// A process's application element, and its menu bar with the titles, which regular applications have:
+///
+///     application ─ menu bar ─ titles ─ …
+class ApplicationBranch final : public Branch {
+  public:
+    ApplicationBranch(const ProcessTable& processes, const ScreensModel& screens, const ExtrasBranch& extras,
+                      const MenuContents& menus, const Uncertainties& uncertainties)
+        : processes_(processes)
+        , screens_(screens)
+        , extras_(extras)
+        , menus_(menus)
+        , uncertainties_(uncertainties) {}
+
+    bool exists(const ElementKey&) const override;
+    std::string role(const ElementKey&) const override;
+    std::optional<ElementKey> parent(const ElementKey&) const override;
+    std::optional<Keys> children(const ElementKey&) const override;
+    std::optional<tavrin::Rect> frame(const ElementKey&) const override;
+    tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const override;
+    std::vector<std::string> actionNames(const ElementKey&) const override;
+
+  private:
+    const Process& process(const ElementKey& key) const { return *processes_.find(key.process); }
+
+    bool hasMenuBar(const ElementKey&) const;
+    std::uint64_t titleCount(const ElementKey&) const;
+    tavrin::AttributeResult ofApplication(const ElementKey&, std::string_view name) const;
+    tavrin::AttributeResult extrasBar(const ElementKey&) const;
+    tavrin::AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
+
+    const ProcessTable& processes_;
+    const ScreensModel& screens_;
+    const ExtrasBranch& extras_;
+    const MenuContents& menus_;
+    const Uncertainties& uncertainties_;
+};
+
+} // namespace mac_model
