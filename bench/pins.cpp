@@ -2,7 +2,7 @@
 // budgets. Built in release; exits with 1 when one is exceeded.
 
 #include "pins/store/pinned_action_store.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 #include "support/counting_defaults.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "mac/mac.h"
 
-#include "seam/seeded_randomness.h"
-#include "seam/text_icu.h"
+#include "seam/system/seeded_randomness.h"
+#include "seam/system/text_icu.h"
 
 #include <utility>
 

@@ -22,9 +22,9 @@
 #include "menu_bar/windows.h"
 #include "preferences/preferences_store.h"
 #include "privacy/permission.h"
-#include "seam/program_host.h"
 #include "seam/program_presentation.h"
-#include "seam/program_side.h"
+#include "seam/system/program_host.h"
+#include "seam/system/program_side.h"
 #include "system/behaviour.h"
 #include "system/bundles_on_disk.h"
 

@@ -3,8 +3,8 @@
 #include "seam/program_alert.h"
 #include "seam/program_panel.h"
 #include "seam/program_popover.h"
-#include "seam/program_status_item.h"
 #include "seam/program_window.h"
+#include "seam/system/program_status_item.h"
 
 #include <utility>
 

@@ -3,8 +3,8 @@
 #include "platform/presentation.h"
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
-#include "seam/program_host.h"
-#include "seam/program_side.h"
+#include "seam/system/program_host.h"
+#include "seam/system/program_side.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "discovery/item_identifier.h"
 #include "discovery/menu_bar_item_scan_policy.h"
 #include "discovery/system_menu_extra_catalog.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,5 +1,5 @@
 #include "pins/store/menu_title.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 
 #include <gtest/gtest.h>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "pins/pins_for_tests.h"
 #include "pins/store/pinned_action_document.h"
 #include "pins/store/pinned_action_store.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 #include "support/counting_defaults.h"
 
 #include <gtest/gtest.h>

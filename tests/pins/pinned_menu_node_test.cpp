@@ -1,7 +1,7 @@
 #include "pins/menus/pinned_menu_node.h"
 #include "pins/running/pinned_action_policy.h"
 #include "pins/running/pinned_run_failure.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 
 #include <gtest/gtest.h>
 

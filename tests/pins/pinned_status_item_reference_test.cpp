@@ -1,5 +1,5 @@
 #include "pins/store/pinned_status_item_reference.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 
 #include <gtest/gtest.h>
 

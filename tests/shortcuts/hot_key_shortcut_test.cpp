@@ -1,5 +1,5 @@
 #include "desktop/keyboard_layout.h"
-#include "seam/text_icu.h"
+#include "seam/system/text_icu.h"
 #include "shortcuts/hot_key_shortcut.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/events.h"
-#include "seam/program_side.h"
+#include "seam/system/program_side.h"
 
 #include <memory>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "seam/program_facades.h"
+#include "seam/system/program_facades.h"
 
 namespace mac_model {
 

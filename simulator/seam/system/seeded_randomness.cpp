@@ -1,4 +1,4 @@
-#include "seam/seeded_randomness.h"
+#include "seam/system/seeded_randomness.h"
 
 #include "preferences/preferences_store.h"
 

@@ -2,7 +2,7 @@
 
 #include "concurrency/signal.h"
 #include "platform/workspace.h"
-#include "seam/program_side.h"
+#include "seam/system/program_side.h"
 
 #include <memory>
 #include <vector>

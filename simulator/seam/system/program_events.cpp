@@ -1,4 +1,4 @@
-#include "seam/program_events.h"
+#include "seam/system/program_events.h"
 
 namespace mac_model {
 

@@ -1,4 +1,4 @@
-#include "seam/program_window_server.h"
+#include "seam/system/program_window_server.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "menu_bar/status_item_record.h"
 #include "platform/status_items.h"
-#include "seam/program_side.h"
+#include "seam/system/program_side.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
-#include "seam/program_facades.h"
+#include "seam/system/program_facades.h"
 
-#include "seam/program_host.h"
-#include "seam/program_status_item.h"
+#include "seam/system/program_host.h"
+#include "seam/system/program_status_item.h"
 
 namespace mac_model {
 

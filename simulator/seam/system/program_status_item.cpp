@@ -1,4 +1,4 @@
-#include "seam/program_status_item.h"
+#include "seam/system/program_status_item.h"
 
 namespace mac_model {
 

@@ -7,11 +7,11 @@
 #include "platform/screens.h"
 #include "platform/status_items.h"
 #include "platform/updates.h"
-#include "seam/program_events.h"
-#include "seam/program_keys.h"
-#include "seam/program_side.h"
-#include "seam/program_window_server.h"
-#include "seam/program_workspace.h"
+#include "seam/system/program_events.h"
+#include "seam/system/program_keys.h"
+#include "seam/system/program_side.h"
+#include "seam/system/program_window_server.h"
+#include "seam/system/program_workspace.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "platform/hot_keys.h"
 #include "platform/keyboard.h"
-#include "seam/program_side.h"
+#include "seam/system/program_side.h"
 
 #include <memory>
 #include <utility>

@@ -1,6 +1,6 @@
-#include "seam/program_host.h"
+#include "seam/system/program_host.h"
 
-#include "seam/program_facades.h"
+#include "seam/system/program_facades.h"
 
 #include <algorithm>
 #include <cassert>

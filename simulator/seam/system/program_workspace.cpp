@@ -1,4 +1,4 @@
-#include "seam/program_workspace.h"
+#include "seam/system/program_workspace.h"
 
 #include "applications/application_icon.h"
 

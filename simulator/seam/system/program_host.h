@@ -4,7 +4,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "platform/application.h"
 #include "platform/platform.h"
-#include "seam/program_side.h"
+#include "seam/system/program_side.h"
 #include "system/world_calls.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "seam/program_keys.h"
+#include "seam/system/program_keys.h"
 
 #include <ranges>
 
