@@ -1,0 +1,54 @@
+"""The shape of the code: long files, full folders, constructors that take too much."""
+
+import re
+from collections import Counter
+
+from check_tree import CPP_FOLDERS, CPP_SUFFIXES, code_of, folder_of, line_of
+
+LINES_MAX = 600
+FILES_IN_FOLDER_MAX = 30
+CONSTRUCTOR_PARAMETERS_MAX = 6
+
+CLASS = re.compile(r"\b(?:class|struct)\s+(\w+)(?:\s+final)?\s*(?::[^;{]*)?\{")
+BEFORE_A_CONSTRUCTOR = re.compile(r"(?:^|[;{}:>]|\bexplicit|\bconstexpr)\s*$")
+
+
+def check_lengths(tree):
+    for path, text in tree.texts.items():
+        is_script = text.startswith("#!")
+        length = len(text.splitlines())
+        if (path.endswith(CPP_SUFFIXES + (".py", ".cmake")) or is_script) and length > LINES_MAX:
+            yield f"{path}:1: {length} lines, at most {LINES_MAX}; split it by idea"
+
+
+def check_folders(tree):
+    for folder, count in Counter(folder_of(path) for path in tree.texts).items():
+        if folder.split("/")[0] in CPP_FOLDERS and count > FILES_IN_FOLDER_MAX:
+            yield f"{folder}/:1: {count} files, at most {FILES_IN_FOLDER_MAX}; split it by idea"
+
+
+def parameters_at(code, opening):
+    """How many parameters stand between this parenthesis and the one that closes it."""
+    depth, commas, is_empty = 0, 0, True
+    for character in code[opening:]:
+        if character in "(<{[":
+            depth += 1
+        elif character in ")>}]":
+            depth -= 1
+            if depth == 0:
+                break
+        elif character == "," and depth == 1:
+            commas += 1
+        is_empty = is_empty and (character.isspace() or character == "(")
+    return 0 if is_empty else commas + 1
+
+
+def check_constructors(tree):
+    for path in tree.cpp("src", "simulator", "tests"):
+        code = code_of(tree.texts[path])
+        for name in sorted({match.group(1) for match in CLASS.finditer(code)}):
+            for match in re.finditer(rf"(?<![~\w]){name}\(", code):
+                count = parameters_at(code, match.end() - 1)
+                if count > CONSTRUCTOR_PARAMETERS_MAX and BEFORE_A_CONSTRUCTOR.search(code[:match.start()]):
+                    yield (f"{path}:{line_of(code, match.start())}: the constructor of {name} takes {count} parameters, "
+                           f"at most {CONSTRUCTOR_PARAMETERS_MAX}; give it a struct, or fewer tasks")
