@@ -1,7 +1,7 @@
 #include "app/app_delegate.h"
-#include "platform/macos/apple.h"
 #include "platform/macos/mac_platform.h"
 #include "platform/macos/presentation/main_menu.h"
+#include "platform/macos/support/apple.h"
 
 #include <memory>
 

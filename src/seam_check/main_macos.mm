@@ -1,9 +1,9 @@
 // The self-check on a Mac: `tavrin-seam-check` in the bundle of Tavrin.
 
 #include "concurrency/job.h"
-#include "platform/macos/apple.h"
 #include "platform/macos/mac_platform.h"
 #include "platform/macos/presentation/main_menu.h"
+#include "platform/macos/support/apple.h"
 #include "seam_check/options.h"
 #include "seam_check/report.h"
 

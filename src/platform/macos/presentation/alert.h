@@ -1,8 +1,8 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
-#include "platform/macos/apple.h"
-#include "platform/macos/callback_gate.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/callback_gate.h"
 #include "platform/presentation.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "platform/macos/presentation/main_menu.h"
 
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/main_thread.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #include "platform/macos/presentation/popover.h"
 
-#include "platform/macos/main_thread.h"
 #include "platform/macos/presentation/status_items.h"
+#include "platform/macos/support/main_thread.h"
 #include "views/view_layout.h"
 
 #include <utility>

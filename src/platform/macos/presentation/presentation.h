@@ -1,7 +1,7 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
-#include "platform/macos/callback_gate.h"
+#include "platform/macos/support/callback_gate.h"
 #include "platform/presentation.h"
 
 #include <functional>

@@ -1,13 +1,13 @@
 #include "platform/macos/presentation/presentation.h"
 
-#include "platform/macos/apple.h"
-#include "platform/macos/main_thread.h"
 #include "platform/macos/presentation/alert.h"
-#include "platform/macos/presentation/menu.h"
 #include "platform/macos/presentation/panel.h"
 #include "platform/macos/presentation/popover.h"
 #include "platform/macos/presentation/status_items.h"
 #include "platform/macos/presentation/window.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/menu.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
-#include "platform/macos/apple.h"
-#include "platform/macos/callback_gate.h"
 #include "platform/macos/presentation/status_button_decorations.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/callback_gate.h"
 #include "platform/status_items.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #include "platform/macos/presentation/window.h"
 
-#include "platform/macos/conversions.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/main_thread.h"
 #include "views/view_layout.h"
 
 #include <cmath>

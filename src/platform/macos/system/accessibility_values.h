@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/accessibility.h"
-#include "platform/macos/cf_reference.h"
+#include "platform/macos/support/cf_reference.h"
 
 namespace tavrin::macos {
 

@@ -1,6 +1,6 @@
 #include "platform/macos/system/accessibility_values.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 
 #include <memory>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "platform/macos/system/defaults.h"
 
-#include "platform/macos/conversions.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/main_thread.h"
 
 #include <algorithm>
 

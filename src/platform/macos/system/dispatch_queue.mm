@@ -1,6 +1,6 @@
 #include "platform/macos/system/dispatch_queue.h"
 
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/main_thread.h"
 #include "platform/macos/system/scheduler.h"
 
 #include <utility>

@@ -1,8 +1,8 @@
 #include "platform/macos/system/events.h"
 
-#include "platform/macos/cf_reference.h"
-#include "platform/macos/conversions.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/cf_reference.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/main_thread.h"
 
 #include <utility>
 

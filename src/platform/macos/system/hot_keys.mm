@@ -1,8 +1,8 @@
 #include "platform/macos/system/hot_keys.h"
 
-#include "platform/macos/apple.h"
-#include "platform/macos/cf_reference.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/cf_reference.h"
+#include "platform/macos/support/main_thread.h"
 #include "platform/macos/system/scheduler.h"
 
 #include <utility>

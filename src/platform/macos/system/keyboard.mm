@@ -1,9 +1,9 @@
 #include "platform/macos/system/keyboard.h"
 
 #include "base/unicode.h"
-#include "platform/macos/apple.h"
-#include "platform/macos/cf_reference.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/cf_reference.h"
+#include "platform/macos/support/main_thread.h"
 #include "platform/macos/system/scheduler.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
-#include "platform/macos/apple.h"
-#include "platform/macos/cf_reference.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/cf_reference.h"
 #include "platform/macos/system/work_list.h"
 
 #include <map>

@@ -1,8 +1,8 @@
 #include "platform/macos/system/scheduler.h"
 
 #include "concurrency/due_work.h"
-#include "platform/macos/conversions.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/main_thread.h"
 #include "platform/macos/system/dispatch_queue.h"
 
 #include <algorithm>

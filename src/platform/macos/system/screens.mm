@@ -1,8 +1,8 @@
 #include "platform/macos/system/screens.h"
 
-#include "platform/macos/conversions.h"
-#include "platform/macos/main_thread.h"
-#include "platform/macos/presentation/notices.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/notices.h"
 #include "platform/menu_bar_height.h"
 
 namespace tavrin::macos {

@@ -1,6 +1,6 @@
 #include "platform/macos/system/text.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 
 namespace tavrin::macos {
 

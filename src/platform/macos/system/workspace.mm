@@ -1,9 +1,9 @@
 #include "platform/macos/system/workspace.h"
 
-#include "platform/macos/conversions.h"
-#include "platform/macos/icon_png.h"
-#include "platform/macos/main_thread.h"
-#include "platform/macos/presentation/notices.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/icon_png.h"
+#include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/notices.h"
 
 namespace tavrin::macos {
 

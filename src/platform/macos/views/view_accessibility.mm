@@ -1,7 +1,7 @@
 #include "platform/macos/views/view_accessibility.h"
 
-#include "platform/macos/conversions.h"
-#include "platform/macos/presentation/menu.h"
+#include "platform/macos/support/conversions.h"
+#include "platform/macos/support/menu.h"
 #include "platform/macos/views/view_press.h"
 
 #include <string>

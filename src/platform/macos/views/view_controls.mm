@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_controls.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 #include "platform/macos/views/view_recorder.h"
 #include "platform/macos/views/view_scroll.h"
 #include "platform/macos/views/view_style.h"

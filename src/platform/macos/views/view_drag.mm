@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_drag.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 #include "platform/macos/views/view_drag_preview.h"
 #include "platform/macos/views/view_scroll.h"
 #include "platform/macos/views/view_surface.h"

@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_drag_preview.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 #include "platform/macos/views/view_style.h"
 
 #include <algorithm>

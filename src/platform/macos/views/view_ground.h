@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/macos/apple.h"
+#include "platform/macos/support/apple.h"
 #include "views/view.h"
 
 namespace tavrin::macos {

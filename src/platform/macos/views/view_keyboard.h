@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/macos/apple.h"
+#include "platform/macos/support/apple.h"
 #include "platform/macos/views/view_node.h"
 
 namespace tavrin::macos {

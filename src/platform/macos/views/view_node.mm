@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_node.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 #include "platform/macos/views/view_accessibility.h"
 #include "platform/macos/views/view_controls.h"
 #include "platform/macos/views/view_drag.h"

@@ -1,7 +1,7 @@
 #include "platform/macos/views/view_recorder.h"
 
 #include "concurrency/signal.h"
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 
 #include <functional>
 #include <string>

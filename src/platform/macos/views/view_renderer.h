@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/macos/apple.h"
-#include "platform/macos/callback_gate.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/callback_gate.h"
 #include "platform/macos/views/view_control_sizes.h"
 #include "views/view.h"
 

@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_renderer.h"
 
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/main_thread.h"
 #include "platform/macos/views/view_surface.h"
 #include "views/view_layout.h"
 

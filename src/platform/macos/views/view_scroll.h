@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "platform/macos/apple.h"
+#include "platform/macos/support/apple.h"
 #include "platform/macos/views/view_node.h"
 
 #include <vector>

@@ -1,6 +1,6 @@
 #include "platform/macos/views/view_style.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 
 namespace tavrin::macos {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/macos/apple.h"
-#include "platform/macos/callback_gate.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/callback_gate.h"
 #include "platform/macos/views/view_node.h"
 
 /// Holds the root of the shown tree, and stands in for nodes where something must outlast them: it has the

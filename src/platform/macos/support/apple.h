@@ -1,4 +1,4 @@
-// The one way in for Apple's headers: nothing outside this folder and main_macos.mm includes it.
+// The one way in for Apple's headers: nothing outside platform/macos/ and the main_macos.mm includes it.
 #pragma once
 
 // Else Carbon makes macros of such words as check and require.

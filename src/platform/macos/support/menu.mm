@@ -1,6 +1,6 @@
-#include "platform/macos/presentation/menu.h"
+#include "platform/macos/support/menu.h"
 
-#include "platform/macos/conversions.h"
+#include "platform/macos/support/conversions.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
-#include "platform/macos/presentation/notices.h"
+#include "platform/macos/support/notices.h"
 
 #include "concurrency/due_work.h"
-#include "platform/macos/callback_gate.h"
-#include "platform/macos/main_thread.h"
+#include "platform/macos/support/callback_gate.h"
+#include "platform/macos/support/main_thread.h"
 
 #include <memory>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "concurrency/scheduler.h"
 #include "concurrency/signal.h"
-#include "platform/macos/apple.h"
+#include "platform/macos/support/apple.h"
 
 #include <functional>
 

@@ -1,4 +1,4 @@
-#include "platform/macos/icon_png.h"
+#include "platform/macos/support/icon_png.h"
 
 namespace tavrin::macos {
 

@@ -2,8 +2,8 @@
 
 #include "base/geometry.h"
 #include "platform/defaults.h"
-#include "platform/macos/apple.h"
-#include "platform/macos/cf_reference.h"
+#include "platform/macos/support/apple.h"
+#include "platform/macos/support/cf_reference.h"
 
 #include <optional>
 #include <string>
