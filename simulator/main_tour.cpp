@@ -132,8 +132,7 @@ std::vector<TourStep> onboarding(const std::string& bundle) {
 
 std::vector<TourStep> hidingAndRevealing(const std::string& bundle) {
     return {
-        {"The first click on the control answers the hint: it opens the list of items instead of revealing "
-         "them.",
+        {"The first click on the control answers the hint: it opens the list of items instead of revealing them.",
          {click(bundle), wait(1)},
          {{"the hint is gone", [](const Seen& seen) { return !shows(seen, hint); }},
           text("Menu Bar Items"),
@@ -248,8 +247,8 @@ std::vector<TourStep> runningAPin(const std::string& bundle) {
         {"It stands in the control’s menu, and asks before its first run.",
          {click(bundle, "right"), press("Plan"), wait(1)},
          {text("Run \"Plan\"?"),
-          text("Tavrin will bring Text Desk forward and choose File > Open Recent > Plan.txt from its menus. "
-               "You're only asked the first time.")}},
+          text(
+              "Tavrin will bring Text Desk forward and choose File > Open Recent > Plan.txt from its menus. You're only asked the first time.")}},
         {"Then it chooses the menu item.", {press("Run"), wait(2)}, {ran}},
     };
 }

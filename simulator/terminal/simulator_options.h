@@ -20,8 +20,8 @@ struct SimulatorOptions {
     std::uint16_t port = 0; // Serve: 0 is any free one
 };
 
-inline constexpr std::string_view simulatorUsage = "usage: tavrin-simulator --stdio|--prompt|--tour|--serve "
-                                                   "[--desktop FILE] [--profile DIR] [--seed N] [--port N]";
+inline constexpr std::string_view simulatorUsage =
+    "usage: tavrin-simulator --stdio|--prompt|--tour|--serve [--desktop FILE] [--profile DIR] [--seed N] [--port N]";
 
 /// `desktops` is the folder in which a desktop that is named without a folder is looked for. The error is one
 /// sentence.

@@ -2,6 +2,27 @@
 
 namespace tavrin {
 
+namespace {
+
+// Each continues "Hide NAME: " or "Show NAME: ".
+namespace details {
+constexpr const char* denied = "Accessibility access is required.";
+constexpr const char* unavailable = "the item is no longer available; refresh and try again.";
+constexpr const char* offscreenToHide =
+    "the item is outside the rendered menu bar; temporarily quit a few menu bar apps, then refresh.";
+constexpr const char* offscreenToShow =
+    "macOS no longer renders the item in the native row; it will remain available in the tray.";
+constexpr const char* blockedToHide =
+    "the item cannot be reached without dragging through the notch; temporarily free menu bar space, then refresh.";
+constexpr const char* blockedToShow =
+    "no selectable part is visible beside the notch; it will remain available in the tray.";
+constexpr const char* invalidGeometry =
+    "the visible lane is not ready; wait a moment, refresh, and try again.";
+constexpr const char* noEvents = "macOS did not accept the drag; close any open menu and try again.";
+} // namespace details
+
+} // namespace
+
 std::optional<std::string> moveFailureDetail(MenuBarMoveResult result, MenuBarZone targetZone) {
     using enum MenuBarMoveResult;
     const bool isToBeHidden = targetZone == MenuBarZone::hidden;
@@ -10,23 +31,17 @@ std::optional<std::string> moveFailureDetail(MenuBarMoveResult result, MenuBarZo
     case alreadyPlaced:
         return std::nullopt;
     case accessibilityDenied:
-        return "Accessibility access is required.";
+        return details::denied;
     case itemUnavailable:
-        return "the item is no longer available; refresh and try again.";
+        return details::unavailable;
     case itemOffscreen:
-        return isToBeHidden ? "the item is outside the rendered menu bar; temporarily quit a few menu bar "
-                              "apps, then refresh."
-                            : "macOS no longer renders the item in the native row; it will remain available "
-                              "in the tray.";
+        return isToBeHidden ? details::offscreenToHide : details::offscreenToShow;
     case blockedByNotch:
-        return isToBeHidden ? "the item cannot be reached without dragging through the notch; temporarily "
-                              "free menu bar space, then refresh."
-                            : "no selectable part is visible beside the notch; it will remain available in "
-                              "the tray.";
+        return isToBeHidden ? details::blockedToHide : details::blockedToShow;
     case invalidGeometry:
-        return "the visible lane is not ready; wait a moment, refresh, and try again.";
+        return details::invalidGeometry;
     case eventCreationFailed:
-        return "macOS did not accept the drag; close any open menu and try again.";
+        return details::noEvents;
     }
     return std::nullopt;
 }

@@ -204,10 +204,10 @@ std::vector<Check> defaultsChecks() {
         reads(family, "The program's domain bears its bundle identifier and holds for any host.",
               ownDomainIsNamed),
         reads(family, "A domain that nobody wrote has no keys and no values.", unwrittenDomainsAreEmpty),
-        changes(family,
-                "Booleans, integers, reals, texts, data, arrays and dictionaries come back as they "
-                "were stored.",
-                valuesKeepTheirKinds),
+        changes(
+            family,
+            "Booleans, integers, reals, texts, data, arrays and dictionaries come back as they were stored.",
+            valuesKeepTheirKinds),
         changes(family, "Values for this computer alone are apart from those for any host.", hostsAreApart),
         changes(family, "Keys come in ascending order.", keysAscend),
         changes(family, "What was removed is gone.", removedIsGone),
