@@ -21,7 +21,7 @@ struct AccessibilityOnboardingModel {
 View accessibilityOnboardingView(AccessibilityOnboardingModel::Phase phase,
                                  std::function<void()> openSettings);
 
-/// Leads the user to the Accessibility switch and says good-bye when it is on. Main thread.
+/// Leads the user to the Accessibility switch and says good-bye when it is on.
 class AccessibilityOnboardingController {
   public:
     /// How long the window stays after access was granted.

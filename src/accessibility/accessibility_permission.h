@@ -14,7 +14,7 @@ namespace tavrin {
 
 /// Whether the user lets this process use Accessibility. While it is not trusted it looks once a second and
 /// at every hint of a change; while it is trusted it neither looks nor listens, so whoever depends on the
-/// answer calls `refresh` first. Main thread.
+/// answer calls `refresh` first.
 class AccessibilityPermission {
   public:
     static constexpr Seconds pollInterval{1.0};

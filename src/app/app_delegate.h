@@ -14,7 +14,7 @@
 
 namespace tavrin {
 
-/// Owns the long-lived objects and decides in which order they come up and go down. Main thread.
+/// Owns the long-lived objects and decides in which order they come up and go down.
 class AppDelegate final : public ApplicationDelegate {
   public:
     explicit AppDelegate(const Platform& platform);

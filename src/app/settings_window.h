@@ -12,7 +12,7 @@
 
 namespace tavrin {
 
-/// The settings window. Escape and Command-W close it. Main thread.
+/// The settings window. Escape and Command-W close it.
 class SettingsWindowController {
   public:
     SettingsWindowController(const Platform& platform, AccessibilityPermission& permission,

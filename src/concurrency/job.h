@@ -124,7 +124,7 @@ class JobResultAwaiter final : public Waiter {
 
 /// Holds a running task in a field of its owner. Replacing or dropping the handle cancels the job, and when
 /// that returns the job has tidied up and its frame is gone: declare the field after everything the job uses.
-/// (A job that drops its own handle while it runs goes on to its end, cancelled.) Main thread.
+/// (A job that drops its own handle while it runs goes on to its end, cancelled.)
 template <class T = void>
 class [[nodiscard]] Job {
   public:

@@ -17,7 +17,7 @@ class Waiter {
     ~Waiter() = default;
 };
 
-/// What all the coroutines of one job share. Main thread.
+/// What all the coroutines of one job share.
 class JobState : public std::enable_shared_from_this<JobState> {
   public:
     explicit JobState(Scheduler& jobScheduler);

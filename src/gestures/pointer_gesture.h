@@ -14,7 +14,7 @@ namespace tavrin {
 ///  3. the pointer is where the user had it, if the gesture posted anything.
 /// When the user has taken Accessibility away meanwhile, the release is lost; the click that did so has
 /// released the button.
-/// None of that waits, as a cancelled job can't. Main thread.
+/// None of that waits, as a cancelled job can't.
 class PointerGesture {
   public:
     struct Delivery {

@@ -10,7 +10,7 @@ namespace tavrin {
 
 enum class TerminateReply { Now, Later };
 
-/// What the system asks of the program. Main thread.
+/// What the system asks of the program.
 class ApplicationDelegate {
   public:
     virtual ~ApplicationDelegate() = default;
@@ -24,7 +24,7 @@ class ApplicationDelegate {
 /// Values of NSApplication.ActivationPolicy.
 enum class ActivationPolicy { Regular = 0, Accessory = 1, Prohibited = 2 };
 
-/// This process, as the system sees it. Main thread.
+/// This process, as the system sees it.
 class Application {
   public:
     virtual ~Application() = default;

@@ -117,7 +117,7 @@ struct KeyEvent {
 };
 
 /// Synthetic mouse and keyboard events and the pointer. Posting needs the user's consent to Accessibility;
-/// without it events vanish silently. Nothing here waits or blocks. Main thread.
+/// without it events vanish silently. Nothing here waits or blocks.
 class Events {
   public:
     virtual ~Events() = default;

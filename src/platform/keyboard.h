@@ -28,7 +28,7 @@ struct KeyPress {
 
 enum class KeyHandling { Consumed, PassedOn };
 
-/// The keyboard as this process has it. Main thread.
+/// The keyboard as this process has it.
 class Keyboard {
   public:
     virtual ~Keyboard() = default;

@@ -18,8 +18,8 @@ class Updater;
 class WindowServer;
 class Workspace;
 
-/// All of the operating system that the program uses, handed down from the entry point. The families outlive
-/// the program.
+/// All of the operating system that the program uses; the families outlive the program. They and the
+/// program's classes are called on the main thread and call back there, unless a header says otherwise.
 struct Platform {
     Scheduler& scheduler;
     Application& application;

@@ -19,7 +19,7 @@ enum class PopoverBehavior {
     ApplicationDefined, // closes only when told to
 };
 
-/// A popover with an arrow. Destroying it closes it without telling. Main thread.
+/// A popover with an arrow. Destroying it closes it without telling.
 class Popover {
   public:
     virtual ~Popover() = default;
@@ -44,7 +44,7 @@ class Window {
 };
 
 /// A panel without a title bar, above the windows of all applications; showing it takes the keyboard from
-/// nobody. Destroying it takes it from the screen. Main thread.
+/// nobody. Destroying it takes it from the screen.
 class Panel {
   public:
     virtual ~Panel() = default;
@@ -63,14 +63,14 @@ struct AlertQuestion {
     std::optional<IconOfApplication> icon; // the program's own without one, or when the system knows none
 };
 
-/// An alert on the screen. Destroying it takes it away without an answer. Main thread.
+/// An alert on the screen. Destroying it takes it away without an answer.
 class Alert {
   public:
     virtual ~Alert() = default;
     virtual void bringToFront() = 0;
 };
 
-/// Where Tavrin's views meet the screen. Main thread.
+/// Where Tavrin's views meet the screen.
 class Presentation {
   public:
     virtual ~Presentation() = default;

@@ -21,7 +21,7 @@ struct Screen {
     bool operator==(const Screen&) const = default;
 };
 
-/// The connected screens. Main thread.
+/// The connected screens.
 class Screens {
   public:
     virtual ~Screens() = default;

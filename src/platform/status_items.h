@@ -26,7 +26,7 @@ struct TemplateImage {
 enum class StatusItemPress { Left, Right };
 
 /// One status item of this process. Destroying it removes it from the menu bar, and with that macOS forgets
-/// its preferred position. Main thread.
+/// its preferred position.
 class StatusItem {
   public:
     virtual ~StatusItem() = default;

@@ -2,7 +2,7 @@
 
 namespace tavrin {
 
-/// The update framework bundled with the application. Main thread.
+/// The update framework bundled with the application.
 class Updater {
   public:
     virtual ~Updater() = default;

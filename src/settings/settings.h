@@ -11,7 +11,7 @@
 namespace tavrin {
 
 /// The hiding core's settings in the application's own preferences. A stored value of another type than the
-/// setting's reads as the setting's default; it stays stored until the setting is written. Main thread.
+/// setting's reads as the setting's default; it stays stored until the setting is written.
 class Settings {
   public:
     static constexpr std::string_view hiddenItemIdentifiersKey = "Skerrow.hiddenItemIdentifiers";

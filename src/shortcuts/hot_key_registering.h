@@ -6,7 +6,7 @@
 
 namespace tavrin {
 
-/// One system-wide registration of a shortcut; destroying it ends the registration. Main thread.
+/// One system-wide registration of a shortcut; destroying it ends the registration.
 class HotKeyRegistering {
   public:
     HotKeyRegistering() = default;

@@ -9,7 +9,7 @@
 
 namespace tavrin {
 
-/// A button that records the next key with Control, Option or Command. Main thread.
+/// A button that records the next key with Control, Option or Command.
 class ShortcutRecorderButton final : public RecorderButton {
   public:
     ShortcutRecorderButton(Keyboard& keyboard, KeyNames names, RecorderButtonHost& host);

@@ -11,7 +11,7 @@ namespace tavrin {
 /// The shortcuts that macOS and ordinary applications use.
 namespace SystemShortcuts {
 
-/// The system's own shortcuts that are switched on. Main thread.
+/// The system's own shortcuts that are switched on.
 std::vector<HotKeyShortcut> enabledSymbolicHotKeys(const HotKeys& hotKeys);
 
 /// Command with Q, W, C, V, X, Z, A, S, N, O, P, T, F, H, M, comma, Tab and Space, and Shift-Command-Z.

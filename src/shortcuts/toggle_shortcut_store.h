@@ -8,7 +8,7 @@
 
 namespace tavrin {
 
-/// Keeps the toggle shortcut in the application's own preferences. Main thread.
+/// Keeps the toggle shortcut in the application's own preferences.
 class ToggleShortcutStore {
   public:
     static constexpr std::string_view key = "Skerrow.toggleShortcut";

@@ -8,7 +8,7 @@
 
 namespace tavrin {
 
-/// The update framework as the menu and the settings see it, present or not. Main thread.
+/// The update framework as the menu and the settings see it, present or not.
 class AppUpdates {
   public:
     /// `updater` may be null: then nothing can be checked.

@@ -20,7 +20,7 @@ namespace tavrin {
 /// The pins in the user's order, kept in the application's own preferences. It alone changes the list, and
 /// each change is published and saved at once; an operation that finds nothing to change does neither, except
 /// where it says so. A stored list that can't be read, or that a newer release has written, is put aside
-/// under `unreadableKey` for a repair by hand, and the list starts empty. Main thread.
+/// under `unreadableKey` for a repair by hand, and the list starts empty.
 class PinnedActionStore {
   public:
     using Pins = std::vector<PinnedAction>;

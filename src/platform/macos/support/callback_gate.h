@@ -12,7 +12,7 @@ using Deliver = std::function<void(Work)>;
 
 /// The way from one of AppKit's objects into the program. Work is posted to the main thread, so that it never
 /// runs inside the AppKit call that brought it and may destroy what it came from. It is dropped when by then
-/// the gate is gone: a callback refers to the owner of the object that it was given to. Main thread.
+/// the gate is gone: a callback refers to the owner of the object that it was given to.
 class CallbackGate {
   public:
     explicit CallbackGate(Scheduler& scheduler) : scheduler_(scheduler) {}

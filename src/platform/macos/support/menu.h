@@ -6,7 +6,7 @@
 
 namespace tavrin::macos {
 
-/// A menu of AppKit's that delivers the action of what is chosen. It holds all that it needs. Main thread.
+/// A menu of AppKit's that delivers the action of what is chosen. It holds all that it needs.
 NSMenu* makeMenu(const Menu& menu, const Deliver& deliver);
 
 } // namespace tavrin::macos

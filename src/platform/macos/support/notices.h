@@ -9,7 +9,7 @@
 namespace tavrin::macos {
 
 // Each of these calls `handler` after every notice of the system, posted to the main thread, until the
-// subscription goes. The system is listened to no longer than that. Main thread.
+// subscription goes. The system is listened to no longer than that.
 
 Subscription observe(Scheduler& scheduler, NSNotificationCenter* center, NSNotificationName name,
                      std::function<void()> handler);

@@ -5,7 +5,6 @@
 
 namespace tavrin::macos {
 
-/// Main thread.
 class MacHotKeys final : public HotKeys {
   public:
     explicit MacHotKeys(Scheduler& scheduler) : scheduler_(scheduler) {}

@@ -13,7 +13,7 @@ namespace tavrin::macos {
 inline constexpr double heightUnlimited = 1e6;
 
 /// Shows a view tree as AppKit views. What AppKit shows depends on the tree alone; nodes that keep their kind
-/// and place from one tree to the next keep their NSView, and with it focus and scrolling. Main thread.
+/// and place from one tree to the next keep their NSView, and with it focus and scrolling.
 class ViewRenderer {
   public:
     explicit ViewRenderer(Deliver deliver);
