@@ -12,14 +12,6 @@ SEEN_BY_THE_MODEL = {"base", "concurrency", "views", "platform"}
 MAIN_OF_THE_MODEL = re.compile(r"simulator/main[^/]*\.(?:cpp|h)$")
 MAIN_ON_THE_MAC = re.compile(r"src/(?:seam_check/)?main_macos\.mm$")
 
-# Pairs of folders of which the first still includes the second, which lies above it; each with its reason.
-KNOWN_TO_CLIMB = {
-    ("simulator/applications", "simulator/mac"): "finds its parts through Mac",
-    ("simulator/input", "simulator/mac"): "finds its parts through Mac",
-    ("simulator/menu_bar", "simulator/mac"): "finds its parts through Mac",
-    ("simulator/seam", "simulator/mac"): "finds its parts through Mac",
-}
-
 
 def floors_of(tree):
     """Folder, from the root -> number of its floor, as the page has it."""
@@ -66,7 +58,7 @@ def climbs(floors, path, target):
 
 def complaint_of_floors(floors, path, target):
     own, other = room_of(path), room_of(target)
-    if climbs(floors, path, target) and (own, other) not in KNOWN_TO_CLIMB:
+    if climbs(floors, path, target):
         return f"{own.split('/')[1]} lies under {other.split('/')[1]}"
     return None
 
