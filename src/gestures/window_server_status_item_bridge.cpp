@@ -1,6 +1,7 @@
 #include "gestures/window_server_status_item_bridge.h"
 
 #include "concurrency/waits.h"
+#include "gestures/click.h"
 #include "gestures/pointer_gesture.h"
 
 #include <algorithm>
@@ -29,6 +30,12 @@ bool isSame(const Rect& present, const Rect& remembered) {
            isWithin(present.minY() - remembered.minY(), tolerance) &&
            isWithin(present.width - remembered.width, tolerance) &&
            isWithin(present.height - remembered.height, tolerance);
+}
+
+WindowServerStatusItemBridge::EventResult resultOf(GestureResult result) {
+    using enum WindowServerStatusItemBridge::EventResult;
+    if (result == GestureResult::posted) return posted;
+    return result == GestureResult::cancelled ? cancelled : noEventSource;
 }
 
 EventSourceSettings sourceSettings() {
@@ -93,15 +100,15 @@ WindowServerStatusItemBridge::address(ProcessIdentifier process, const Rect& fra
     return Addressee{process, window->identifier, std::move(source)};
 }
 
+std::map<EventField, std::int64_t> WindowServerStatusItemBridge::Addressee::fields() const {
+    return {{EventField::TargetProcess, process},
+            {EventField::WindowNumber, window},
+            {EventField::WindowUnderPointer, window},
+            {EventField::WindowThatCanHandle, window}};
+}
+
 MouseEvent WindowServerStatusItemBridge::Addressee::event(MouseEventType type, Point location) const {
-    return {.type = type,
-            .location = location,
-            .clickState = {},
-            .fields = {{EventField::TargetProcess, process},
-                       {EventField::WindowNumber, window},
-                       {EventField::WindowUnderPointer, window},
-                       {EventField::WindowThatCanHandle, window}},
-            .source = source};
+    return {.type = type, .location = location, .clickState = {}, .fields = fields(), .source = source};
 }
 
 Task<WindowServerStatusItemBridge::EventResult>
@@ -110,16 +117,10 @@ WindowServerStatusItemBridge::postClick(ProcessIdentifier processIdentifier, Rec
     const auto addressee = address(processIdentifier, itemAccessibilityFrame);
     if (!addressee) co_return addressee.error();
 
-    auto down = addressee->event(MouseEventType::LeftDown, itemAccessibilityFrame.middle());
-    auto up = addressee->event(MouseEventType::LeftUp, itemAccessibilityFrame.middle());
-    down.clickState = up.clickState = 1;
-    const auto gesture =
-        PointerGesture::create(events_, std::move(up), {.tap = EventTap::Session, .process = {}});
-    if (!gesture || !gesture->post(std::move(down))) co_return EventResult::noEventSource;
-    if (co_await sleepFor(clickWait) == Wake::CutShort) co_return EventResult::cancelled;
-    gesture->release();
-    if (co_await sleepFor(clickSettleWait) == Wake::CutShort) co_return EventResult::cancelled;
-    co_return EventResult::posted;
+    co_return resultOf(co_await tavrin::postClick(events_, {.location = itemAccessibilityFrame.middle(),
+                                                            .fields = addressee->fields(),
+                                                            .source = addressee->source,
+                                                            .settleWait = clickSettleWait}));
 }
 
 Task<WindowServerStatusItemBridge::EventResult>

@@ -6,13 +6,12 @@
 
 #include <cstdint>
 #include <expected>
+#include <map>
 #include <optional>
 #include <span>
 #include <vector>
 
 namespace tavrin {
-
-class PointerGesture;
 
 struct WindowServerMenuBarWindow {
     WindowServerMenuBar::WindowNumber identifier = 0;
@@ -56,7 +55,6 @@ class WindowServerStatusItemBridge {
                                       Rect anchor, Point destination);
 
   private:
-    static constexpr Seconds clickWait{0.01};
     static constexpr Seconds clickSettleWait{0.05};
     static constexpr Seconds moveHoldWait{0.08};    // the press becomes a drag
     static constexpr Seconds moveArrivalWait{0.18}; // the other items make room
@@ -68,6 +66,7 @@ class WindowServerStatusItemBridge {
         WindowServerMenuBar::WindowNumber window;
         std::shared_ptr<const EventSource> source;
 
+        std::map<EventField, std::int64_t> fields() const;
         MouseEvent event(MouseEventType type, Point location) const;
     };
 

@@ -2,16 +2,12 @@
 
 #include "concurrency/waits.h"
 #include "discovery/menu_bar_screen_geometry.h"
-#include "gestures/pointer_gesture.h"
+#include "gestures/command_drag.h"
 #include "platform/accessibility.h"
 
 #include <utility>
 
 namespace tavrin {
-
-Task<bool> MenuBarItemMover::sleepUnlessCancelled(Seconds duration) {
-    co_return co_await sleepFor(duration) == Wake::Due;
-}
 
 Task<MenuBarMoveResult> MenuBarItemMover::move(MenuBarItemSnapshot item, MenuBarZone target,
                                                MenuBarMoveGeometry geometry) {
@@ -58,9 +54,11 @@ Task<MenuBarMoveResult> MenuBarItemMover::performDrag(Move move) {
     if (!grab) co_return MenuBarMoveResult::blockedByNotch;
 
     if (MenuBarMove::pathAvoidsNotch(grab->x, x, *screen)) {
-        const auto drag = co_await postCommandDrag(*grab, {x, move.frame.midY()}, UsesHostedMenuBar::No);
-        co_return drag == MenuBarCommandDragResult::posted ? MenuBarMoveResult::eventsPosted
-                                                           : MenuBarMoveResult::eventCreationFailed;
+        const auto dragged = co_await postCommandDrag(
+            events_,
+            {.from = *grab, .to = {x, move.frame.midY()}, .usesHostedMenuBar = UsesHostedMenuBar::No});
+        co_return dragged == GestureResult::posted ? MenuBarMoveResult::eventsPosted
+                                                   : MenuBarMoveResult::eventCreationFailed;
     }
     if (!move.isFullyVisible) co_return MenuBarMoveResult::blockedByNotch; // its window was tried before
     const auto result = co_await moveByWindow(std::move(move));
@@ -74,65 +72,6 @@ Task<std::optional<MenuBarItemMover::RouteResult>> MenuBarItemMover::moveByWindo
     if (!anchor) co_return std::nullopt;
     co_return co_await bridge_.postCommandMove(move.process, move.frame, *anchor,
                                                {move.destinationX, anchor->midY()});
-}
-
-std::shared_ptr<const EventSource> MenuBarItemMover::hostedSource() {
-    return events_.createSource(
-        {.state = EventSourceState::HidSystem,
-         .localEventsSuppressionInterval = Seconds{0},
-         .localEventsFilter = {{EventSuppressionState::RemoteMouseDrag, allLocalEvents}}});
-}
-
-MouseEvent MenuBarItemMover::CommandDrag::event(MouseEventType type, Point location) const {
-    return {.type = type,
-            .location = location,
-            .flags = type == MouseEventType::Moved ? noEventFlags : commandEventFlag,
-            .clickState = {},
-            .fields = {},
-            .source = source};
-}
-
-Task<MenuBarCommandDragResult> MenuBarItemMover::postCommandDrag(Point from, Point to,
-                                                                 UsesHostedMenuBar usesHostedMenuBar) {
-    using enum MenuBarCommandDragResult;
-    if (co_await isCancelled()) co_return cancelled;
-    CommandDrag drag{from, to, nullptr};
-    if (usesHostedMenuBar == UsesHostedMenuBar::Yes) {
-        drag.source = hostedSource();
-        if (!drag.source) co_return eventCreationFailed;
-    }
-    const Gesture gesture = PointerGesture::create(events_, drag.event(MouseEventType::LeftUp, to),
-                                                   {.tap = EventTap::Hid, .process = {}});
-    if (!gesture) co_return eventCreationFailed;
-    const auto result = co_await press(gesture, drag);
-    if (result != posted) co_return result;
-    co_return co_await dragAndRelease(gesture, drag);
-}
-
-Task<MenuBarCommandDragResult> MenuBarItemMover::press(Gesture gesture, CommandDrag drag) {
-    using enum MenuBarCommandDragResult;
-    const auto moved = gesture->make(drag.event(MouseEventType::Moved, drag.from));
-    const auto down = gesture->make(drag.event(MouseEventType::LeftDown, drag.from));
-    if (!moved || !down) co_return eventCreationFailed;
-    gesture->post(*moved);
-    if (!co_await sleepUnlessCancelled(arrivalWait)) co_return cancelled;
-    gesture->hideCursor();
-    gesture->post(*down);
-    co_return co_await sleepUnlessCancelled(pressWait) ? posted : cancelled;
-}
-
-Task<MenuBarCommandDragResult> MenuBarItemMover::dragAndRelease(Gesture gesture, CommandDrag drag) {
-    using enum MenuBarCommandDragResult;
-    const int steps = MenuBarMove::stepCount(drag.from, drag.to);
-    for (int step = 1; step <= steps; ++step) {
-        const auto place = MenuBarMove::stepPoint(drag.from, drag.to, step, steps);
-        if (!gesture->post(drag.event(MouseEventType::LeftDragged, place))) co_return eventCreationFailed;
-        if (!co_await sleepUnlessCancelled(stepWait)) co_return cancelled;
-    }
-    gesture->release();
-    // Cut short or not: the drag is complete.
-    (void)co_await sleepUnlessCancelled(releaseWait);
-    co_return posted;
 }
 
 } // namespace tavrin

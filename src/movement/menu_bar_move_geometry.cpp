@@ -86,17 +86,6 @@ bool pathAvoidsNotch(double grabX, double destinationX, const Screen& screen) {
     return (grabX <= gapBegins && destinationX <= gapBegins) || (grabX >= gapEnds && destinationX >= gapEnds);
 }
 
-int stepCount(Point from, Point to) {
-    constexpr double pointsPerStep = 18;
-    const double distance = std::hypot(to.x - from.x, to.y - from.y);
-    return static_cast<int>(std::clamp(distance / pointsPerStep, 8.0, 28.0));
-}
-
-Point stepPoint(Point from, Point to, int step, int count) {
-    if (step >= count) return to;
-    return {from.x + (to.x - from.x) * step / count, from.y + (to.y - from.y) * step / count};
-}
-
 std::optional<Rect> windowRouteAnchor(MenuBarZone target, const MenuBarMoveGeometry& geometry) {
     if (target == MenuBarZone::visible) return geometry.visibleNeighborAccessibilityFrame;
     if (geometry.screens.empty()) return std::nullopt;

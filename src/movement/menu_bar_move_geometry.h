@@ -41,12 +41,6 @@ double destinationX(double itemWidth, MenuBarZone target, const MenuBarMoveGeome
 /// Whether a drag can go straight from x to x: the camera notch swallows one that crosses it.
 bool pathAvoidsNotch(double grabX, double destinationX, const Screen& screen);
 
-/// How many events make up a drag.
-int stepCount(Point from, Point to);
-
-/// Step `step` of `count` on the straight way; the last is `to` itself.
-Point stepPoint(Point from, Point to, int step, int count);
-
 /// The frame beside which an item is put when events go to its window; none when there is nothing to put it
 /// beside, or no screen.
 std::optional<Rect> windowRouteAnchor(MenuBarZone target, const MenuBarMoveGeometry& geometry);

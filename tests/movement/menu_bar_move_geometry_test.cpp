@@ -44,21 +44,6 @@ TEST(MenuBarMoveGeometryTest, destinations) {
     EXPECT_EQ(MenuBarMove::destinationX(20, visible, showAt1200), 1207);
 }
 
-TEST(MenuBarMoveGeometryTest, stepsOfADrag) {
-    const auto steps = [](double distance) {
-        return MenuBarMove::stepCount({500, 15}, {500 - distance, 15});
-    };
-    EXPECT_EQ(steps(0), 8);
-    EXPECT_EQ(steps(100), 8);
-    EXPECT_EQ(steps(161.9), 8);
-    EXPECT_EQ(steps(162), 9);
-    EXPECT_EQ(steps(400), 22);
-    EXPECT_EQ(steps(2000), 28);
-    EXPECT_EQ(steps(1e300), 28);
-    EXPECT_EQ(MenuBarMove::stepPoint({0, 0}, {100, 10}, 3, 10), (Point{30, 3}));
-    EXPECT_EQ(MenuBarMove::stepPoint({0.1, 0}, {100.7, 10}, 10, 10), (Point{100.7, 10}));
-}
-
 TEST(MenuBarMoveGeometryTest, statusLaneBeginsRightOfTheNotch) {
     const std::vector screens{notched, second};
     const auto isVisible = [&](Rect frame) {
