@@ -17,6 +17,11 @@ namespace {
 /// The process whose items have places in its preferences but no identifiers in its tree.
 constexpr std::string_view systemUserInterfaceServer = "com.apple.systemuiserver";
 
+ApplicationReader::Bars barsOf(std::string_view bundleIdentifier) {
+    return MenuBarItemScanPolicy::isApple(bundleIdentifier) ? ApplicationReader::Bars::ExtrasElseMenuBar
+                                                            : ApplicationReader::Bars::Extras;
+}
+
 std::optional<std::string> firstLabel(const MenuBarElement& element, const Text& text) {
     for (const auto* source : {&element.title, &element.description, &element.help}) {
         if (!*source) continue;
@@ -52,8 +57,8 @@ AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> ap
 std::vector<AccessibilityMenuBarScanner::ItemRecord>
 AccessibilityMenuBarScanner::menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
                                                 const AbandonFlag& abandoned) const {
-    auto elements =
-        ApplicationReader(accessibility_, messagingTimeout, abandoned).readItems(process, bundleIdentifier);
+    auto elements = ApplicationReader(accessibility_, messagingTimeout, abandoned)
+                        .readItems(process, barsOf(bundleIdentifier));
     if (!elements) return {};
     std::vector<ItemCandidate> candidates;
     for (auto& element : *elements) candidates.push_back(candidate(std::move(element), bundleIdentifier));
@@ -141,7 +146,7 @@ AccessibilityMenuBarScanner::extrasPresence(std::span<const RunningApplicationSn
 std::optional<ExtrasMenuBarPresence>
 AccessibilityMenuBarScanner::presence(const RunningApplicationSnapshot& application, Seconds timeout) const {
     const auto elements = ApplicationReader(accessibility_, timeout, {})
-                              .readItems(application.processIdentifier, application.bundleIdentifier);
+                              .readItems(application.processIdentifier, barsOf(application.bundleIdentifier));
     if (!elements || elements->empty()) return std::nullopt;
     ExtrasMenuBarPresence found{.bundleIdentifier = application.bundleIdentifier,
                                 .processIdentifier = application.processIdentifier,

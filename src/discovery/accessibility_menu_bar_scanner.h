@@ -1,7 +1,7 @@
 #pragma once
 
+#include "accessibility/application_reader.h"
 #include "concurrency/waits.h"
-#include "discovery/application_reader.h"
 #include "discovery/menu_bar_item.h"
 
 #include <optional>

@@ -1,7 +1,8 @@
 #include "hiding/status_item_geometry_keeper.h"
 
-#include "concurrency/waits.h"
+#include "concurrency/wait_until.h"
 
+#include <optional>
 #include <utility>
 
 namespace tavrin {
@@ -54,15 +55,13 @@ Task<bool> StatusItemGeometryKeeper::rebuild(OwnStatusItems::PositionSeed contro
 }
 
 Task<bool> StatusItemGeometryKeeper::waitForStableStatusItemGeometry() {
-    const auto deadline = platform_.scheduler.now() + stableWaitMax;
-    auto last = std::pair(items_.controlFrame(), items_.spacerFrame());
-    while (platform_.scheduler.now() < deadline) {
-        if (co_await sleepFor(stablePollInterval) == Wake::CutShort) co_return false;
-        const auto present = std::pair(items_.controlFrame(), items_.spacerFrame());
-        if (present == last && holds()) co_return true;
-        last = present;
-    }
-    co_return false;
+    using Frames = std::pair<std::optional<Rect>, std::optional<Rect>>;
+    const auto isStable = [this, last = std::optional<Frames>()]() mutable {
+        const auto present = std::optional(Frames(items_.controlFrame(), items_.spacerFrame()));
+        return std::exchange(last, present) == present && holds();
+    };
+    co_return co_await waitUntil(platform_.scheduler, isStable, stablePollInterval, stableWaitMax) ==
+        Waited::Met;
 }
 
 Task<bool> StatusItemGeometryKeeper::reseatSpacer() {

@@ -97,20 +97,4 @@ class Accessibility {
                                                             std::string_view action) = 0;
 };
 
-/// Attribute, role and action names of HIServices' AXAttributeConstants.h, AXRoleConstants.h,
-/// AXActionConstants.h.
-namespace ax {
-inline constexpr std::string_view extrasMenuBar = "AXExtrasMenuBar";
-inline constexpr std::string_view menuBar = "AXMenuBar";
-inline constexpr std::string_view children = "AXChildren";
-inline constexpr std::string_view role = "AXRole";
-inline constexpr std::string_view identifier = "AXIdentifier";
-inline constexpr std::string_view title = "AXTitle";
-inline constexpr std::string_view description = "AXDescription";
-inline constexpr std::string_view help = "AXHelp";
-inline constexpr std::string_view position = "AXPosition";
-inline constexpr std::string_view size = "AXSize";
-inline constexpr std::string_view menuBarItemRole = "AXMenuBarItem";
-} // namespace ax
-
 } // namespace tavrin

@@ -1,5 +1,5 @@
-#include "discovery/fake_accessibility.h"
 #include "discovery/item_inventory.h"
+#include "support/fake_accessibility.h"
 #include "support/mac_fixture.h"
 
 namespace tavrin {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "concurrency/job.h"
-#include "discovery/fake_accessibility.h"
 #include "movement/menu_bar_item_mover.h"
+#include "support/fake_accessibility.h"
 #include "support/fake_events.h"
 #include "support/fake_window_server.h"
 #include "support/mac_fixture.h"

@@ -1,6 +1,7 @@
-#include "discovery/fake_accessibility.h"
 #include "pins/menus/live_status_items.h"
+#include "pins/menus/menu_shortcut.h"
 #include "pins/menus/menu_tree_reader.h"
+#include "support/fake_accessibility.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
@@ -130,9 +131,8 @@ TEST_F(MenuTreeReaderTest, readsWhatAPersonSees) {
 
 TEST_F(MenuTreeReaderTest, endsAtTheFirstMessageWithoutAnAnswer) {
     makeNested(3);
-    for (const auto& [error, failure] :
-         {std::pair{AccessibilityError::CannotComplete, MenuReadFailure::TimedOut},
-          {AccessibilityError::ApiDisabled, MenuReadFailure::Denied}}) {
+    for (const auto& [error, failure] : {std::pair{AccessibilityError::CannotComplete, ReadFailure::TimedOut},
+                                         {AccessibilityError::ApiDisabled, ReadFailure::Denied}}) {
         ax.nodes[3].error = error;
         ax.messages = 0;
         MenuTreeReader reader(ax, MenuTreeReader::statusItemLimits);
@@ -142,8 +142,21 @@ TEST_F(MenuTreeReaderTest, endsAtTheFirstMessageWithoutAnAnswer) {
     abandoned.raise();
     ax.messages = 0;
     MenuTreeReader reader(ax, MenuTreeReader::statusItemLimits);
-    EXPECT_EQ(reader.tree(FakeAccessibility::element(1), abandoned).error(), MenuReadFailure::Abandoned);
+    EXPECT_EQ(reader.tree(FakeAccessibility::element(1), abandoned).error(), ReadFailure::Abandoned);
     EXPECT_EQ(ax.messages, 0);
+}
+
+TEST_F(MenuTreeReaderTest, anErrorInOneSlotSpoilsNothingElse) {
+    makeNested(2);
+    for (const auto error : {AccessibilityError::CannotComplete, AccessibilityError::ApiDisabled}) {
+        ax.nodes[2].slotErrors = {{"AXHelp", error}, {"AXMenuItemCmdChar", error}};
+        MenuTreeReader reader(ax, MenuTreeReader::statusItemLimits);
+        const auto tree = reader.tree(FakeAccessibility::element(1), abandoned);
+        ASSERT_TRUE(tree);
+        EXPECT_EQ(countOf(*tree), 4);
+        EXPECT_EQ(tree->children.front().title, "Item 1");
+        EXPECT_FALSE(tree->children.front().shortcut);
+    }
 }
 
 TEST_F(MenuTreeReaderTest, findsTheStatusItemsBelowGroups) {
@@ -166,8 +179,7 @@ TEST_F(MenuTreeReaderTest, findsTheStatusItemsBelowGroups) {
     EXPECT_EQ((*items)[1].displayName(), "3 unread");
     EXPECT_EQ((*items)[1].index, 1u);
     ax.nodes[8].error = AccessibilityError::CannotComplete;
-    EXPECT_EQ(LiveStatusItems::items(ax, running, "org.example.b", abandoned).error(),
-              MenuReadFailure::TimedOut);
+    EXPECT_EQ(LiveStatusItems::items(ax, running, "org.example.b", abandoned).error(), ReadFailure::TimedOut);
     EXPECT_EQ(LiveStatusItems::all(ax, running, abandoned)->size(), 2u) << "one that hangs spoils nothing";
 }
 
@@ -182,7 +194,7 @@ TEST(MenuShortcut, isWrittenAsInAMenu) {
          {Case{std::nullopt, 0, std::nullopt}, Case{"", 0, std::nullopt}, Case{"N", 0, "⌘N"},
           Case{"N", std::nullopt, "⌘N"}, Case{"N", 1, "⇧⌘N"}, Case{"N", 2, "⌥⌘N"}, Case{"N", 4, "⌃⌘N"},
           Case{"N", 8, "N"}, Case{"N", 15, "⌃⌥⇧N"}})
-        EXPECT_EQ(MenuAX::shortcut(character, modifiers), text);
+        EXPECT_EQ(menuShortcut(character, modifiers), text);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "pins/menus/live_status_items.h"
 
-#include "discovery/application_reader.h"
+#include "accessibility/application_reader.h"
+#include "pins/menus/menu_access.h"
+#include "platform/accessibility_names.h"
 
 #include <array>
 #include <iterator>
@@ -10,48 +12,32 @@ namespace tavrin::LiveStatusItems {
 
 namespace {
 
-constexpr std::array furtherAttributes{MenuAX::enabled, MenuAX::value};
+constexpr std::array furtherAttributes{ax::enabled, ax::value};
 
-MenuReadFailure failureOf(ApplicationReader::Failure failure) {
-    switch (failure) {
-    case ApplicationReader::Failure::TimedOut:
-        return MenuReadFailure::TimedOut;
-    case ApplicationReader::Failure::Denied:
-        return MenuReadFailure::Denied;
-    case ApplicationReader::Failure::Abandoned:
-        break;
-    }
-    return MenuReadFailure::Abandoned;
+/// The value comes before the help, as in menus.
+std::optional<std::string> labelOf(const MenuBarElement& read, const Attributes& further) {
+    for (const auto& text : {read.title, read.description, further.as<std::string>(ax::value), read.help})
+        if (text && !text->empty()) return text;
+    return std::nullopt;
 }
 
-AttributeResult resultOf(const std::optional<std::string>& text) {
-    if (!text) return std::unexpected(AccessibilityError::NoValue);
-    return *text;
-}
-
-std::optional<Rect> frameOf(const MenuBarElement& element) {
-    if (!element.position || !element.size) return std::nullopt;
-    return element.frame();
-}
-
-std::expected<LiveStatusItem, MenuReadFailure> itemFrom(Accessibility& accessibility,
-                                                        const RunningApplication& application,
-                                                        const MenuBarElement& read, std::size_t index) {
-    const auto further = MenuAX::read(accessibility, read.element, furtherAttributes);
+std::expected<LiveStatusItem, ReadFailure> itemFrom(Accessibility& accessibility,
+                                                    const RunningApplication& application,
+                                                    const MenuBarElement& read, std::size_t index) {
+    const auto further =
+        tavrin::read(accessibility, read.element, furtherAttributes, MenuAccess::messagingTimeout);
     if (!further) return std::unexpected(further.error());
-    auto actions = MenuAX::actions(accessibility, read.element);
+    auto actions = readActions(accessibility, read.element, MenuAccess::messagingTimeout);
     if (!actions) return std::unexpected(actions.error());
-    const std::array labels{resultOf(read.title), resultOf(read.description), (*further)[1],
-                            resultOf(read.help)};
     return LiveStatusItem{.processIdentifier = application.processIdentifier,
                           .bundleIdentifier = application.bundleIdentifier.value_or(""),
                           .applicationName = application.localizedName,
                           .element = read.element,
                           .index = index,
                           .identifier = read.rawIdentifier,
-                          .label = MenuAX::label(labels),
-                          .frame = frameOf(read),
-                          .isEnabled = MenuAX::boolean(further->front()),
+                          .label = labelOf(read, *further),
+                          .frame = read.reportedFrame,
+                          .isEnabled = further->isTrue(ax::enabled),
                           .actions = std::move(*actions)};
 }
 
@@ -63,13 +49,12 @@ void append(std::vector<LiveStatusItem>& items, std::vector<LiveStatusItem> more
 
 Items items(Accessibility& accessibility, const RunningApplication& application,
             const AbandonFlag& abandoned) {
-    const ApplicationReader reader(accessibility, MenuAX::messagingTimeout, abandoned);
-    // Without its bundle identifier even a process of the system's is asked for its extras alone.
-    const auto elements = reader.readItems(application.processIdentifier, {});
-    if (!elements) return std::unexpected(failureOf(elements.error()));
+    const ApplicationReader reader(accessibility, MenuAccess::messagingTimeout, abandoned);
+    const auto elements = reader.readItems(application.processIdentifier, ApplicationReader::Bars::Extras);
+    if (!elements) return std::unexpected(elements.error());
     std::vector<LiveStatusItem> items;
     for (const auto& element : *elements) {
-        if (abandoned.isRaised()) return std::unexpected(MenuReadFailure::Abandoned);
+        if (abandoned.isRaised()) return std::unexpected(ReadFailure::Abandoned);
         auto item = itemFrom(accessibility, application, element, items.size());
         if (!item) return std::unexpected(item.error());
         items.push_back(std::move(*item));
@@ -80,7 +65,7 @@ Items items(Accessibility& accessibility, const RunningApplication& application,
 Items items(Accessibility& accessibility, const std::vector<RunningApplication>& running,
             std::string_view bundleIdentifier, const AbandonFlag& abandoned) {
     std::vector<LiveStatusItem> found;
-    std::optional<MenuReadFailure> failure;
+    std::optional<ReadFailure> failure;
     for (const auto& application : running) {
         if (application.bundleIdentifier != bundleIdentifier) continue;
         auto own = items(accessibility, application, abandoned);
@@ -100,7 +85,7 @@ Items all(Accessibility& accessibility, const std::vector<RunningApplication>& r
         auto own = items(accessibility, application, abandoned);
         if (own)
             append(found, std::move(*own));
-        else if (own.error() != MenuReadFailure::TimedOut)
+        else if (own.error() != ReadFailure::TimedOut)
             return own;
     }
     return found;

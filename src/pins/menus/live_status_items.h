@@ -1,8 +1,8 @@
 #pragma once
 
+#include "accessibility/attributes.h"
 #include "base/geometry.h"
 #include "concurrency/waits.h"
-#include "pins/menus/menu_ax.h"
 #include "pins/store/pinned_status_item_reference.h"
 #include "platform/accessibility.h"
 #include "platform/workspace.h"
@@ -37,7 +37,7 @@ struct LiveStatusItem {
 /// Status items as Accessibility has them, with at most three messages each. On a background queue.
 namespace LiveStatusItems {
 
-using Items = std::expected<std::vector<LiveStatusItem>, MenuReadFailure>;
+using Items = std::expected<std::vector<LiveStatusItem>, ReadFailure>;
 
 /// In the order of the application's tree.
 Items items(Accessibility& accessibility, const RunningApplication& application,

@@ -1,15 +1,20 @@
 #pragma once
 
+#include "accessibility/ax_messenger.h"
 #include "concurrency/scheduler.h"
 #include "platform/platform.h"
 
 namespace tavrin {
 
-/// What those need that drive other applications' menus: messages go out on the queue, one piece of work at
-/// a time, and everything else happens on the main thread. Both outlive whoever has it.
+/// The way to other applications' menus: messages go out by the messenger, and everything else happens on the
+/// main thread. The platform outlives all who have one.
 struct MenuAccess {
     const Platform& platform;
-    SerialQueue& queue;
+    AxMessenger messenger;
+
+    /// Bounds each message to an application.
+    static constexpr Seconds messagingTimeout{1};
+    static constexpr Seconds messagingTimeoutWhileOpening{0.25};
 
     /// How often something that another application is about to do is looked for.
     static constexpr Seconds pollInterval{0.04};

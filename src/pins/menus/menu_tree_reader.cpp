@@ -1,5 +1,9 @@
 #include "pins/menus/menu_tree_reader.h"
 
+#include "pins/menus/menu_access.h"
+#include "pins/menus/menu_shortcut.h"
+#include "platform/accessibility_names.h"
+
 #include <array>
 #include <span>
 #include <utility>
@@ -8,60 +12,44 @@ namespace tavrin {
 
 namespace {
 
-// What stands for a title comes first, in the order of preference.
 constexpr std::array nodeAttributes{ax::title,
                                     ax::description,
-                                    MenuAX::value,
+                                    ax::value,
                                     ax::help,
                                     ax::role,
-                                    MenuAX::subrole,
+                                    ax::subrole,
                                     ax::identifier,
-                                    MenuAX::enabled,
-                                    MenuAX::commandCharacter,
-                                    MenuAX::commandModifiers,
-                                    MenuAX::markCharacter,
+                                    ax::enabled,
+                                    ax::commandCharacter,
+                                    ax::commandModifiers,
+                                    ax::markCharacter,
                                     ax::children};
 
-enum Slot : std::size_t {
-    Title,
-    Description,
-    Value,
-    Help,
-    Role,
-    Subrole,
-    Identifier,
-    Enabled,
-    CommandCharacter,
-    CommandModifiers,
-    MarkCharacter,
-    Children
-};
+/// Asking for the children that nobody wants could make an application build a submenu.
+constexpr auto withoutChildren = std::span(nodeAttributes).first(nodeAttributes.size() - 1);
 
-constexpr std::size_t labelSlots = 4;
-
-bool isChecked(const std::string& role, const MenuAX::Results& results) {
-    if (role == MenuAX::menuItemRole)
-        return !MenuAX::string(results[MarkCharacter]).value_or(std::string{}).empty();
-    return role == MenuAX::checkBoxRole && MenuAX::integer(results[Value]) == 1;
+bool isChecked(const std::string& role, const Attributes& attributes) {
+    if (role == ax::menuItemRole) return attributes.firstText({ax::markCharacter}).has_value();
+    return role == ax::checkBoxRole && attributes.integer(ax::value) == 1;
 }
 
-std::optional<std::string> titleOf(const std::string& role, const MenuAX::Results& results) {
-    const auto title = MenuAX::string(results[Title]);
-    if (role == MenuAX::menuItemRole) return title;
-    const auto label = MenuAX::label(std::span(results).first(labelSlots));
+std::optional<std::string> titleOf(const std::string& role, const Attributes& attributes) {
+    const auto title = attributes.as<std::string>(ax::title);
+    if (role == ax::menuItemRole) return title;
+    const auto label = attributes.firstText({ax::title, ax::description, ax::value, ax::help});
     return label ? label : title;
 }
 
-PinnedMenuNode nodeFrom(const MenuAX::Results& results) {
+PinnedMenuNode nodeFrom(const Attributes& attributes) {
     PinnedMenuNode node;
-    node.role = MenuAX::string(results[Role]).value_or(std::string{});
-    node.subrole = MenuAX::string(results[Subrole]);
-    node.title = titleOf(node.role, results);
-    node.identifier = MenuAX::string(results[Identifier]);
-    node.isEnabled = MenuAX::boolean(results[Enabled]);
-    node.shortcut = MenuAX::shortcut(MenuAX::string(results[CommandCharacter]),
-                                     MenuAX::integer(results[CommandModifiers]));
-    node.isChecked = isChecked(node.role, results);
+    node.role = attributes.as<std::string>(ax::role).value_or(std::string{});
+    node.subrole = attributes.as<std::string>(ax::subrole);
+    node.title = titleOf(node.role, attributes);
+    node.identifier = attributes.as<std::string>(ax::identifier);
+    node.isEnabled = attributes.isTrue(ax::enabled);
+    node.shortcut = menuShortcut(attributes.as<std::string>(ax::commandCharacter),
+                                 attributes.integer(ax::commandModifiers));
+    node.isChecked = isChecked(node.role, attributes);
     return node;
 }
 
@@ -79,24 +67,24 @@ MenuTreeReader::Result<PinnedMenuNode> MenuTreeReader::root(const AccessibilityE
 
 MenuTreeReader::Result<PinnedMenuNode> MenuTreeReader::node(const AccessibilityElement& element, int depth,
                                                             Reach reach, const AbandonFlag& abandoned) {
-    if (abandoned.isRaised()) return std::unexpected(MenuReadFailure::Abandoned);
+    if (abandoned.isRaised()) return std::unexpected(ReadFailure::Abandoned);
     --budget_;
-    accessibility_.setMessagingTimeout(element, MenuAX::messagingTimeout);
     const auto index = elements_.size();
     elements_.push_back(element);
     depths_.push_back(depth);
     const bool descends = reach == Reach::Subtree && depth < limits_.maximumDepth;
-    // Asking for the children that nobody wants could make an application build a submenu.
-    const auto results = MenuAX::read(accessibility_, element,
-                                      std::span(nodeAttributes).first(descends ? Children + 1 : Children));
-    if (!results) return std::unexpected(results.error());
-    auto actions = MenuAX::actions(accessibility_, element);
+    const auto attributes =
+        tavrin::read(accessibility_, element,
+                     descends ? std::span<const std::string_view>(nodeAttributes) : withoutChildren,
+                     MenuAccess::messagingTimeout);
+    if (!attributes) return std::unexpected(attributes.error());
+    auto actions = readActions(accessibility_, element, MenuAccess::messagingTimeout);
     if (!actions) return std::unexpected(actions.error());
-    auto read = nodeFrom(*results);
+    auto read = nodeFrom(*attributes);
     read.elementIndex = index;
     read.actions = std::move(*actions);
     if (!descends) return read;
-    for (const auto& child : MenuAX::children((*results)[Children])) {
+    for (const auto& child : attributes->elements(ax::children)) {
         if (budget_ < 1) break;
         auto below = node(child, depth + 1, reach, abandoned);
         if (!below) return below;
@@ -107,15 +95,16 @@ MenuTreeReader::Result<PinnedMenuNode> MenuTreeReader::node(const AccessibilityE
 
 bool MenuTreeReader::isDescendable(const PinnedMenuNode& node) const {
     // The menu of an item is a level of its own.
-    const int levels = node.role == MenuAX::menuRole ? 1 : 2;
+    const int levels = node.role == ax::menuRole ? 1 : 2;
     return depths_[node.elementIndex] + levels <= limits_.maximumDepth;
 }
 
-MenuTreeReader::Result<MenuAX::Elements>
+MenuTreeReader::Result<AccessibilityElements>
 MenuTreeReader::childrenOf(const AccessibilityElement& element) const {
-    const auto results = MenuAX::read(accessibility_, element, std::array{ax::children});
-    if (!results) return std::unexpected(results.error());
-    return MenuAX::children(results->front());
+    auto children =
+        readOne<AccessibilityElements>(accessibility_, element, ax::children, MenuAccess::messagingTimeout);
+    if (!children) return std::unexpected(children.error());
+    return std::move(*children).value_or(AccessibilityElements{});
 }
 
 MenuTreeReader::Result<void> MenuTreeReader::readItems(PinnedMenuNode& parent, const AbandonFlag& abandoned) {
@@ -128,7 +117,7 @@ MenuTreeReader::Result<void> MenuTreeReader::readItems(PinnedMenuNode& parent, c
         if (budget_ < 1) break;
         auto item = node(child, depth + 1, Reach::Alone, abandoned);
         if (!item) return std::unexpected(item.error());
-        if (item->role == MenuAX::menuRole) {
+        if (item->role == ax::menuRole) {
             if (auto below = readItems(*item, abandoned); !below) return below;
         }
         parent.children.push_back(std::move(*item));
@@ -140,8 +129,7 @@ MenuTreeReader::Result<bool> MenuTreeReader::hasItems(const PinnedMenuNode& node
     const auto children = childrenOf(elementOf(node));
     if (!children) return std::unexpected(children.error());
     // The one child of an item is its menu.
-    if (children->size() != 1 || node.role == MenuAX::menuRole) return !children->empty();
-    accessibility_.setMessagingTimeout(children->front(), MenuAX::messagingTimeout);
+    if (children->size() != 1 || node.role == ax::menuRole) return !children->empty();
     const auto below = childrenOf(children->front());
     if (!below) return std::unexpected(below.error());
     return !below->empty();

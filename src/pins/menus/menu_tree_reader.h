@@ -1,7 +1,7 @@
 #pragma once
 
+#include "accessibility/attributes.h"
 #include "concurrency/waits.h"
-#include "pins/menus/menu_ax.h"
 #include "pins/menus/pinned_menu_node.h"
 #include "platform/accessibility.h"
 
@@ -29,7 +29,7 @@ class MenuTreeReader {
         , budget_(limits.maximumNodes) {}
 
     template <class T>
-    using Result = std::expected<T, MenuReadFailure>;
+    using Result = std::expected<T, ReadFailure>;
 
     /// What was read, in that order; nodes name their elements by the index. They are references to what may
     /// be gone.
@@ -59,7 +59,7 @@ class MenuTreeReader {
 
     Result<PinnedMenuNode> node(const AccessibilityElement& element, int depth, Reach reach,
                                 const AbandonFlag& abandoned);
-    Result<MenuAX::Elements> childrenOf(const AccessibilityElement& element) const;
+    Result<AccessibilityElements> childrenOf(const AccessibilityElement& element) const;
 
     Accessibility& accessibility_;
     Limits limits_;

@@ -1,7 +1,7 @@
 #include "pins/menus/pinned_menu_node.h"
 
-#include "pins/menus/menu_ax.h"
 #include "pins/store/menu_title.h"
+#include "platform/accessibility_names.h"
 
 #include <algorithm>
 #include <iterator>
@@ -15,7 +15,7 @@ constexpr std::string_view whitespace = " \t\n\r";
 
 void addItems(const PinnedMenuNode& node, PinnedMenuNode::Items& items) {
     for (const auto& child : node.children) {
-        if (child.role == MenuAX::menuRole)
+        if (child.role == ax::menuRole)
             addItems(child, items);
         else
             items.push_back(&child);

@@ -1,11 +1,11 @@
 #include "pins/running/app_menu_bar_session.h"
 
-#include "concurrency/waits.h"
+#include "concurrency/wait_until.h"
+#include "platform/accessibility_names.h"
 #include "platform/events.h"
 #include "platform/window_server.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace tavrin {
@@ -63,50 +63,36 @@ Task<PinnedRunResult> AppMenuBarSession::press(PinnedAction pin) {
 /// An application that doesn't answer is found out by the reading.
 Task<> AppMenuBarSession::bringForward() {
     access_.platform.workspace.activate(application_.processIdentifier);
-    const auto& scheduler = access_.platform.scheduler;
-    const auto until = scheduler.now() + comingForwardTime;
-    do {
-        if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
-        const auto read =
-            co_await runOn(access_.queue, [&accessibility = access_.platform.accessibility,
-                                           process = application_.processIdentifier](const AbandonFlag&) {
-                const auto application = accessibility.application(process);
-                accessibility.setMessagingTimeout(application, MenuAX::messagingTimeoutWhileOpening);
-                return MenuAX::read(accessibility, application, std::array{MenuAX::frontmost});
-            });
-        if (!read || !*read || MenuAX::boolean((*read)->front())) co_return;
-    } while (scheduler.now() < until);
+    if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
+    (void)co_await waitUntil(
+        access_.platform.scheduler, [this] { return isFrontmostOrSilent(); }, MenuAccess::pollInterval,
+        comingForwardTime - MenuAccess::pollInterval);
+}
+
+Task<bool> AppMenuBarSession::isFrontmostOrSilent() {
+    const auto isFrontmost = co_await access_.messenger.readOne<bool>(
+        access_.platform.accessibility.application(application_.processIdentifier), ax::frontmost,
+        MenuAccess::messagingTimeoutWhileOpening);
+    co_return !isFrontmost || isFrontmost->value_or(false);
 }
 
 Task<AppMenuBarSession::Bar> AppMenuBarSession::menuBar() {
-    const auto bar =
-        co_await runOn(access_.queue,
-                       [&accessibility = access_.platform.accessibility,
-                        process = application_.processIdentifier](const AbandonFlag&) -> Bar {
-                           const auto application = accessibility.application(process);
-                           accessibility.setMessagingTimeout(application, MenuAX::messagingTimeout);
-                           const auto results =
-                               MenuAX::read(accessibility, application, std::array{ax::menuBar});
-                           if (!results) return std::unexpected(results.error());
-                           return MenuAX::element(results->front());
-                       });
-    co_return bar.value_or(std::unexpected(MenuReadFailure::Abandoned));
+    return access_.messenger.readOne<AccessibilityElement>(
+        access_.platform.accessibility.application(application_.processIdentifier), ax::menuBar,
+        MenuAccess::messagingTimeout);
 }
 
 Task<> AppMenuBarSession::close(AccessibilityElement opened) {
-    const auto& scheduler = access_.platform.scheduler;
     for (const bool isByKey : {false, true}) {
         if (!showsMenu()) co_return;
         if (isByKey)
             postEscape();
         else
-            (void)co_await runOn(
-                access_.queue, [&accessibility = access_.platform.accessibility, opened](const AbandonFlag&) {
-                    return accessibility.perform(opened, MenuAX::cancelAction);
-                });
-        const auto until = scheduler.now() + MenuAccess::closingTime;
-        while (showsMenu() && scheduler.now() < until)
-            if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
+            (void)co_await access_.messenger.perform(opened, ax::cancelAction, MenuAccess::messagingTimeout);
+        const auto waited = co_await waitUntil(
+            access_.platform.scheduler, [this] { return !showsMenu(); }, MenuAccess::pollInterval,
+            MenuAccess::closingTime);
+        if (waited == Waited::CutShort) co_return;
     }
 }
 

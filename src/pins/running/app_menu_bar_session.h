@@ -27,9 +27,10 @@ class AppMenuBarSession {
     Task<PinnedRunResult> press(PinnedAction pin);
 
   private:
-    using Bar = std::expected<std::optional<AccessibilityElement>, MenuReadFailure>;
+    using Bar = AxMessenger::Answer<std::optional<AccessibilityElement>>;
 
     Task<> bringForward();
+    Task<bool> isFrontmostOrSilent();
     Task<Bar> menuBar();
     Task<> close(AccessibilityElement opened);
     bool showsMenu() const;

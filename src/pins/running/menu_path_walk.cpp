@@ -1,7 +1,7 @@
 #include "pins/running/menu_path_walk.h"
 
-#include "concurrency/waits.h"
-#include "platform/accessibility.h"
+#include "concurrency/wait_until.h"
+#include "platform/accessibility_names.h"
 
 #include <algorithm>
 
@@ -15,20 +15,26 @@ PinnedRunFailure itemChanged(std::string step, const PinnedMenuNode& parent) {
     return {std::move(changed)};
 }
 
+MenuTreeReader::Result<PinnedMenuNode> withItems(MenuTreeReader& reader, PinnedMenuNode parent,
+                                                 const AbandonFlag& abandoned) {
+    if (auto items = reader.readItems(parent, abandoned); !items) return std::unexpected(items.error());
+    return parent;
+}
+
 /// Whether it has a menu that shows nothing yet. An item without a menu is a command, which a press would
 /// run.
 bool isToBeOpened(const PinnedMenuNode& parent) {
     const bool hasMenu = parent.role == ax::menuBarItemRole ||
                          std::ranges::any_of(parent.children, [](const PinnedMenuNode& child) {
-                             return child.role == MenuAX::menuRole;
+                             return child.role == ax::menuRole;
                          });
     return hasMenu && parent.items().empty();
 }
 
 } // namespace
 
-PinnedRunFailure failureOf(MenuReadFailure failure, const std::string& application) {
-    if (failure == MenuReadFailure::Denied) return {PinnedRunFailure::AccessibilityDenied{}};
+PinnedRunFailure failureOf(ReadFailure failure, const std::string& application) {
+    if (failure == ReadFailure::Denied) return {PinnedRunFailure::AccessibilityDenied{}};
     return {PinnedRunFailure::TimedOut{application}};
 }
 
@@ -49,33 +55,28 @@ Task<PinnedRunResult> MenuPathWalk::press(AccessibilityElement root) {
     co_return co_await pressLast(std::move(trail));
 }
 
-MenuPathWalk::Level
-MenuPathWalk::levelFrom(std::optional<MenuTreeReader::Result<PinnedMenuNode>> read) const {
-    if (!read) return std::unexpected(failureOf(MenuReadFailure::Abandoned, pin_.applicationName));
-    if (!*read) return std::unexpected(failureOf(read->error(), pin_.applicationName));
-    return std::move(**read);
+MenuPathWalk::Level MenuPathWalk::levelFrom(MenuTreeReader::Result<PinnedMenuNode> read) const {
+    if (!read) return std::unexpected(failureOf(read.error(), pin_.applicationName));
+    return std::move(*read);
 }
 
 Task<MenuPathWalk::Level> MenuPathWalk::readRoot(AccessibilityElement root) {
-    auto read = co_await runOn(
-        access_.queue, [reader = reader_, root = std::move(root)](const AbandonFlag& abandoned) {
+    co_return levelFrom(co_await access_.messenger.ask(
+        [reader = reader_, root = std::move(root)](Accessibility&, const AbandonFlag& abandoned) {
             auto node = reader->root(root, abandoned);
-            if (!node) return node;
-            if (auto items = reader->readItems(*node, abandoned); !items)
-                return MenuTreeReader::Result<PinnedMenuNode>(std::unexpected(items.error()));
-            return node;
-        });
-    co_return levelFrom(std::move(read));
+            return node ? withItems(*reader, std::move(*node), abandoned) : node;
+        }));
+}
+
+Task<MenuPathWalk::Level> MenuPathWalk::readLevel(PinnedMenuNode parent) {
+    co_return levelFrom(co_await access_.messenger.ask(
+        [reader = reader_, parent = std::move(parent)](Accessibility&, const AbandonFlag& abandoned) {
+            return withItems(*reader, parent, abandoned);
+        }));
 }
 
 Task<MenuPathWalk::Level> MenuPathWalk::readItems(PinnedMenuNode parent) {
-    auto read =
-        co_await runOn(access_.queue, [reader = reader_, parent](const AbandonFlag& abandoned) mutable {
-            auto items = reader->readItems(parent, abandoned);
-            return items ? MenuTreeReader::Result<PinnedMenuNode>(std::move(parent))
-                         : std::unexpected(items.error());
-        });
-    auto level = levelFrom(std::move(read));
+    auto level = co_await readLevel(parent);
     if (!level || !isToBeOpened(*level) || !reader_->isDescendable(parent)) co_return level;
     co_return co_await openSubmenu(std::move(parent));
 }
@@ -86,31 +87,25 @@ Task<MenuPathWalk::Level> MenuPathWalk::openSubmenu(PinnedMenuNode parent) {
     if (!opened_) opened_ = element;
     // A menu that has opened keeps some applications from answering.
     (void)co_await perform(element);
-    if (!co_await waitForItems(parent)) {
-        parent.children.clear();
-        co_return parent;
-    }
-    auto read =
-        co_await runOn(access_.queue, [reader = reader_, parent](const AbandonFlag& abandoned) mutable {
-            auto items = reader->readItems(parent, abandoned);
-            return items ? MenuTreeReader::Result<PinnedMenuNode>(std::move(parent))
-                         : std::unexpected(items.error());
-        });
-    co_return levelFrom(std::move(read));
+    if (co_await waitForItems(parent)) co_return co_await readLevel(std::move(parent));
+    parent.children.clear();
+    co_return parent;
 }
 
+/// False at once when the application doesn't answer.
 Task<bool> MenuPathWalk::waitForItems(PinnedMenuNode parent) {
-    const auto& scheduler = access_.platform.scheduler;
-    const auto until = scheduler.now() + MenuAccess::submenuOpeningTime;
-    do {
-        const auto has = co_await runOn(access_.queue, [reader = reader_, parent](const AbandonFlag&) {
+    (void)co_await waitUntil(
+        access_.platform.scheduler, [this, parent] { return looksSettled(parent); }, MenuAccess::pollInterval,
+        MenuAccess::submenuOpeningTime);
+    co_return hasItems_.value_or(false);
+}
+
+Task<bool> MenuPathWalk::looksSettled(PinnedMenuNode parent) {
+    hasItems_ = co_await access_.messenger.ask(
+        [reader = reader_, parent = std::move(parent)](Accessibility&, const AbandonFlag&) {
             return reader->hasItems(parent);
         });
-        if (!has || !*has) co_return false;
-        if (**has) co_return true;
-        if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return false;
-    } while (scheduler.now() < until);
-    co_return false;
+    co_return hasItems_.value_or(true);
 }
 
 MenuPathWalk::Level MenuPathWalk::childFor(const PinnedMenuStep& step, const PinnedMenuNode& parent) const {
@@ -129,18 +124,14 @@ Task<PinnedRunResult> MenuPathWalk::pressLast(std::vector<PinnedMenuNode> trail)
     hasPressed_ = true;
     const auto pressed = co_await perform(reader_->elementOf(last));
     if (pressed) co_return PinnedRunResult{};
-    if (const auto ending = MenuAX::endingFailure(pressed.error()))
+    if (const auto ending = endingFailure(pressed.error()))
         co_return std::unexpected(failureOf(*ending, pin_.applicationName));
     hasPressed_ = false;
     co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::PressFailed{title}});
 }
 
 Task<std::expected<void, AccessibilityError>> MenuPathWalk::perform(AccessibilityElement element) {
-    const auto performed = co_await runOn(
-        access_.queue, [&accessibility = access_.platform.accessibility, element](const AbandonFlag&) {
-            return accessibility.perform(element, MenuAX::pressAction);
-        });
-    co_return performed.value_or(std::unexpected(AccessibilityError::CannotComplete));
+    return access_.messenger.perform(std::move(element), ax::pressAction, MenuAccess::messagingTimeout);
 }
 
 } // namespace tavrin

@@ -18,7 +18,7 @@ namespace tavrin {
 /// What becomes of a run. Of a run that was cancelled it says nothing.
 using PinnedRunResult = std::expected<void, PinnedRunFailure>;
 
-PinnedRunFailure failureOf(MenuReadFailure failure, const std::string& application);
+PinnedRunFailure failureOf(ReadFailure failure, const std::string& application);
 
 /// Goes down a stored path in a menu that is there to be read, and presses what it ends at. It reads only the
 /// levels that it passes. Main thread.
@@ -35,7 +35,7 @@ class MenuPathWalk {
     /// The outermost item that had to be pressed to make it show its items.
     const std::optional<AccessibilityElement>& opened() const { return opened_; }
 
-    /// Whether the last item was pressed, be it without an answer: then Escape could reach something else
+    /// Whether the last item was pressed, even without an answer: then Escape could reach something else
     /// than the menu.
     bool hasPressed() const { return hasPressed_; }
 
@@ -44,17 +44,20 @@ class MenuPathWalk {
 
     Task<Level> readRoot(AccessibilityElement root);
     Task<Level> readItems(PinnedMenuNode parent);
+    Task<Level> readLevel(PinnedMenuNode parent);
     Task<Level> openSubmenu(PinnedMenuNode parent);
     Task<bool> waitForItems(PinnedMenuNode parent);
+    Task<bool> looksSettled(PinnedMenuNode parent);
     Task<PinnedRunResult> pressLast(std::vector<PinnedMenuNode> trail);
     Task<std::expected<void, AccessibilityError>> perform(AccessibilityElement element);
     Level childFor(const PinnedMenuStep& step, const PinnedMenuNode& parent) const;
-    Level levelFrom(std::optional<MenuTreeReader::Result<PinnedMenuNode>> read) const;
+    Level levelFrom(MenuTreeReader::Result<PinnedMenuNode> read) const;
 
     MenuAccess access_;
     std::shared_ptr<MenuTreeReader> reader_;
     PinnedAction pin_;
     std::optional<AccessibilityElement> opened_;
+    MenuTreeReader::Result<bool> hasItems_ = false; // as last seen below the submenu that opens
     bool hasPressed_ = false;
 };
 

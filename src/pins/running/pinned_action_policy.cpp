@@ -1,7 +1,7 @@
 #include "pins/running/pinned_action_policy.h"
 
-#include "pins/menus/menu_ax.h"
 #include "pins/store/menu_title.h"
+#include "platform/accessibility_names.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +64,7 @@ std::optional<NodeExclusion> exclusion(const PinnedMenuNode& node) {
     if (isExcluded(node.role) || isExcluded(node.subrole.value_or("")) || node.isChecked)
         return NodeExclusion::Toggle;
     if (!node.isEnabled) return NodeExclusion::Disabled;
-    const bool isPressable = std::ranges::find(node.actions, MenuAX::pressAction) != node.actions.end();
+    const bool isPressable = std::ranges::find(node.actions, ax::pressAction) != node.actions.end();
     return isPressable ? std::nullopt : std::optional(NodeExclusion::NotPressable);
 }
 

@@ -38,7 +38,7 @@ PinnedActionsController::PinnedActionsController(const Platform& platform,
     , store_(platform.defaults, platform.text)
     , notice_(platform)
     , queue_(platform.scheduler.makeSerialQueue(platform.application.bundleIdentifier() + ".pinned-actions"))
-    , runner_({platform, *queue_}) {
+    , runner_({platform, AxMessenger(platform.accessibility, *queue_)}) {
     store_.fillMissingIcons([this](const std::string& bundleIdentifier) {
         return PinnedIcon::pngData(platform_.workspace, std::nullopt, bundleIdentifier);
     });

@@ -1,6 +1,5 @@
 #include "pins/running/pinned_runner.h"
 
-#include "concurrency/waits.h"
 #include "pins/running/app_menu_bar_session.h"
 #include "pins/running/status_menu_session.h"
 
@@ -45,12 +44,10 @@ Task<PinnedRunner::Found> PinnedRunner::findStatusItem(PinnedAction pin) {
     const auto running = runningWith(pin.bundleIdentifier);
     if (running.empty())
         co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::AppNotRunning{pin.applicationName}});
-    const auto read =
-        co_await runOn(access_.queue, [&accessibility = access_.platform.accessibility, running,
-                                       bundle = pin.bundleIdentifier](const AbandonFlag& abandoned) {
+    const auto items = co_await access_.messenger.ask(
+        [running, bundle = pin.bundleIdentifier](Accessibility& accessibility, const AbandonFlag& abandoned) {
             return LiveStatusItems::items(accessibility, running, bundle, abandoned);
         });
-    const auto items = read.value_or(std::unexpected(MenuReadFailure::Abandoned));
     if (!items) co_return std::unexpected(tavrin::failureOf(items.error(), pin.applicationName));
     std::vector<PinnedStatusItemReference::Candidate> candidates;
     for (const auto& item : *items) candidates.push_back(item.candidate());

@@ -1,7 +1,8 @@
 #include "pins/running/status_menu_session.h"
 
-#include "concurrency/waits.h"
-#include "gestures/pointer_gesture.h"
+#include "concurrency/wait_until.h"
+#include "gestures/click.h"
+#include "platform/accessibility_names.h"
 #include "platform/events.h"
 #include "platform/screens.h"
 #include "platform/window_server.h"
@@ -13,8 +14,6 @@
 namespace tavrin {
 
 namespace {
-
-constexpr Seconds clickTime{0.01};
 
 bool hasPopUpWindow(const WindowServer& windowServer, ProcessIdentifier owner) {
     return std::ranges::any_of(windowServer.onScreenWindows(), [&](const OnScreenWindow& window) {
@@ -43,67 +42,55 @@ void StatusMenuSession::postEscape() {
 StatusMenuSession::Sighting StatusMenuSession::look(Accessibility& accessibility,
                                                     const WindowServer& windowServer,
                                                     const LiveStatusItem& item, Seconds timeout) {
-    const auto results =
-        MenuAX::read(accessibility, item.element, std::array{MenuAX::shownMenu, ax::children});
-    if (!results)
-        return {results.error() == MenuReadFailure::Denied ? Presence::Denied : Presence::Unanswered, {}};
-    if (const auto shown = MenuAX::element(results->front())) {
-        accessibility.setMessagingTimeout(*shown, timeout);
-        const auto children = MenuAX::read(accessibility, *shown, std::array{ax::children});
+    const auto attributes =
+        read(accessibility, item.element, std::array{ax::shownMenu, ax::children}, timeout);
+    if (!attributes)
+        return {attributes.error() == ReadFailure::Denied ? Presence::Denied : Presence::Unanswered, {}};
+    if (const auto shown = attributes->as<AccessibilityElement>(ax::shownMenu)) {
+        const auto children = readOne<AccessibilityElements>(accessibility, *shown, ax::children, timeout);
         if (!children) return {Presence::Unanswered, {}};
-        if (!MenuAX::children(children->front()).empty()) return {Presence::Shown, shown};
+        if (*children && !(*children)->empty()) return {Presence::Shown, shown};
     }
     // The item's menu may be in the tree while it is closed.
     if (!hasPopUpWindow(windowServer, item.processIdentifier)) return {};
-    return menuAmong(accessibility, MenuAX::children(results->back()), timeout);
+    return menuAmong(accessibility, attributes->elements(ax::children), timeout);
 }
 
 StatusMenuSession::Sighting StatusMenuSession::menuAmong(Accessibility& accessibility,
-                                                         const MenuAX::Elements& children, Seconds timeout) {
+                                                         const AccessibilityElements& children,
+                                                         Seconds timeout) {
     for (const auto& child : children) {
-        accessibility.setMessagingTimeout(child, timeout);
-        const auto results = MenuAX::read(accessibility, child, std::array{ax::role, ax::children});
-        if (!results) return {Presence::Unanswered, {}};
-        const bool isMenu = MenuAX::string(results->front()) == MenuAX::menuRole;
-        if (isMenu && !MenuAX::children(results->back()).empty()) return {Presence::Shown, child};
+        const auto attributes = read(accessibility, child, std::array{ax::role, ax::children}, timeout);
+        if (!attributes) return {Presence::Unanswered, {}};
+        const bool isMenu = attributes->as<std::string>(ax::role) == ax::menuRole;
+        if (isMenu && !attributes->elements(ax::children).empty()) return {Presence::Shown, child};
     }
     return {};
 }
 
 Task<StatusMenuSession::Sighting> StatusMenuSession::look(Seconds timeout) {
-    const auto& platform = access_.platform;
-    auto sighting = co_await runOn(access_.queue, [&accessibility = platform.accessibility,
-                                                   &windowServer = std::as_const(platform.windowServer),
-                                                   item = item_, timeout](const AbandonFlag&) {
-        return look(accessibility, windowServer, item, timeout);
-    });
+    const auto sighting = co_await access_.messenger.ask(
+        [&windowServer = std::as_const(access_.platform.windowServer), item = item_,
+         timeout](Accessibility& accessibility, const AbandonFlag&) -> AxMessenger::Answer<Sighting> {
+            return look(accessibility, windowServer, item, timeout);
+        });
     co_return sighting.value_or(Sighting{Presence::Unanswered, {}});
 }
 
-Task<std::optional<AccessibilityError>> StatusMenuSession::perform(AccessibilityElement element,
-                                                                   std::string_view action) {
-    const auto performed = co_await runOn(
-        access_.queue, [&accessibility = access_.platform.accessibility, element,
-                        action](const AbandonFlag&) { return accessibility.perform(element, action); });
-    if (!performed) co_return AccessibilityError::CannotComplete;
-    co_return *performed ? std::nullopt : std::optional(performed->error());
-}
-
 Task<std::expected<void, StatusMenuSession::Failure>> StatusMenuSession::open(Seconds timeout) {
-    auto& accessibility = access_.platform.accessibility;
-    accessibility.setMessagingTimeout(item_.element, MenuAX::messagingTimeoutWhileOpening);
-    const bool isPressable = std::ranges::find(item_.actions, MenuAX::pressAction) != item_.actions.end();
+    const bool isPressable = std::ranges::find(item_.actions, ax::pressAction) != item_.actions.end();
     mayBeOpen_ = true;
     // What the answer says doesn't matter: an application may be unable to answer because its menu is open.
-    (void)co_await perform(item_.element, isPressable ? MenuAX::pressAction : MenuAX::showMenuAction);
+    (void)co_await access_.messenger.perform(item_.element,
+                                             isPressable ? ax::pressAction : ax::showMenuAction,
+                                             MenuAccess::messagingTimeoutWhileOpening);
     auto presence = co_await waitForMenu(timeout);
     if (presence == Presence::Absent && canBeClicked()) {
         openedByClick_ = true;
-        co_await click();
+        (void)co_await postClick(access_.platform.events, {.location = item_.frame->middle()});
         presence = co_await waitForMenu(timeout);
     }
     if (co_await isCancelled()) co_return std::unexpected(Failure::DidNotOpen);
-    accessibility.setMessagingTimeout(item_.element, MenuAX::messagingTimeout);
     if (presence == Presence::Shown) co_return std::expected<void, Failure>{};
     mayBeOpen_ = false;
     if (presence == Presence::Denied) co_return std::unexpected(Failure::Denied);
@@ -113,18 +100,17 @@ Task<std::expected<void, StatusMenuSession::Failure>> StatusMenuSession::open(Se
 /// Unanswered when no look was answered: of such an application nothing is known, and a click would reach it
 /// at some later time.
 Task<StatusMenuSession::Presence> StatusMenuSession::waitForMenu(Seconds timeout) {
-    const auto& scheduler = access_.platform.scheduler;
-    const auto until = scheduler.now() + timeout;
-    auto seen = Presence::Unanswered;
-    do {
-        auto sighting = co_await look(MenuAX::messagingTimeoutWhileOpening);
-        if (sighting.presence == Presence::Shown) menu_ = std::move(sighting.menu);
-        if (sighting.presence == Presence::Shown || sighting.presence == Presence::Denied)
-            co_return sighting.presence;
-        if (sighting.presence == Presence::Absent) seen = Presence::Absent;
-        if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return seen;
-    } while (scheduler.now() < until);
-    co_return seen;
+    seen_ = Presence::Unanswered;
+    (void)co_await waitUntil(
+        access_.platform.scheduler, [this] { return looksDecided(); }, MenuAccess::pollInterval, timeout);
+    co_return seen_;
+}
+
+Task<bool> StatusMenuSession::looksDecided() {
+    auto sighting = co_await look(MenuAccess::messagingTimeoutWhileOpening);
+    if (sighting.presence == Presence::Shown) menu_ = std::move(sighting.menu);
+    if (sighting.presence != Presence::Unanswered) seen_ = sighting.presence;
+    co_return seen_ == Presence::Shown || seen_ == Presence::Denied;
 }
 
 bool StatusMenuSession::canBeClicked() const {
@@ -134,29 +120,12 @@ bool StatusMenuSession::canBeClicked() const {
     });
 }
 
-Task<> StatusMenuSession::click() {
-    MouseEvent event;
-    event.type = MouseEventType::LeftUp;
-    event.location = item_.frame->middle();
-    event.clickState = 1;
-    const auto gesture = PointerGesture::create(access_.platform.events, event,
-                                                {.tap = EventTap::Session, .process = std::nullopt});
-    if (!gesture) co_return;
-    auto down = event;
-    down.type = MouseEventType::LeftDown;
-    if (!gesture->post(down)) co_return;
-    if (co_await sleepFor(clickTime) == Wake::CutShort) co_return;
-    gesture->release();
-    gesture->restore();
-}
-
-Task<std::expected<PinnedMenuNode, MenuReadFailure>> StatusMenuSession::snapshot() {
-    if (!menu_) co_return std::unexpected(MenuReadFailure::Abandoned);
-    auto tree =
-        co_await runOn(access_.queue, [reader = reader_, menu = *menu_](const AbandonFlag& abandoned) {
+Task<std::expected<PinnedMenuNode, ReadFailure>> StatusMenuSession::snapshot() {
+    if (!menu_) co_return std::unexpected(ReadFailure::Abandoned);
+    co_return co_await access_.messenger.ask(
+        [reader = reader_, menu = *menu_](Accessibility&, const AbandonFlag& abandoned) {
             return reader->tree(menu, abandoned);
         });
-    co_return tree.value_or(std::unexpected(MenuReadFailure::Abandoned));
 }
 
 Task<PinnedRunResult> StatusMenuSession::press(PinnedAction pin) {
@@ -169,33 +138,35 @@ Task<PinnedRunResult> StatusMenuSession::press(PinnedAction pin) {
     co_return result;
 }
 
+/// A look that isn't answered ends the wait: more of them would cost as much each.
 Task<bool> StatusMenuSession::waitUntilMenuCloses(Seconds timeout) {
-    const auto& scheduler = access_.platform.scheduler;
-    const auto until = scheduler.now() + timeout;
-    do {
-        const auto sighting = co_await look(MenuAX::messagingTimeout);
-        if (sighting.presence == Presence::Absent) {
-            menu_.reset();
-            mayBeOpen_ = false;
-            co_return true;
-        }
-        if (sighting.presence != Presence::Shown) co_return false; // more looks would cost as much each
-        if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return false;
-    } while (scheduler.now() < until);
-    co_return false;
+    seen_ = Presence::Shown;
+    (void)co_await waitUntil(
+        access_.platform.scheduler, [this] { return looksOtherThanShown(); }, MenuAccess::pollInterval,
+        timeout);
+    if (seen_ != Presence::Absent) co_return false;
+    menu_.reset();
+    mayBeOpen_ = false;
+    co_return true;
+}
+
+Task<bool> StatusMenuSession::looksOtherThanShown() {
+    const auto sighting = co_await look(MenuAccess::messagingTimeout);
+    seen_ = sighting.presence;
+    co_return seen_ != Presence::Shown;
 }
 
 Task<> StatusMenuSession::close() {
     if (!menu_ || !mayBeOpen_) co_return;
-    const auto error = co_await perform(*menu_, MenuAX::cancelAction);
+    const auto performed =
+        co_await access_.messenger.perform(*menu_, ax::cancelAction, MenuAccess::messagingTimeout);
     if (co_await isCancelled()) co_return;
-    if (error != AccessibilityError::CannotComplete && co_await waitUntilMenuCloses(MenuAccess::closingTime))
-        co_return;
+    const bool answers = performed || performed.error() != AccessibilityError::CannotComplete;
+    if (answers && co_await waitUntilMenuCloses(MenuAccess::closingTime)) co_return;
     if (co_await isCancelled()) co_return;
     mayBeOpen_ = false;
     postEscape();
-    if (error != AccessibilityError::CannotComplete)
-        (void)co_await waitUntilMenuCloses(MenuAccess::closingTime);
+    if (answers) (void)co_await waitUntilMenuCloses(MenuAccess::closingTime);
 }
 
 } // namespace tavrin

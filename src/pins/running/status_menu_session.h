@@ -35,7 +35,7 @@ class StatusMenuSession {
     bool openedByClick() const { return openedByClick_; }
 
     /// Reads the whole of the open menu.
-    Task<std::expected<PinnedMenuNode, MenuReadFailure>> snapshot();
+    Task<std::expected<PinnedMenuNode, ReadFailure>> snapshot();
 
     /// Walks the pin's path in the open menu and presses its last item.
     Task<PinnedRunResult> press(PinnedAction pin);
@@ -56,19 +56,20 @@ class StatusMenuSession {
 
     static Sighting look(Accessibility& accessibility, const WindowServer& windowServer,
                          const LiveStatusItem& item, Seconds timeout);
-    static Sighting menuAmong(Accessibility& accessibility, const MenuAX::Elements& children,
+    static Sighting menuAmong(Accessibility& accessibility, const AccessibilityElements& children,
                               Seconds timeout);
 
     Task<Sighting> look(Seconds timeout);
+    Task<bool> looksDecided();
     Task<Presence> waitForMenu(Seconds timeout);
-    Task<std::optional<AccessibilityError>> perform(AccessibilityElement element, std::string_view action);
-    Task<> click();
+    Task<bool> looksOtherThanShown();
     bool canBeClicked() const;
     void postEscape();
 
     MenuAccess access_;
     LiveStatusItem item_;
     std::optional<AccessibilityElement> menu_;
+    Presence seen_ = Presence::Unanswered; // in the present wait
     std::shared_ptr<MenuTreeReader> reader_;
     bool openedByClick_ = false;
     bool mayBeOpen_ = false;

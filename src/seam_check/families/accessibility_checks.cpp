@@ -1,4 +1,5 @@
 #include "platform/accessibility.h"
+#include "platform/accessibility_names.h"
 #include "platform/application.h"
 #include "platform/screens.h"
 #include "platform/workspace.h"

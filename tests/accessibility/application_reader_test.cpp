@@ -1,5 +1,5 @@
-#include "discovery/application_reader.h"
-#include "discovery/fake_accessibility.h"
+#include "accessibility/application_reader.h"
+#include "support/fake_accessibility.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,9 @@ class ApplicationReaderTest : public testing::Test {
         ax_.nodes[bar].attributes["AXRole"] = "AXMenuBar";
     }
 
-    std::expected<std::vector<MenuBarElement>, ApplicationReader::Failure>
-    read(const char* bundle = "org.a") {
-        return ApplicationReader(ax_, Seconds{0.5}, abandoned_).readItems(process, bundle);
+    std::expected<std::vector<MenuBarElement>, ReadFailure>
+    read(ApplicationReader::Bars bars = ApplicationReader::Bars::Extras) {
+        return ApplicationReader(ax_, Seconds{0.5}, abandoned_).readItems(process, bars);
     }
 
     std::vector<int> readNumbers() {
@@ -51,8 +51,8 @@ TEST_F(ApplicationReaderTest, applesApplicationsMayUseTheirOnlyMenuBar) {
     attributes["AXMenuBar"] = attributes.extract("AXExtrasMenuBar").mapped();
     ax_.setChildren(bar, {1});
     ax_.makeItem(1, 10);
-    EXPECT_EQ(read("org.a")->size(), 0u);
-    EXPECT_EQ(read("com.apple.a")->size(), 1u);
+    EXPECT_EQ(read()->size(), 0u);
+    EXPECT_EQ(read(ApplicationReader::Bars::ExtrasElseMenuBar)->size(), 1u);
 }
 
 TEST_F(ApplicationReaderTest, walksNoDeeperThanItsLimit) {
@@ -90,20 +90,40 @@ TEST_F(ApplicationReaderTest, failuresEndTheReadingAtOnceAndWhole) {
 
     ax_.messages = 0;
     ax_.nodes[2].error = AccessibilityError::CannotComplete;
-    EXPECT_EQ(read().error(), ApplicationReader::Failure::TimedOut);
+    EXPECT_EQ(read().error(), ReadFailure::TimedOut);
     EXPECT_EQ(ax_.messages, 4) << "nothing is asked after the time-out";
     ax_.nodes[2].error = AccessibilityError::ApiDisabled;
-    EXPECT_EQ(read().error(), ApplicationReader::Failure::Denied);
+    EXPECT_EQ(read().error(), ReadFailure::Denied);
 
     ax_.nodes[process].error = AccessibilityError::CannotComplete;
     ax_.messages = 0;
-    EXPECT_EQ(read("com.apple.a").error(), ApplicationReader::Failure::TimedOut);
+    EXPECT_EQ(read(ApplicationReader::Bars::ExtrasElseMenuBar).error(), ReadFailure::TimedOut);
     EXPECT_EQ(ax_.messages, 1) << "a hung application costs one time-out";
 
     abandoned_.raise();
     ax_.messages = 0;
-    EXPECT_EQ(read().error(), ApplicationReader::Failure::Abandoned);
+    EXPECT_EQ(read().error(), ReadFailure::Abandoned);
     EXPECT_EQ(ax_.messages, 0);
+}
+
+TEST_F(ApplicationReaderTest, anErrorInOneSlotMakesThatAttributeAbsent) {
+    ax_.setChildren(bar, {1, 2});
+    for (const int item : {1, 2}) ax_.makeItem(item, item * 30, "id");
+    ax_.nodes[1].attributes["AXTitle"] = "One";
+    for (const auto error : {AccessibilityError::CannotComplete, AccessibilityError::ApiDisabled,
+                             AccessibilityError::InvalidElement}) {
+        ax_.nodes[1].slotErrors = {{"AXIdentifier", error}, {"AXSize", error}};
+        const auto items = read();
+        ASSERT_TRUE(items);
+        ASSERT_EQ(items->size(), 2u);
+        EXPECT_FALSE(items->front().rawIdentifier);
+        EXPECT_FALSE(items->front().reportedFrame);
+        EXPECT_EQ(items->front().title, "One");
+        EXPECT_EQ(items->back().rawIdentifier, "id");
+    }
+    ax_.nodes[process].slotErrors = {{"AXExtrasMenuBar", AccessibilityError::CannotComplete}};
+    EXPECT_EQ(read().error(), ReadFailure::TimedOut)
+        << "of a message for one attribute it is the message's own";
 }
 
 TEST_F(ApplicationReaderTest, valuesOfTheWrongTypeAreAbsent) {

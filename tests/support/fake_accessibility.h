@@ -19,6 +19,7 @@ class FakeAccessibility final : public Accessibility {
         std::map<std::string, AttributeValue, std::less<>> attributes;
         std::optional<AccessibilityError> error; // of any message to it
         std::vector<std::string> actions{};
+        std::map<std::string, AccessibilityError, std::less<>> slotErrors{}; // of single attributes
     };
 
     bool isTrusted() const override { return trusted; }
@@ -98,6 +99,8 @@ class FakeAccessibility final : public Accessibility {
     };
 
     static AttributeResult value(const Node& node, std::string_view name) {
+        if (const auto error = node.slotErrors.find(name); error != node.slotErrors.end())
+            return std::unexpected(error->second);
         const auto found = node.attributes.find(name);
         if (found == node.attributes.end()) return std::unexpected(AccessibilityError::NoValue);
         return found->second;

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "accessibility/attributes.h"
 #include "concurrency/waits.h"
 #include "platform/accessibility.h"
 
 #include <expected>
-#include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,22 +20,18 @@ struct MenuBarElement {
     std::optional<std::string> title;
     std::optional<std::string> description;
     std::optional<std::string> help;
-    std::optional<Point> position;
-    std::optional<Size> size;
+    std::optional<Rect> reportedFrame; // none when any of it is missing
 
-    /// The frame as reported, and an empty one when any of it is missing.
-    Rect frame() const;
+    /// The frame as reported, else an empty one.
+    Rect frame() const { return reportedFrame.value_or(Rect{}); }
 };
 
 /// Reads the status items of one application with one message an element, so that a hung application costs
 /// one time-out: the first message that cannot be completed ends the reading. Off the main thread.
 class ApplicationReader {
   public:
-    enum class Failure {
-        TimedOut,  // the application does not answer
-        Denied,    // this process may not use Accessibility
-        Abandoned, // nobody waits for the result any more
-    };
+    /// Where an application's status items are looked for. Some of Apple's have them in their only menu bar.
+    enum class Bars { Extras, ExtrasElseMenuBar };
 
     /// Bounds of the walk, so that a broken or hostile tree ends.
     static constexpr int depthMax = 12;
@@ -47,13 +42,13 @@ class ApplicationReader {
 
     /// The elements of the status items in the order of the tree; empty when the application has none. The
     /// result is whole or a failure, since items are told apart by their index among all of them.
-    std::expected<std::vector<MenuBarElement>, Failure> readItems(ProcessIdentifier process,
-                                                                  std::string_view bundleIdentifier) const;
+    std::expected<std::vector<MenuBarElement>, ReadFailure> readItems(ProcessIdentifier process,
+                                                                      Bars bars) const;
 
   private:
     struct Visit {
         MenuBarElement element;
-        std::vector<AccessibilityElement> children;
+        AccessibilityElements children;
     };
 
     struct Pending {
@@ -61,12 +56,12 @@ class ApplicationReader {
         int depth;
     };
 
-    using BarResult = std::expected<std::optional<AccessibilityElement>, Failure>;
+    using BarResult = std::expected<std::optional<AccessibilityElement>, ReadFailure>;
 
-    BarResult findBar(ProcessIdentifier process, std::string_view bundleIdentifier) const;
+    BarResult findBar(ProcessIdentifier process, Bars bars) const;
     BarResult readBar(const AccessibilityElement& application, std::string_view attribute) const;
-    std::expected<std::vector<MenuBarElement>, Failure> walk(const AccessibilityElement& bar) const;
-    std::expected<std::optional<Visit>, Failure> visit(const AccessibilityElement& element) const;
+    std::expected<std::vector<MenuBarElement>, ReadFailure> walk(const AccessibilityElement& bar) const;
+    std::expected<Visit, ReadFailure> visit(const AccessibilityElement& element) const;
     static void pushChildren(std::vector<Pending>& stack, const Visit& parent, int depth,
                              std::size_t visitedCount);
 
