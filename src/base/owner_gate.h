@@ -10,7 +10,7 @@ namespace tavrin {
 /// thread.
 class OwnerGate {
   public:
-    /// Says to whoever keeps it whether the owner is still there. May be kept longer than the gate.
+    /// Tells whether the owner is still there. May be kept longer than the gate.
     class Pass {
       public:
         bool isOpen() const { return !open_.expired(); }

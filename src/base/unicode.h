@@ -14,9 +14,7 @@ namespace tavrin {
 // character never takes its neighbours along. ICU, browsers and the modelled Mac's JSON library answer the
 // same (a test compares them). Overlong forms, surrogates and values beyond U+10FFFF are no UTF-8. A caller
 // that refuses broken text asks `isUtf8` or a character's `isBroken`. Any thread.
-//
-// The library utfcpp isn't used: it makes one U+FFFD of a whole overlong or surrogate sequence, which is
-// another answer than that of everything around us, and takes apart what is broken by throwing.
+// docs/developing.md says why no library does this.
 
 inline constexpr char32_t replacementCharacter = 0xFFFD;
 
