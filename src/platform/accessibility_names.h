@@ -29,6 +29,11 @@ inline constexpr std::string_view menuBarItemRole = "AXMenuBarItem";
 inline constexpr std::string_view menuRole = "AXMenu";
 inline constexpr std::string_view menuItemRole = "AXMenuItem";
 inline constexpr std::string_view checkBoxRole = "AXCheckBox";
+inline constexpr std::string_view switchRole = "AXSwitch";
+inline constexpr std::string_view toggleRole = "AXToggle";
+inline constexpr std::string_view sliderRole = "AXSlider";
+inline constexpr std::string_view radioButtonRole = "AXRadioButton";
+inline constexpr std::string_view incrementorRole = "AXIncrementor";
 
 inline constexpr std::string_view pressAction = "AXPress";
 inline constexpr std::string_view showMenuAction = "AXShowMenu";

@@ -7,7 +7,7 @@
 namespace tavrin {
 
 /// The way to other applications' menus: messages go out by the messenger, and everything else happens on the
-/// main thread. The platform outlives all who have one.
+/// main thread. The platform outlives it.
 struct MenuAccess {
     const Platform& platform;
     AxMessenger messenger;

@@ -11,8 +11,8 @@ namespace tavrin::PinnedActionPolicy {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> excludedRoles{"AXCheckBox", "AXSwitch",      "AXToggle",
-                                                        "AXSlider",   "AXRadioButton", "AXIncrementor"};
+constexpr std::array excludedRoles{ax::checkBoxRole, ax::switchRole,      ax::toggleRole,
+                                   ax::sliderRole,   ax::radioButtonRole, ax::incrementorRole};
 
 // Each between single spaces, as in the words of a title.
 constexpr std::array<std::string_view, 21> disruptiveWords{

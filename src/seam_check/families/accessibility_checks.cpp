@@ -89,7 +89,7 @@ Task<Verdict> programReadsItself(Platform platform) {
     const auto own = ownApplication(platform);
     const auto role = co_await attributeOf(platform, own, ax::role);
     const auto title = co_await attributeOf(platform, own, ax::title);
-    const auto frontmost = co_await attributeOf(platform, own, "AXFrontmost");
+    const auto frontmost = co_await attributeOf(platform, own, ax::frontmost);
     const auto children = co_await attributeOf(platform, own, ax::children);
     Findings findings;
     findings.expect(isText(role, "AXApplication"), "its role is no text “AXApplication” but " + said(role));
@@ -109,8 +109,7 @@ Task<Verdict> unknownAttributesAreErrors(Platform platform) {
 Task<Verdict> batchesKeepTheirOrder(Platform platform) {
     auto& accessibility = platform.accessibility;
     const auto batch = co_await offTheMainThread(platform, [&accessibility, own = ownApplication(platform)] {
-        static constexpr std::array names{ax::role, unknownAttribute, ax::title,
-                                          std::string_view("AXFrontmost")};
+        static constexpr std::array names{ax::role, unknownAttribute, ax::title, ax::frontmost};
         return accessibility.attributes(own, names);
     });
     if (!batch || !*batch) co_return failed("The message gave " + (batch ? said(*batch) : "nothing") + ".");
