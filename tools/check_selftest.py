@@ -27,6 +27,7 @@ FLOORS_PAGE = """# Folders
 **Floor 4 · pins/** holds
 **Floor 4 · shortcuts/** holds
 **Floor 5 · core/** holds
+**Floor 6 · ui/** holds
 **Floor 6 · app/** holds
 ## The modelled Mac (`simulator/`)
 **Floor 1 · menu_bar/** holds
@@ -44,6 +45,7 @@ CLEAN = {
     "src/concurrency/task.h": "#include <thread>\n// 1'000 of 'em\nstd::thread worker;\n" + FILLER,
     "src/platform/clock.h": '#include "concurrency/task.h"\n',
     "src/core/manager.h": '#include "core/policy.h"\n#include "platform/clock.h"\n',
+    "src/ui/configure_texts.cpp": "bool f() { return mode == MenuBarRuntimeMode::divider; }\n",
     "src/core/policy.h": 'const char* s = "std::cout \\" throw";  // no throw, no getenv()\n',
     "src/core/manager.cpp": '#include "core/manager.h"\nint n = std::snprintf(b, 1, "");\n',
     "src/app/start.h": '#include "core/manager.h"\n',
@@ -63,7 +65,8 @@ CLEAN = {
     "tests/support/mac.cpp": '#include "support/mac.h"\n',
     "build/debug/generated.cpp": "throw\n",
 }
-BUILT = ["src/core/manager.cpp", "src/core/uses.cpp", "simulator/main.cpp", "tests/core/manager_test.cpp", "tests/support/mac.cpp"]
+BUILT = ["src/core/manager.cpp", "src/core/uses.cpp", "src/ui/configure_texts.cpp",
+         "simulator/main.cpp", "tests/core/manager_test.cpp", "tests/support/mac.cpp"]
 
 
 def include(name):
@@ -95,7 +98,7 @@ FAULTS = [
     ({"simulator/panel/list.h": "", **plus("simulator/driver/driver.h", include("panel/list.h"))},
      "simulator/panel/list.h:1", "no floor"),
     ({"docs/folders.md": FLOORS_PAGE.replace("Floor 2 · driver", "Floor 2 · tray/** holds\n**Floor 2 · driver")},
-     "docs/folders.md:12", "simulator/tray/, which isn't there"),
+     "docs/folders.md:13", "simulator/tray/, which isn't there"),
     # circles and names
     (plus("src/core/policy.h", include("core/manager.h")), "src/core/manager.h:1",
      "circle of files: src/core/manager.h, src/core/policy.h"),
@@ -142,6 +145,13 @@ FAULTS = [
     # proportions
     (plus("tests/support/mac.h", FILLER * 2), "tests/:1", "at most 33%"),
     (plus("src/core/manager.cpp", "\n" * 600), "src/core/manager.cpp:1", "602 lines"),
+    ({f"tests/scenarios/{n}.txt": "" for n in range(31)}, "tests/scenarios/:1", "31 files, at most 30"),
+    # constructors
+    (plus("src/core/six.h", f"struct Seven {{\n    Seven({SEVEN});\n}};\n"), "src/core/six.h:6", "Seven takes 7"),
+    # the way of hiding
+    *[(plus("src/core/manager.cpp", f"{code}\n"), f"src/core/manager.cpp:{line}", words) for code, line, words in [
+        ("if (mode() == MenuBarRuntimeMode::divider) f();", 3, "the mode is asked only where"),
+    ]],
 ]
 
 

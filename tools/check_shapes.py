@@ -1,4 +1,5 @@
-"""The shape of the code: long files, full folders, constructors that take too much."""
+"""The shape of the code: long files, full folders, constructors that take too much, and the way of
+hiding asked for in too many places."""
 
 import re
 from collections import Counter
@@ -10,6 +11,11 @@ FILES_IN_FOLDER_MAX = 30
 CONSTRUCTOR_PARAMETERS_MAX = 6
 
 CLASS = re.compile(r"\b(?:class|struct)\s+(\w+)(?:\s+final)?\s*(?::[^;{]*)?\{")
+MODE_ASKED = re.compile(r"\bMenuBarRuntimeMode::\w+")
+MODE_DEFINED_IN = "src/hiding/menu_bar_runtime_mode.h"
+# Where the mechanism is made, where Tavrin's own items are, and in texts.
+MODE_ASKED_IN = {"src/core/make_hiding_mechanism.cpp", "src/hiding/own_status_items.cpp", "src/ui/configure_texts.cpp"}
+
 BEFORE_A_CONSTRUCTOR = re.compile(r"(?:^|[;{}:>]|\bexplicit|\bconstexpr)\s*$")
 
 
@@ -25,6 +31,14 @@ def check_folders(tree):
     for folder, count in Counter(folder_of(path) for path in tree.texts).items():
         if folder.split("/")[0] in CPP_FOLDERS and count > FILES_IN_FOLDER_MAX:
             yield f"{folder}/:1: {count} files, at most {FILES_IN_FOLDER_MAX}; split it by idea"
+
+
+def check_mode(tree):
+    for path in tree.cpp("src", "simulator"):
+        code = code_of(tree.texts[path])
+        for match in MODE_ASKED.finditer(code) if path not in {MODE_DEFINED_IN, *MODE_ASKED_IN} else ():
+            yield (f"{path}:{line_of(code, match.start())}: {match.group()}: the mode is asked only where the "
+                   f"mechanism is made, of Tavrin's own items and for texts; ask the mechanism instead")
 
 
 def parameters_at(code, opening):
