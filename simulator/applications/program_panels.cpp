@@ -9,12 +9,7 @@ namespace mac_model {
 
 namespace {
 
-tavrin::View iconOf(const ProgramInfo& program) {
-    auto icon = tavrin::simple(tavrin::ViewKind::Icon);
-    icon.icon = tavrin::IconOfApplication{program.bundleIdentifier};
-    icon.width = icon.height = 64;
-    return icon;
-}
+tavrin::View iconOf(const ProgramInfo& program) { return tavrin::icon({program.bundleIdentifier}, 64); }
 
 } // namespace
 
@@ -45,8 +40,7 @@ void ProgramPanels::showAbout() {
 void ProgramPanels::showUpToDate() {
     const auto& program = program_.info();
     auto done = tavrin::button("OK", [this] { stack_.dismiss(upToDate_); },
-                               {.style = tavrin::ButtonStyle::Prominent});
-    done.isDefaultButton = true;
+                               {.style = tavrin::ButtonStyle::Prominent, .isDefault = true});
     Surface alert;
     alert.kind = SurfaceKind::Alert;
     alert.title = "Software Update";

@@ -18,14 +18,11 @@ constexpr double besideOtherWindows = 180; // so that it doesn't lie right on wh
 
 tavrin::View switchRow(const std::string& bundleIdentifier, const std::string& name, bool isOn,
                        std::function<void()> onPress) {
-    auto icon = tavrin::simple(tavrin::ViewKind::Icon);
-    icon.icon = tavrin::IconOfApplication{bundleIdentifier};
-    auto toggle = tavrin::simple(tavrin::ViewKind::Checkbox);
+    auto toggle = tavrin::checkbox("", isOn, std::move(onPress));
     toggle.accessibilityLabel = name;
-    toggle.isChecked = isOn;
-    toggle.onPress = std::move(onPress);
-    return tavrin::row({std::move(icon), tavrin::text(name), tavrin::spacer(), std::move(toggle)},
-                       {.isCentered = true});
+    return tavrin::row(
+        {tavrin::icon({bundleIdentifier}, 16), tavrin::text(name), tavrin::spacer(), std::move(toggle)},
+        {.isCentered = true});
 }
 
 ApplicationSpec application() {

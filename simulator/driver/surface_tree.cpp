@@ -1,7 +1,6 @@
 #include "driver/surface_tree.h"
 
 #include "driver/json_shapes.h"
-#include "screen/keyboard_focus.h"
 #include "screen/menu_layout.h"
 #include "views/view_queries.h"
 
@@ -12,7 +11,10 @@ namespace mac_model {
 namespace {
 
 using nlohmann::json;
-using tavrin::ViewKind;
+using tavrin::TextStyle;
+using tavrin::Tone;
+
+namespace kinds = tavrin::kinds;
 
 constexpr std::array<std::string_view, 4> textStyleNames{"body", "title", "heading", "caption"};
 constexpr std::array<std::string_view, 5> toneNames{"primary", "secondary", "accent", "positive", "warning"};
@@ -25,24 +27,55 @@ void put(json& node, const char* key, const std::string& value) {
 void putControl(json& node, const tavrin::View& view) {
     if (!isControl(view)) return;
     node["enabled"] = view.isEnabled;
-    if (view.kind == ViewKind::Checkbox) node["checked"] = view.isChecked;
-    if (view.kind == ViewKind::ShortcutRecorder) node["value"] = view.text;
-    if (view.isDefaultButton) node["default"] = true;
-    if (view.kind == ViewKind::Button) node["buttonStyle"] = buttonStyleNames[std::size_t(view.buttonStyle)];
     if (view.isEnabled) node["actions"].push_back("AXPress");
 }
 
-/// How it is drawn, as far as that isn't the usual.
-void putAppearance(json& node, const LaidOutView& laidOut) {
-    const auto& view = laidOut.view;
-    put(node, "symbol", view.symbol);
-    if (view.pointSize > 0) node["pointSize"] = number(view.pointSize);
-    if (view.icon) node["icon"] = view.icon->bundleIdentifier;
-    if (view.kind == ViewKind::Card) node["card"] = true;
-    if (view.textStyle != tavrin::TextStyle::Body)
-        node["textStyle"] = textStyleNames[std::size_t(view.textStyle)];
-    if (view.tone != tavrin::Tone::Primary) node["tone"] = toneNames[std::size_t(view.tone)];
-    if (view.kind == ViewKind::Text && view.isCentered) node["centered"] = true;
+void putText(json& node, TextStyle style, Tone tone) {
+    if (style != TextStyle::Body) node["textStyle"] = textStyleNames[std::size_t(style)];
+    if (tone != Tone::Primary) node["tone"] = toneNames[std::size_t(tone)];
+}
+
+void putButton(json& node, const kinds::Button& button) {
+    put(node, "symbol", button.symbol);
+    if (button.isDefault) node["default"] = true;
+    node["buttonStyle"] = buttonStyleNames[std::size_t(button.style)];
+}
+
+void putSymbol(json& node, const kinds::Symbol& symbol) {
+    put(node, "symbol", symbol.name);
+    if (symbol.pointSize > 0) node["pointSize"] = number(symbol.pointSize);
+    putText(node, TextStyle::Body, symbol.tone);
+}
+
+void putScroll(json& node, const LaidOutView& scroll) {
+    node["value"] = number(scroll.scrollOffset);
+    node["scrollMax"] = number(scroll.scrollOffsetMax);
+}
+
+void putRecorder(json& node, const LaidOutView& recorder) {
+    node["value"] = recorder.recorderTitle;
+    if (recorder.isRecording) node["recording"] = true;
+}
+
+/// What only views of its kind have, as far as that isn't the usual.
+void putKind(json& node, const LaidOutView& laidOut) {
+    tavrin::visitKind(
+        laidOut.view,
+        [&](const kinds::Text& text) {
+            putText(node, text.style, text.tone);
+            if (text.isCentered) node["centered"] = true;
+        },
+        [&](const kinds::Symbol& symbol) { putSymbol(node, symbol); },
+        [&](const kinds::Icon& icon) {
+            if (icon.application) node["icon"] = icon.application->bundleIdentifier;
+        },
+        [&](const kinds::Button& button) { putButton(node, button); },
+        [&](const kinds::Checkbox& checkbox) { node["checked"] = checkbox.isChecked; },
+        [&](const kinds::ShortcutRecorder&) { putRecorder(node, laidOut); },
+        [&](const kinds::Scroll&) { putScroll(node, laidOut); },
+        [&](const kinds::Card&) { node["card"] = true; },
+        [](const tavrin::OneOf<kinds::Column, kinds::Row, kinds::Progress> auto&) {},
+        [](const tavrin::GapKind auto&) {});
     if (laidOut.lines.size() > 1) node["lines"] = laidOut.lines;
 }
 
@@ -55,26 +88,36 @@ void putInteraction(json& node, const tavrin::View& view) {
     if (view.isHighlighted) node["highlighted"] = true;
 }
 
+/// The Accessibility role that the view's kind gives it.
+std::string_view roleOf(const tavrin::View& view) {
+    using Role = std::string_view;
+    return tavrin::visitKind(
+        view, [](const kinds::Text&) { return Role("AXStaticText"); },
+        [](const tavrin::OneOf<kinds::Button, kinds::ShortcutRecorder> auto&) { return Role("AXButton"); },
+        [](const kinds::Checkbox&) { return Role("AXCheckBox"); },
+        [](const kinds::Scroll&) { return Role("AXScrollArea"); },
+        [](const tavrin::OneOf<kinds::Symbol, kinds::Icon> auto&) { return Role("AXImage"); },
+        [](const kinds::Divider&) { return Role("AXSplitter"); },
+        [](const kinds::Progress&) { return Role("AXBusyIndicator"); },
+        [](const kinds::Spacer&) { return Role("AXGroup"); },
+        [](const tavrin::StackKind auto&) { return Role("AXGroup"); });
+}
+
 json nodeOf(const LaidOutView& laidOut, const LaidOutView* focused) {
     const auto& view = laidOut.view;
-    json node{{"role", roleOf(view.kind)}, {"frame", frameShape(laidOut.frame)}};
-    put(node, "text", textOf(view));
-    if (!view.text.empty())
+    json node{{"role", roleOf(view)}, {"frame", frameShape(laidOut.frame)}};
+    put(node, "text", textOf(laidOut));
+    if (!shownText(laidOut).empty())
         put(node, "label", view.accessibilityLabel);
     else if (!view.accessibilityLabel.empty())
         node["titled"] = false; // said, not drawn
     put(node, "help", view.help);
     putControl(node, view);
-    putAppearance(node, laidOut);
+    putKind(node, laidOut);
     putInteraction(node, view);
-    if (laidOut.isRecording) node["recording"] = true;
     if (&laidOut == focused) node["focused"] = true;
-    if (view.kind == ViewKind::Scroll) {
-        node["value"] = number(laidOut.scrollOffset);
-        node["scrollMax"] = number(laidOut.scrollOffsetMax);
-    }
     for (const auto& child : laidOut.children)
-        if (child.view.kind != ViewKind::Spacer) node["children"].push_back(nodeOf(child, focused));
+        if (!tavrin::is<kinds::Spacer>(child.view)) node["children"].push_back(nodeOf(child, focused));
     return node;
 }
 
@@ -104,31 +147,9 @@ json closeButton(const Surface& surface) {
 
 } // namespace
 
-std::string_view roleOf(ViewKind kind) {
-    switch (kind) {
-    case ViewKind::Text:
-        return "AXStaticText";
-    case ViewKind::Button:
-    case ViewKind::ShortcutRecorder:
-        return "AXButton";
-    case ViewKind::Checkbox:
-        return "AXCheckBox";
-    case ViewKind::Scroll:
-        return "AXScrollArea";
-    case ViewKind::Symbol:
-    case ViewKind::Icon:
-        return "AXImage";
-    case ViewKind::Divider:
-        return "AXSplitter";
-    case ViewKind::Progress:
-        return "AXBusyIndicator";
-    default:
-        return "AXGroup";
-    }
-}
-
-const std::string& textOf(const tavrin::View& view) {
-    return view.text.empty() ? view.accessibilityLabel : view.text;
+std::string textOf(const LaidOutView& laidOut) {
+    auto text = shownText(laidOut);
+    return text.empty() ? laidOut.view.accessibilityLabel : text;
 }
 
 json treeOf(const Surface& surface, const std::string& owner, bool isKey) {
@@ -141,7 +162,7 @@ json treeOf(const Surface& surface, const std::string& owner, bool isKey) {
               {"children", json::array()}};
     if (surface.arrowX) tree["arrowX"] = number(*surface.arrowX);
     if (surface.hasTitleBar) tree["children"].push_back(closeButton(surface));
-    const auto focus = isKey ? focusedPath(surface) : std::nullopt;
+    const auto focus = isKey ? surface.focus.standsAt() : std::nullopt;
     const auto* focused = focus ? viewAt(surface.content, *focus) : nullptr;
     if (surface.kind != SurfaceKind::Menu) tree["children"].push_back(nodeOf(surface.content, focused));
     for (std::size_t i = 0; i < surface.rows.size(); ++i)

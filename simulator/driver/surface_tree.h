@@ -9,11 +9,8 @@ namespace mac_model {
 /// What "look" tells about a surface, with everything in it as a tree. Members without content are left out.
 nlohmann::json treeOf(const Surface&, const std::string& owner, bool isKey);
 
-/// The Accessibility role of a view of this kind.
-std::string_view roleOf(tavrin::ViewKind);
-
 /// What a person or a screen reader calls the view: its text, or else its label.
-const std::string& textOf(const tavrin::View&);
+std::string textOf(const LaidOutView&);
 
 inline const std::string closeButtonText = "close button";
 

@@ -59,7 +59,7 @@ void TargetFinder::addContent(const Surface& surface, std::vector<Target>& targe
         targets.push_back(
             {.kind = Kind::Control, .names = {closeButtonText}, .frame = surface.closeButton()});
     forEachView(surface.content, [&](const LaidOutView& laidOut, const ViewPath& path) {
-        const bool isText = laidOut.view.kind == tavrin::ViewKind::Text;
+        const bool isText = tavrin::is<tavrin::kinds::Text>(laidOut.view);
         if (!isText && !isControl(laidOut.view)) return;
         if (!isReachable(surface, laidOut, path)) return;
         Target target{.kind = isControl(laidOut.view) ? Kind::Control : Kind::Text,
@@ -67,7 +67,7 @@ void TargetFinder::addContent(const Surface& surface, std::vector<Target>& targe
                       .isEnabled = laidOut.view.isEnabled,
                       .surface = surface.identifier,
                       .path = path};
-        addName(target, laidOut.view.text);
+        addName(target, shownText(laidOut));
         addName(target, laidOut.view.accessibilityLabel);
         addName(target, laidOut.view.help);
         targets.push_back(std::move(target));

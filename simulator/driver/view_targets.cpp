@@ -16,7 +16,8 @@ namespace {
 
 using tavrin::Point;
 using tavrin::Rect;
-using tavrin::ViewKind;
+
+namespace kinds = tavrin::kinds;
 
 constexpr double sightMin = 8;     // points of a target that are enough to aim at
 constexpr double edgeDistance = 4; // from the edge of a Scroll, where a drag makes it move
@@ -26,7 +27,7 @@ Rect shownPart(const LaidOutView& root, const ViewPath& path) {
     Rect shown = viewAt(root, path)->frame;
     const LaidOutView* view = &root;
     for (const auto index : path) {
-        if (view->view.kind == ViewKind::Scroll) {
+        if (tavrin::is<kinds::Scroll>(view->view)) {
             const double top = std::max(shown.minY(), view->frame.minY());
             const double bottom = std::min(shown.maxY(), view->frame.maxY());
             shown = {shown.x, top, shown.width, std::max(0.0, bottom - top)};
@@ -40,7 +41,7 @@ const LaidOutView* scrollAround(const LaidOutView& root, const ViewPath& path) {
     const LaidOutView* scroll = nullptr;
     const LaidOutView* view = &root;
     for (const auto index : path) {
-        if (view->view.kind == ViewKind::Scroll) scroll = view;
+        if (tavrin::is<kinds::Scroll>(view->view)) scroll = view;
         view = &view->children[index];
     }
     return scroll;
@@ -57,13 +58,14 @@ bool namesDropTarget(const LaidOutView& root, ViewPath path) {
 
 /// Its own text, label and tool tip, or else the first text in it.
 void addNames(Target& target, const LaidOutView& laidOut) {
-    addName(target, laidOut.view.text);
+    const auto text = shownText(laidOut);
+    addName(target, text);
     addName(target, laidOut.view.accessibilityLabel);
     addName(target, laidOut.view.help);
-    if (!laidOut.view.text.empty() || !laidOut.view.accessibilityLabel.empty()) return;
+    if (!text.empty() || !laidOut.view.accessibilityLabel.empty()) return;
     std::string first;
     forEachView(laidOut, [&](const LaidOutView& inner, const ViewPath&) {
-        if (first.empty()) first = inner.view.text;
+        if (first.empty()) first = shownText(inner);
     });
     addName(target, first);
 }
@@ -138,7 +140,9 @@ tavrin::Work TargetFinder::actionOf(const Target& target, std::string_view actio
 }
 
 std::vector<Target> TargetFinder::dropTargets() const {
-    const auto canName = [](const tavrin::View& view) { return view.onDrop || view.kind == ViewKind::Text; };
+    const auto canName = [](const tavrin::View& view) {
+        return view.onDrop || tavrin::is<kinds::Text>(view);
+    };
     auto targets = views(canName);
     std::erase_if(targets, [&](const Target& target) {
         return !namesDropTarget(content_.stack.find(target.surface)->content, target.path);
@@ -151,7 +155,7 @@ std::expected<Target, std::string> TargetFinder::dropTarget(std::string_view nam
     // A section is called by its first text unless it has a label; that text itself is the better aim.
     std::erase_if(targets, [&](const Target& target) {
         const auto& laidOut = *viewAt(content_.stack.find(target.surface)->content, target.path);
-        return laidOut.view.onDrop && textOf(laidOut.view).empty();
+        return laidOut.view.onDrop && textOf(laidOut).empty();
     });
     return oneOf(targets, name);
 }

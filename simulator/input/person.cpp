@@ -77,7 +77,7 @@ void Person::pressSurface(Surface& surface, MouseButton button) {
     else if (isOnTitleBar)
         held_ = HeldTitleBar{identifier};
     else if (const auto path = controlAt(surface.content, at()))
-        held_ = HeldControl{identifier, *path, viewAt(surface.content, *path)->view.kind};
+        held_ = HeldControl{identifier, *path, viewAt(surface.content, *path)->view.kind.index()};
     if (!isOnTitleBar) {
         focusAt(surface, at());
         viewDrag_.begin(surface);
@@ -187,7 +187,7 @@ void Person::letGo(const HeldControl& held) {
     if (!surface || reach_.surfaces.at(at()) != surface || controlAt(surface->content, at()) != held.path)
         return;
     const auto* control = viewAt(surface->content, held.path);
-    if (control->view.kind == held.kind) perform(*surface, *control);
+    if (control->view.kind.index() == held.kind) perform(*surface, *control);
 }
 
 void Person::letGo(const HeldCloseButton& held) {

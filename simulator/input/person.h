@@ -6,6 +6,7 @@
 #include "input/view_drag.h"
 #include "views/view_queries.h"
 
+#include <cstddef>
 #include <string_view>
 #include <variant>
 #include <vector>
@@ -42,7 +43,7 @@ class Person {
     struct HeldControl {
         SurfaceIdentifier surface;
         ViewPath path;
-        tavrin::ViewKind kind;
+        std::size_t kind; // its place among the kinds: another one there is not what was pressed
     };
 
     struct HeldCloseButton {

@@ -1,45 +1,41 @@
 #include "input/view_drag.h"
 
+#include "views/drag_preview.h"
 #include "views/view_builders.h"
 
 #include <cmath>
 #include <utility>
+#include <variant>
+#include <vector>
 
 namespace mac_model {
 
 namespace {
 
+using tavrin::DragPreview;
 using tavrin::View;
-using tavrin::ViewKind;
 
-constexpr double threshold = 4; // points
-constexpr double previewWidthMax = 320;
-constexpr tavrin::Point previewGrip{14, 14}; // from the preview's corner to the pointer
-constexpr double scrollEdge = 24;            // points in which a Scroll moves on
-constexpr double scrollPoints = 10;
+namespace kinds = tavrin::kinds;
+
 constexpr tavrin::Seconds scrollInterval{0.03};
+constexpr double previewWidthMax =
+    2 * DragPreview::padding + DragPreview::pictureSide + DragPreview::spacing + DragPreview::labelWidthMax;
 
-/// The first view in the tree of one of two kinds.
-const View* firstOf(const LaidOutView& root, ViewKind kind, ViewKind orKind) {
-    const View* found = nullptr;
-    forEachView(root, [&](const LaidOutView& laidOut, const ViewPath&) {
-        const bool matches = laidOut.view.kind == kind || laidOut.view.kind == orKind;
-        if (!found && matches) found = &laidOut.view;
-    });
-    return found;
+std::vector<View> pictureViews(const DragPreview& preview) {
+    if (const auto* icon = std::get_if<kinds::Icon>(&preview.picture)) {
+        auto view = tavrin::simple(*icon);
+        view.width = view.height = DragPreview::pictureSide;
+        return {std::move(view)};
+    }
+    const auto* symbol = std::get_if<kinds::Symbol>(&preview.picture);
+    if (!symbol) return {};
+    return {tavrin::symbol(symbol->name, 0.8 * DragPreview::pictureSide, symbol->tone)};
 }
 
-std::string labelOf(const LaidOutView& dragged) {
-    if (!dragged.view.accessibilityLabel.empty()) return dragged.view.accessibilityLabel;
-    const auto* text = firstOf(dragged, ViewKind::Text, ViewKind::Button);
-    return text ? text->text : std::string{};
-}
-
-View previewOf(const LaidOutView& dragged) {
-    std::vector<View> parts;
-    if (const auto* picture = firstOf(dragged, ViewKind::Icon, ViewKind::Symbol)) parts.push_back(*picture);
-    if (auto label = labelOf(dragged); !label.empty()) parts.push_back(tavrin::text(std::move(label)));
-    return tavrin::row(std::move(parts), {.padding = 6, .isCentered = true});
+View shown(DragPreview preview) {
+    auto parts = pictureViews(preview);
+    if (!preview.label.empty()) parts.push_back(tavrin::text(std::move(preview.label)));
+    return tavrin::row(std::move(parts), {.spacing = DragPreview::spacing, .padding = DragPreview::padding});
 }
 
 } // namespace
@@ -65,14 +61,15 @@ void ViewDrag::begin(const Surface& surface) {
     const auto path = dragSourceAt(surface.content, pointer_.at);
     if (!path) return;
     const auto& dragged = *viewAt(surface.content, *path);
-    load_ = Load{*dragged.view.dragValue, previewOf(dragged), surface.identifier, surface.owner, pointer_.at};
+    load_ = Load{*dragged.view.dragValue, shown(tavrin::dragPreviewOf(viewOf(dragged))), surface.identifier,
+                 surface.owner, pointer_.at};
 }
 
 void ViewDrag::pointerMoved() {
     if (!load_) return;
     if (!isUnderway()) {
         const auto from = load_->pressedAt;
-        if (std::hypot(pointer_.at.x - from.x, pointer_.at.y - from.y) <= threshold) return;
+        if (std::hypot(pointer_.at.x - from.x, pointer_.at.y - from.y) <= tavrin::dragThreshold) return;
         if (stack_.find(load_->source) == nullptr) return load_.reset();
         showPreview();
     }
@@ -95,8 +92,8 @@ void ViewDrag::movePreview() {
     auto* preview = stack_.find(preview_);
     if (!preview) return;
     const auto corner = preview->frame.origin();
-    SurfaceStack::moveBy(*preview, pointer_.at.x - previewGrip.x - corner.x,
-                         pointer_.at.y - previewGrip.y - corner.y);
+    SurfaceStack::moveBy(*preview, pointer_.at.x - DragPreview::grip.x - corner.x,
+                         pointer_.at.y - DragPreview::grip.y - corner.y);
 }
 
 std::optional<ViewDrag::Target> ViewDrag::targetAtPointer() const {
@@ -139,9 +136,11 @@ double ViewDrag::scrollStep() const {
     auto* surface = stack_.at(pointer_.at);
     const auto* scroll = surface ? scrollAt(surface->content, pointer_.at) : nullptr;
     if (!scroll || !isUnderway()) return 0;
-    if (pointer_.at.y < scroll->frame.minY() + scrollEdge && scroll->scrollOffset > 0) return -scrollPoints;
+    if (pointer_.at.y < scroll->frame.minY() + tavrin::dragScrollEdge && scroll->scrollOffset > 0)
+        return -tavrin::dragScrollStep;
     const bool isAtEnd = scroll->scrollOffset >= scroll->scrollOffsetMax;
-    return pointer_.at.y > scroll->frame.maxY() - scrollEdge && !isAtEnd ? scrollPoints : 0;
+    return pointer_.at.y > scroll->frame.maxY() - tavrin::dragScrollEdge && !isAtEnd ? tavrin::dragScrollStep
+                                                                                     : 0;
 }
 
 void ViewDrag::scrollLater() {

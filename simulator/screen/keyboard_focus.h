@@ -2,29 +2,25 @@
 
 #include "screen/surface.h"
 
-#include <optional>
-
 namespace mac_model {
 
-// Which view of a surface has the keyboard focus. The focus belongs to a place: when the content is rendered
-// anew, it is with what then stands there, or nearest to it.
+// Moves the keyboard focus of a surface. Where it goes is decided by the program's own views/focus.h.
 
-enum class FocusStep { Next, Previous };
+using tavrin::FocusStep;
 
-/// Whether Tab reaches it.
-bool takesFocus(const tavrin::View&);
+/// Replaces the surface's content by one in the same places: scrolling and focus stay where they can.
+void showAnew(Surface&, LaidOutView content);
 
-/// Nothing until the person has moved the focus, and while nothing takes it.
-std::optional<ViewPath> focusedPath(const Surface&);
-
-/// As Tab does: through everything that takes the focus, round and round. False when nothing does.
+/// As Tab does. False when nothing takes the focus.
 bool moveFocus(Surface&, FocusStep);
 
-/// As up and down do: among the focusable views of the Scroll or else the column that the focus is in, to its
-/// ends. False when there are none.
+/// As up and down do. False when there is no list.
 bool moveFocusInList(Surface&, FocusStep);
 
-/// A press focuses a focusable view at the point.
+/// As the program does. False when nothing there takes the focus.
+bool focusOn(Surface&, const ViewPath&);
+
+/// As a press at the point does.
 void focusAt(Surface&, tavrin::Point);
 
 } // namespace mac_model

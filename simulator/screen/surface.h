@@ -5,6 +5,7 @@
 #include "desktop/desktop_file.h"
 #include "menu_bar/status_layout.h"
 #include "platform/accessibility.h"
+#include "views/focus.h"
 #include "views/view_queries.h"
 
 #include <array>
@@ -44,9 +45,9 @@ struct Surface {
     bool hasTitleBar = false;
     OutsidePress outsidePress = OutsidePress::Ignored;
 
-    LaidOutView content;           // all but menus
-    std::optional<ViewPath> focus; // where the view with the keyboard focus stood when it got it
-    std::vector<MenuRow> rows;     // menus
+    LaidOutView content;       // all but menus
+    tavrin::KeptFocus focus;   // nowhere until the person or the program has put it somewhere
+    std::vector<MenuRow> rows; // menus
     std::optional<std::size_t> highlightedRow;
 
     std::optional<double> arrowX; // where a popover's arrow points, at its top edge
@@ -56,7 +57,7 @@ struct Surface {
     std::function<void(tavrin::Work)> deliver;
     /// Called when the person has moved the keyboard focus in it.
     std::function<void()> onFocusMoved;
-    /// Called when it is the key surface no more, also because it closes, and then first.
+    /// Called when it is no longer the key surface, also because it closes, and then first.
     std::function<void()> onResignedKey;
     /// Called when anyone but its owner has closed it.
     std::function<void()> onDismissed;

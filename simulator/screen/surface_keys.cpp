@@ -44,7 +44,7 @@ bool pressKeyOn(Surface& surface, std::string_view key, const std::vector<Modifi
     if (key == "tab" && modifiers == std::vector{Modifier::Shift})
         return moveFocus(surface, FocusStep::Previous);
     if (!modifiers.empty()) return false;
-    const auto focused = focusedPath(surface);
+    const auto focused = surface.focus.standsAt();
     if (performKeyAction(surface, focused.value_or(ViewPath{}), key)) return true;
     if (key == "tab") return moveFocus(surface, FocusStep::Next);
     if (key == "down") return moveFocusInList(surface, FocusStep::Next);

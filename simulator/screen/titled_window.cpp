@@ -1,10 +1,10 @@
 #include "screen/titled_window.h"
 
+#include "screen/keyboard_focus.h"
 #include "screen/placement.h"
 #include "views/view_layout.h"
 
 #include <cmath>
-#include <utility>
 
 namespace mac_model {
 
@@ -29,9 +29,7 @@ void replaceContent(Surface& surface, const tavrin::View& content) {
     const auto size = sizeFor(content);
     const double x = std::round(surface.frame.midX() - size.width / 2);
     surface.frame = {x, surface.frame.y, size.width, size.height};
-    auto replaced = laidOut(content, surface.contentFrame());
-    carryScrolling(surface.content, replaced);
-    surface.content = std::move(replaced);
+    showAnew(surface, laidOut(content, surface.contentFrame()));
 }
 
 } // namespace mac_model

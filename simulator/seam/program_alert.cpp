@@ -1,5 +1,6 @@
 #include "seam/program_alert.h"
 
+#include "screen/keyboard_focus.h"
 #include "screen/placement.h"
 #include "views/view_builders.h"
 
@@ -13,53 +14,40 @@ namespace {
 constexpr double contentWidth = 300;
 constexpr double iconSize = 64;
 
-tavrin::View iconView(const tavrin::IconOfApplication& icon) {
-    auto view = tavrin::simple(tavrin::ViewKind::Icon);
-    view.icon = icon;
-    view.width = view.height = iconSize;
-    return view;
-}
-
 } // namespace
 
 ProgramAlert::ProgramAlert(ProgramPresentation& presentation, tavrin::AlertQuestion question,
                            std::function<void(std::size_t)> onAnswer, ProgramCallbacks callbacks)
     : presentation_(presentation)
-    , callbacks_(std::move(callbacks))
-    , onAnswer_(std::move(onAnswer)) {
-    if (!callbacks_.isOpen()) return;
-    const auto screen = screenFor(presentation_.mac_.screens.screens(), {});
-    const auto shown = content(question);
-    Surface alert;
-    alert.kind = SurfaceKind::Alert;
-    alert.owner = callbacks_.process();
-    alert.title = question.messageText;
-    alert.deliver = callbacks_.deliver();
-    alert.onDismissed = [this] { surface_ = SurfaceIdentifier::None; };
-    alert.frame = windowFrame(measured(shown, contentWidth), screen);
-    alert.content = laidOut(shown, alert.frame);
-    surface_ = presentation_.stack_.add(std::move(alert)).identifier;
-    bringToFront();
+    , onAnswer_(std::move(onAnswer))
+    , surface_(
+          presentation.stack_, std::move(callbacks),
+          {.kind = SurfaceKind::Alert,
+           .title = question.messageText,
+           .layOut = [this](Surface& surface, const tavrin::View& content) { layOut(surface, content); }}) {
+    surface_.setContent(content(question));
+    if (surface_.open()) bringToFront();
 }
 
-void ProgramAlert::bringToFront() {
-    presentation_.stack_.raise(surface_);
-    presentation_.stack_.makeKey(surface_);
+void ProgramAlert::layOut(Surface& surface, const tavrin::View& content) const {
+    const auto screen = screenFor(presentation_.mac_.screens.screens(), {});
+    surface.frame = windowFrame(measured(content, contentWidth), screen);
+    showAnew(surface, laidOut(content, surface.frame));
 }
 
 tavrin::View ProgramAlert::content(const tavrin::AlertQuestion& question) {
     const tavrin::IconOfApplication own{presentation_.mac_.program.info().bundleIdentifier};
     std::vector<tavrin::View> children{
-        iconView(question.icon.value_or(own)),
+        tavrin::icon(question.icon.value_or(own), iconSize),
         tavrin::text(question.messageText, {.style = tavrin::TextStyle::Heading, .isCentered = true}),
         tavrin::text(question.informativeText, {.isCentered = true})};
     std::vector<tavrin::KeyAction> keys;
     for (std::size_t i = 0; i < question.buttons.size(); ++i) {
         const auto press = [this, i] { answer(i); };
-        auto button = tavrin::button(
-            question.buttons[i], press,
-            {.style = i == 0 ? tavrin::ButtonStyle::Prominent : tavrin::ButtonStyle::Bordered});
-        button.isDefaultButton = i == 0;
+        auto button =
+            tavrin::button(question.buttons[i], press,
+                           {.style = i == 0 ? tavrin::ButtonStyle::Prominent : tavrin::ButtonStyle::Bordered,
+                            .isDefault = i == 0});
         children.push_back(std::move(button));
         if (question.buttons[i] == "Cancel") keys.push_back({"escape", press});
     }
@@ -70,7 +58,7 @@ tavrin::View ProgramAlert::content(const tavrin::AlertQuestion& question) {
 }
 
 void ProgramAlert::answer(std::size_t button) {
-    presentation_.stack_.remove(std::exchange(surface_, SurfaceIdentifier::None));
+    surface_.close();
     // The last thing done, because it may destroy the alert.
     if (const auto tell = std::exchange(onAnswer_, nullptr)) tell(button);
 }

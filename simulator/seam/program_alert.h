@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/presentation.h"
-#include "seam/program_callbacks.h"
-#include "seam/program_presentation.h"
+#include "seam/program_surface.h"
 
 #include <cstddef>
 #include <functional>
@@ -15,21 +14,16 @@ class ProgramAlert final : public tavrin::Alert {
     ProgramAlert(ProgramPresentation&, tavrin::AlertQuestion, std::function<void(std::size_t)> onAnswer,
                  ProgramCallbacks);
 
-    ~ProgramAlert() override { presentation_.stack_.remove(surface_); }
-
-    ProgramAlert(const ProgramAlert&) = delete;
-    ProgramAlert& operator=(const ProgramAlert&) = delete;
-
-    void bringToFront() override;
+    void bringToFront() override { surface_.bringToFront(); }
 
   private:
+    void layOut(Surface&, const tavrin::View& content) const;
     tavrin::View content(const tavrin::AlertQuestion&);
     void answer(std::size_t button);
 
     ProgramPresentation& presentation_;
-    ProgramCallbacks callbacks_;
     std::function<void(std::size_t)> onAnswer_;
-    SurfaceIdentifier surface_{};
+    ProgramSurface surface_;
 };
 
 } // namespace mac_model

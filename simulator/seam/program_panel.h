@@ -1,36 +1,28 @@
 #pragma once
 
 #include "platform/presentation.h"
-#include "seam/program_callbacks.h"
-#include "seam/program_presentation.h"
+#include "seam/program_surface.h"
 
 namespace mac_model {
 
 class ProgramPanel final : public tavrin::Panel {
   public:
-    ProgramPanel(ProgramPresentation& presentation, ProgramCallbacks callbacks)
-        : presentation_(presentation)
-        , callbacks_(std::move(callbacks)) {}
+    ProgramPanel(ProgramPresentation&, ProgramCallbacks);
 
-    ~ProgramPanel() override { close(); }
+    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
 
-    ProgramPanel(const ProgramPanel&) = delete;
-    ProgramPanel& operator=(const ProgramPanel&) = delete;
-
-    void setContent(tavrin::View content) override;
     void show(tavrin::Rect anchor) override;
-    void close() override;
 
-    bool isShown() const override { return surface_ != SurfaceIdentifier::None; }
+    void close() override { surface_.close(); }
+
+    bool isShown() const override { return surface_.isOpen(); }
 
   private:
-    void layOut(Surface&) const;
+    void layOut(Surface&, const tavrin::View& content) const;
 
     ProgramPresentation& presentation_;
-    ProgramCallbacks callbacks_;
-    tavrin::View content_;
     tavrin::Rect anchor_;
-    SurfaceIdentifier surface_{};
+    ProgramSurface surface_;
 };
 
 } // namespace mac_model

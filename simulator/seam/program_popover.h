@@ -1,11 +1,7 @@
 #pragma once
 
 #include "platform/presentation.h"
-#include "seam/program_callbacks.h"
-#include "seam/program_presentation.h"
-#include "seam/program_recorders.h"
-
-#include <optional>
+#include "seam/program_surface.h"
 
 namespace mac_model {
 
@@ -16,28 +12,27 @@ class ProgramPopover final : public tavrin::Popover {
     ProgramPopover(const ProgramPopover&) = delete;
     ProgramPopover& operator=(const ProgramPopover&) = delete;
 
-    void setContent(tavrin::View content) override;
+    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
+
     void setBehavior(tavrin::PopoverBehavior) override;
     bool show(tavrin::StatusItem& item, tavrin::Rect area) override;
-    void close() override;
 
-    bool isShown() const override { return surface_ != SurfaceIdentifier::None; }
+    void close() override { surface_.close(); }
+
+    bool isShown() const override { return surface_.isOpen(); }
 
     void followItem();
 
   private:
-    void layOut(Surface&) const;
+    void layOut(Surface&, const tavrin::View& content) const;
     OutsidePress outsidePress() const;
 
     ProgramPresentation& presentation_;
     tavrin::PopoverBehavior behavior_;
-    ProgramCallbacks callbacks_;
-    tavrin::View content_;
-    SurfaceIdentifier surface_{};
-    ProgramRecorders recorders_{presentation_.stack_, surface_};
     StatusItemIdentifier item_{};
     tavrin::Rect area_;
     tavrin::Point itemOrigin_; // when `area_` was valid
+    ProgramSurface surface_;
 };
 
 } // namespace mac_model

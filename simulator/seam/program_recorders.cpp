@@ -3,6 +3,7 @@
 #include "screen/keyboard_focus.h"
 
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace mac_model {
@@ -12,7 +13,8 @@ namespace {
 using Makers = std::map<ViewPath, std::shared_ptr<const tavrin::RecorderButtonMaker>>;
 
 void findMakers(const tavrin::View& view, ViewPath& path, Makers& found) {
-    if (view.kind == tavrin::ViewKind::ShortcutRecorder && view.recorder) found[path] = view.recorder;
+    const auto* recorder = std::get_if<tavrin::kinds::ShortcutRecorder>(&view.kind);
+    if (recorder && recorder->maker) found[path] = recorder->maker;
     for (std::size_t i = 0; i < view.children.size(); ++i) {
         path.push_back(i);
         findMakers(view.children[i], path, found);
@@ -32,7 +34,7 @@ class ProgramRecorders::Host final : public tavrin::RecorderButtonHost {
     tavrin::RecorderButton& button() { return *button_; }
 
     void dress(LaidOutView& view, const std::shared_ptr<Host>& self) const {
-        view.view.text = title_;
+        view.recorderTitle = title_;
         view.isRecording = look_ == tavrin::RecorderLook::Recording;
         view.view.onPress = [host = std::weak_ptr(self)] {
             if (const auto alive = host.lock()) alive->button_->clicked();
@@ -49,22 +51,21 @@ class ProgramRecorders::Host final : public tavrin::RecorderButtonHost {
 
     bool makeFirstResponder() override {
         auto* surface = recorders_.stack_.find(recorders_.surface_);
-        if (!surface) return false;
-        surface->focus = path_;
+        if (!surface || !focusOn(*surface, path_)) return false;
         recorders_.followFocus();
         return isFirstResponder();
     }
 
     bool isFirstResponder() const override {
         const auto* surface = recorders_.stack_.find(recorders_.surface_);
-        return surface && focusedPath(*surface) == path_;
+        return surface && surface->focus.standsAt() == path_;
     }
 
     tavrin::Subscription onWindowResignedKey(std::function<void()> handler) override {
         return recorders_.resignedKey_.subscribe(std::move(handler));
     }
 
-    /// Tells the button when it was the first responder and is it no more.
+    /// Tells the button when it was the first responder and no longer is.
     void followFocus() {
         const bool wasFirst = std::exchange(isFirst_, isFirstResponder());
         if (wasFirst && !isFirst_) button_->resignedFirstResponder();
@@ -103,7 +104,7 @@ void ProgramRecorders::follow(const tavrin::View& content) {
 void ProgramRecorders::dress(Surface& surface) const {
     for (const auto& [path, host] : hosts_) {
         auto* view = viewAt(surface.content, path);
-        if (view && view->view.kind == tavrin::ViewKind::ShortcutRecorder) host->dress(*view, host);
+        if (view && tavrin::is<tavrin::kinds::ShortcutRecorder>(view->view)) host->dress(*view, host);
     }
 }
 

@@ -6,50 +6,29 @@
 
 namespace mac_model {
 
-void ProgramWindow::setContent(tavrin::View content) {
-    content_ = std::move(content);
-    recorders_.follow(content_);
-    if (auto* surface = presentation_.stack_.find(surface_)) {
-        replaceContent(*surface, content_);
-        recorders_.dress(*surface);
-        recorders_.followFocus();
-    }
-}
+ProgramWindow::ProgramWindow(ProgramPresentation& presentation, std::string title, ProgramCallbacks callbacks)
+    : presentation_(presentation)
+    , surface_(presentation.stack_, std::move(callbacks),
+               {.kind = SurfaceKind::Window,
+                .title = std::move(title),
+                .layOut = [this](Surface& surface, const tavrin::View& content) { layOut(surface, content); },
+                .onGone = [this] { hasClosed(); }}) {}
 
 void ProgramWindow::makeKeyAndOrderFront() {
-    if (!callbacks_.isOpen()) return;
-    if (isVisible())
-        presentation_.stack_.raise(surface_);
+    if (surface_.isOpen() || surface_.open()) surface_.bringToFront();
+}
+
+void ProgramWindow::layOut(Surface& surface, const tavrin::View& content) const {
+    if (surface.hasTitleBar)
+        replaceContent(surface, content);
     else
-        open();
-    presentation_.stack_.makeKey(surface_);
-}
-
-void ProgramWindow::open() {
-    Surface window;
-    window.kind = SurfaceKind::Window;
-    window.owner = callbacks_.process();
-    window.title = title_;
-    window.deliver = callbacks_.deliver();
-    window.onDismissed = [this] { hasClosed(); };
-    placeTitledWindow(window, content_, presentation_.mac_.screens.screens());
-    window.onFocusMoved = [this] { callbacks_.deliver()([this] { recorders_.followFocus(); }); };
-    window.onResignedKey = [this] { callbacks_.deliver()([this] { recorders_.windowResignedKey(); }); };
-    auto& surface = presentation_.stack_.add(std::move(window));
-    surface_ = surface.identifier;
-    recorders_.dress(surface);
-}
-
-void ProgramWindow::close() {
-    if (!isVisible()) return;
-    presentation_.stack_.remove(surface_);
-    hasClosed();
+        placeTitledWindow(surface, content, presentation_.mac_.screens.screens());
 }
 
 void ProgramWindow::hasClosed() {
-    surface_ = SurfaceIdentifier::None;
-    callbacks_.postOnClose();
-    if (callbacks_.isOpen() && !presentation_.hasVisibleWindows()) presentation_.host_.lastWindowClosed();
+    surface_.callbacks().postOnClose();
+    if (surface_.callbacks().isOpen() && !presentation_.hasVisibleWindows())
+        presentation_.host_.lastWindowClosed();
 }
 
 } // namespace mac_model

@@ -1,40 +1,30 @@
 #pragma once
 
 #include "platform/presentation.h"
-#include "seam/program_callbacks.h"
-#include "seam/program_presentation.h"
-#include "seam/program_recorders.h"
+#include "seam/program_surface.h"
+
+#include <string>
 
 namespace mac_model {
 
 class ProgramWindow final : public tavrin::Window {
   public:
-    ProgramWindow(ProgramPresentation& presentation, std::string title, ProgramCallbacks callbacks)
-        : presentation_(presentation)
-        , title_(std::move(title))
-        , callbacks_(std::move(callbacks)) {}
+    ProgramWindow(ProgramPresentation&, std::string title, ProgramCallbacks);
 
-    ~ProgramWindow() override { presentation_.stack_.remove(surface_); }
+    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
 
-    ProgramWindow(const ProgramWindow&) = delete;
-    ProgramWindow& operator=(const ProgramWindow&) = delete;
-
-    void setContent(tavrin::View content) override;
     void makeKeyAndOrderFront() override;
-    void close() override;
 
-    bool isVisible() const override { return surface_ != SurfaceIdentifier::None; }
+    void close() override { surface_.close(); }
+
+    bool isVisible() const override { return surface_.isOpen(); }
 
   private:
-    void open();
+    void layOut(Surface&, const tavrin::View& content) const;
     void hasClosed();
 
     ProgramPresentation& presentation_;
-    std::string title_;
-    ProgramCallbacks callbacks_;
-    tavrin::View content_;
-    SurfaceIdentifier surface_{};
-    ProgramRecorders recorders_{presentation_.stack_, surface_};
+    ProgramSurface surface_;
 };
 
 } // namespace mac_model

@@ -3,6 +3,9 @@
 #include "base/geometry.h"
 #include "views/view.h"
 
+#include <string>
+#include <vector>
+
 namespace mac_model {
 
 inline constexpr double checkboxBoxWidth = 14;
@@ -11,7 +14,7 @@ inline constexpr double checkboxGap = 6;
 /// The size of a view that has no children, without its padding.
 tavrin::Size sizeOfControl(const tavrin::View&, double width);
 
-/// The width at which the text of a Text or a Checkbox of this width wraps.
-double textWidthOf(const tavrin::View&, double width);
+/// The words of a Text or a Checkbox as they wrap in this width, without the view's padding.
+std::vector<std::string> linesOfControl(const tavrin::View&, double width);
 
 } // namespace mac_model

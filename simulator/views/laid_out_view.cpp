@@ -13,7 +13,8 @@ namespace {
 
 using tavrin::Rect;
 using tavrin::View;
-using tavrin::ViewKind;
+
+namespace kinds = tavrin::kinds;
 
 /// Sizes of the model's own drawings.
 class DrawnSizes final : public tavrin::ControlSizes {
@@ -31,7 +32,7 @@ void layOutChildren(LaidOutView& parent) {
             std::move(parent.view.children[i]),
             {parent.frame.x + inParent.x, parent.frame.y + inParent.y, inParent.width, inParent.height}));
     }
-    if (parent.view.kind != ViewKind::Scroll || parent.children.empty()) return;
+    if (!tavrin::is<kinds::Scroll>(parent.view) || parent.children.empty()) return;
     const double padding = parent.view.padding;
     const double bottom = std::max(parent.frame.minY() + padding, parent.frame.maxY() - padding);
     parent.scrollOffsetMax = std::max(0.0, parent.children.back().frame.maxY() - bottom);
@@ -46,17 +47,7 @@ LaidOutView laidOut(View view, Rect frame) {
     result.view = std::move(view);
     result.frame = frame;
     layOutChildren(result);
-    switch (result.view.kind) {
-    case ViewKind::Text:
-    case ViewKind::Checkbox:
-        if (result.view.text.empty()) break;
-        result.lines =
-            wrapped(result.view.text, result.view.textStyle,
-                    textWidthOf(result.view, std::max(0.0, frame.width - 2 * result.view.padding)));
-        break;
-    default:
-        break;
-    }
+    result.lines = linesOfControl(result.view, std::max(0.0, frame.width - 2 * result.view.padding));
     result.view.children.clear();
     return result;
 }
@@ -74,8 +65,8 @@ void scrollTo(LaidOutView& scroll, double offset) {
 }
 
 void carryScrolling(const LaidOutView& before, LaidOutView& now) {
-    if (before.view.kind != now.view.kind) return;
-    if (now.view.kind == ViewKind::Scroll) scrollTo(now, before.scrollOffset);
+    if (!tavrin::isSameKind(before.view, now.view)) return;
+    if (tavrin::is<kinds::Scroll>(now.view)) scrollTo(now, before.scrollOffset);
     const auto shared = std::min(before.children.size(), now.children.size());
     for (std::size_t i = 0; i < shared; ++i) carryScrolling(before.children[i], now.children[i]);
 }

@@ -16,7 +16,8 @@ struct LaidOutView {
     std::vector<std::string> lines; // Text and Checkbox: the text as wrapped
     double scrollOffset = 0;        // Scroll: points of its child above its top edge
     double scrollOffsetMax = 0;
-    bool isRecording = false; // ShortcutRecorder
+    std::string recorderTitle; // ShortcutRecorder
+    bool isRecording = false;
     std::vector<LaidOutView> children;
 };
 

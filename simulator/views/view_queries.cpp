@@ -2,16 +2,18 @@
 
 #include <ranges>
 #include <utility>
+#include <variant>
 
 namespace mac_model {
 
 namespace {
 
 using tavrin::Point;
-using tavrin::ViewKind;
+
+namespace kinds = tavrin::kinds;
 
 bool reaches(const LaidOutView& view, Point point) {
-    return view.view.kind != ViewKind::Scroll || view.frame.contains(point);
+    return !tavrin::is<kinds::Scroll>(view.view) || view.frame.contains(point);
 }
 
 bool findPath(const LaidOutView& view, Point point, const std::function<bool(const LaidOutView&)>& matches,
@@ -37,9 +39,14 @@ void forEachBelow(const LaidOutView& view, ViewPath& path,
 
 } // namespace
 
-bool isControl(const tavrin::View& view) {
-    return view.kind == ViewKind::Button || view.kind == ViewKind::Checkbox ||
-           view.kind == ViewKind::ShortcutRecorder || view.onPress != nullptr;
+std::string shownText(const LaidOutView& view) {
+    return tavrin::is<kinds::ShortcutRecorder>(view.view) ? view.recorderTitle : tavrin::shownText(view.view);
+}
+
+tavrin::View viewOf(const LaidOutView& laidOut) {
+    auto view = laidOut.view;
+    for (const auto& child : laidOut.children) view.children.push_back(viewOf(child));
+    return view;
 }
 
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath& path) {
@@ -89,7 +96,8 @@ const LaidOutView* contextMenuAt(const LaidOutView& root, Point point) {
 }
 
 const LaidOutView* defaultButton(const LaidOutView& root) {
-    if (root.view.isDefaultButton && root.view.isEnabled && isControl(root.view)) return &root;
+    const auto* button = std::get_if<kinds::Button>(&root.view.kind);
+    if (button && button->isDefault && root.view.isEnabled) return &root;
     for (const auto& child : root.children)
         if (const auto* found = defaultButton(child)) return found;
     return nullptr;
@@ -98,7 +106,7 @@ const LaidOutView* defaultButton(const LaidOutView& root) {
 void reveal(LaidOutView& root, const ViewPath& path) {
     LaidOutView* view = &root;
     for (const auto index : path) {
-        if (view->view.kind == ViewKind::Scroll) {
+        if (tavrin::is<kinds::Scroll>(view->view)) {
             const auto target = viewAt(root, path)->frame;
             const double below = target.maxY() - view->frame.maxY();
             const double above = view->frame.minY() - target.minY();

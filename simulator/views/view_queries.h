@@ -1,18 +1,22 @@
 #pragma once
 
+#include "views/focus.h"
 #include "views/laid_out_view.h"
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace mac_model {
 
-/// Positions of children, from the root down.
-using ViewPath = std::vector<std::size_t>;
+using tavrin::ViewPath;
 
-/// Whether a press on it does something, or would if it were enabled.
-bool isControl(const tavrin::View&);
+/// The words that it shows.
+std::string shownText(const LaidOutView&);
+
+/// The tree as the program gave it.
+tavrin::View viewOf(const LaidOutView&);
 
 /// Null when the tree has no such place.
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);

@@ -31,8 +31,8 @@ View stepList() {
 }
 
 View waitingView(std::function<void()> openSettings) {
-    auto open = button("Open System Settings", std::move(openSettings), {.style = ButtonStyle::Prominent});
-    open.isDefaultButton = true;
+    auto open = button("Open System Settings", std::move(openSettings),
+                       {.style = ButtonStyle::Prominent, .isDefault = true});
     return column(
         {symbol("hand.raised.fill", 40, Tone::Accent),
          text("Allow Tavrin to tidy your menu bar", {.style = TextStyle::Title, .isCentered = true}),

@@ -30,11 +30,10 @@ std::shared_ptr<const RecorderButtonMaker> makerFor(const ShortcutRecorderField&
 } // namespace
 
 View ShortcutRecorderField::view(const Platform& platform) const {
-    auto view = simple(ViewKind::ShortcutRecorder);
+    auto view = shortcutRecorder(makerFor(*this, platform));
     view.accessibilityLabel = accessibilityLabel;
     view.help = help;
     view.width = recorderWidth;
-    view.recorder = makerFor(*this, platform);
     return view;
 }
 

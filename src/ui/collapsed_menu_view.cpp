@@ -49,8 +49,8 @@ View applyBar(const ConfigureModel& model) {
     }
     auto summary = text(model.texts.placement, caption());
     summary.width = windowWidth - 190;
-    auto apply = button("Apply and Hide", model.actions.applyAndHide, {.style = ButtonStyle::Prominent});
-    apply.isDefaultButton = true;
+    auto apply = button("Apply and Hide", model.actions.applyAndHide,
+                        {.style = ButtonStyle::Prominent, .isDefault = true});
     return row({std::move(summary), spacer(), std::move(apply)});
 }
 
@@ -112,12 +112,10 @@ View CollapsedMenuView::section(const ConfigureModel& model, Section section) {
 }
 
 View CollapsedMenuView::sections(const ConfigureModel& model) {
-    View scroll;
-    scroll.kind = ViewKind::Scroll;
-    scroll.height = listHeightMax;
-    scroll.children.push_back(column({section(model, Section::Shown), section(model, Section::Hidden)},
-                                     {.spacing = 10, .width = windowWidth - 32}));
-    return column({std::move(scroll), text(model.texts.explanation, caption())}, {.spacing = 10});
+    auto lists = column({section(model, Section::Shown), section(model, Section::Hidden)},
+                        {.spacing = 10, .width = windowWidth - 32});
+    return column({scroll(std::move(lists), listHeightMax), text(model.texts.explanation, caption())},
+                  {.spacing = 10});
 }
 
 View CollapsedMenuView::body(const ConfigureModel& model) {

@@ -15,12 +15,7 @@ constexpr double textWidth = 230;
 
 View itemIcon(const MenuBarItem& item) {
     if (!item.icon) return symbol("app.dashed", iconSize);
-    View view;
-    view.kind = ViewKind::Icon;
-    view.icon = item.icon;
-    view.width = iconSize;
-    view.height = iconSize;
-    return view;
+    return icon(*item.icon, iconSize);
 }
 
 View itemTexts(const MenuBarItemSnapshot& item) {

@@ -11,15 +11,12 @@ namespace {
 constexpr double windowWidth = 420;
 
 View updatesRow(const SettingsModel& model) {
-    View checkbox;
-    checkbox.kind = ViewKind::Checkbox;
-    checkbox.text = "Automatically update Tavrin";
-    checkbox.isChecked = model.updatesAutomatically;
-    checkbox.isEnabled = model.hasUpdater;
-    checkbox.onPress = model.actions.toggleAutomaticUpdates;
-    if (model.hasUpdater) return checkbox;
-    return column({std::move(checkbox), text("This build has no updater.",
-                                             {.style = TextStyle::Caption, .tone = Tone::Secondary})},
+    auto automatic = checkbox("Automatically update Tavrin", model.updatesAutomatically,
+                              model.actions.toggleAutomaticUpdates);
+    automatic.isEnabled = model.hasUpdater;
+    if (model.hasUpdater) return automatic;
+    return column({std::move(automatic), text("This build has no updater.",
+                                              {.style = TextStyle::Caption, .tone = Tone::Secondary})},
                   {.spacing = 2});
 }
 

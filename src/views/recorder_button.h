@@ -23,7 +23,7 @@ class RecorderButtonHost {
     virtual bool makeFirstResponder() = 0;
     virtual bool isFirstResponder() const = 0;
 
-    /// Fires when the button's window is the key window no more.
+    /// Fires when the button's window is no longer the key window.
     virtual Subscription onWindowResignedKey(std::function<void()> handler) = 0;
 };
 

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "views/view_kinds.h"
+
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace tavrin {
-
-struct RecorderButtonMaker;
-
-/// A picture that the platform holds, such as an application's icon.
-struct IconOfApplication {
-    std::string bundleIdentifier;
-
-    bool operator==(const IconOfApplication&) const = default;
-};
 
 struct ViewAction {
     std::string name;
@@ -29,68 +23,90 @@ struct KeyAction {
     std::function<void()> perform;
 };
 
-enum class ViewKind {
-    Column, // children from top to bottom
-    Row,    // children from left to right
-    Scroll, // one child, taller than the room it has
-    Text,
-    Symbol, // a symbol of the system, named by `symbol`
-    Icon,   // an application's icon
-    Button,
-    Checkbox,
-    Divider,
-    Spacer,           // takes what room is left in its row or column
-    Progress,         // a turning wheel
-    ShortcutRecorder, // a push button whose title and doings are those of `recorder`
-    Card,             // a column on a filled, rounded ground
-};
+// What views of every kind have, by concern.
 
-enum class TextStyle { Body, Title, Heading, Caption };
-enum class Tone { Primary, Secondary, Accent, Positive, Warning };
-enum class ButtonStyle { Bordered, Prominent, Plain };
-
-/// A value that says what to show. Renderers on all platforms show the same tree; nodes that keep their kind
-/// and place from one tree to the next keep focus and scrolling. Sizes are points. Callbacks run on the main
-/// thread.
-struct View {
-    ViewKind kind = ViewKind::Column;
-    std::vector<View> children;
-
-    std::string text;   // Text, Button, Checkbox
-    std::string symbol; // Symbol, Button
-    std::optional<IconOfApplication> icon;
-    TextStyle textStyle = TextStyle::Body;
-    Tone tone = Tone::Primary;
-    ButtonStyle buttonStyle = ButtonStyle::Bordered;
-
-    double spacing = 8; // between children
-    double padding = 0; // around children, or around a control's text
+struct ViewFrame {
     std::optional<double> width;
     std::optional<double> height; // Scroll: the largest height
-    double pointSize = 0;         // Symbol: 0 is the size of body text
-    bool isCentered = false;      // text and children, across the stack's direction
+    double padding = 0;           // around children, or around a control's text
+};
 
-    /// ShortcutRecorder: renderers keep the button that it makes for as long as the view keeps its place.
-    std::shared_ptr<const RecorderButtonMaker> recorder;
-
-    bool isEnabled = true;
-    bool isChecked = false;
-    bool isDefaultButton = false; // pressed by Return
-
+struct SpokenTexts {
     std::string accessibilityLabel;
     std::string help;
+};
+
+struct Interaction {
+    bool isEnabled = true;
     std::function<void()> onPress;
     std::vector<ViewAction> contextMenu; // also the view's named Accessibility actions
 
     /// Tab reaches the view, and up and down move between the focusable views of a column.
     bool isFocusable = false;
     std::vector<KeyAction> keyActions;
+};
 
-    /// What a drag of this view carries; none: it can't be dragged. The preview shows its icon and its label.
+struct DragSource {
+    /// What a drag of this view carries; none: it can't be dragged.
     std::optional<std::string> dragValue;
+};
+
+struct DropTarget {
     std::function<void(const std::string& dragValue)> onDrop; // takes what is dropped on the view
     std::function<void(bool isOver)> onDragOver;              // a drag has come over the view, or left it
     bool isHighlighted = false;
 };
+
+/// A value that says what to show. Renderers on all platforms show the same tree; nodes that keep their kind
+/// and place from one tree to the next keep focus and scrolling. Sizes are points. Callbacks run on the main
+/// thread.
+struct View : ViewFrame, SpokenTexts, Interaction, DragSource, DropTarget {
+    ViewKind kind;
+    std::vector<View> children;
+};
+
+template <class Kind>
+bool is(const View& view) {
+    return std::holds_alternative<Kind>(view.kind);
+}
+
+inline bool isSameKind(const View& left, const View& right) {
+    return left.kind.index() == right.kind.index();
+}
+
+template <class... Handlers>
+struct KindVisitor : Handlers... {
+    using Handlers::operator()...;
+};
+
+/// Calls the one handler that takes the view's kind.
+template <class... Handlers>
+decltype(auto) visitKind(const View& view, Handlers... handlers) {
+    return std::visit(KindVisitor<Handlers...>{std::move(handlers)...}, view.kind);
+}
+
+/// The words that the view itself shows. A recorder's are its button's to know.
+inline std::string shownText(const View& view) {
+    return visitKind(
+        view, [](const kinds::Text& text) { return text.text; },
+        [](const OneOf<kinds::Button, kinds::Checkbox> auto& control) { return control.title; },
+        [](const OneOf<kinds::Symbol, kinds::Icon, kinds::Progress, kinds::ShortcutRecorder> auto&) {
+            return std::string{};
+        },
+        [](const StackKind auto&) { return std::string{}; },
+        [](const kinds::Scroll&) { return std::string{}; },
+        [](const GapKind auto&) { return std::string{}; });
+}
+
+/// Whether the view is a control of the system.
+inline bool isSystemControl(const View& view) {
+    return visitKind(
+        view, [](const ControlKind auto&) { return true; }, [](const DisplayKind auto&) { return false; },
+        [](const StackKind auto&) { return false; }, [](const kinds::Scroll&) { return false; },
+        [](const GapKind auto&) { return false; });
+}
+
+/// Whether a press on it does something, or would if it were enabled.
+inline bool isControl(const View& view) { return isSystemControl(view) || view.onPress != nullptr; }
 
 } // namespace tavrin

@@ -3,6 +3,7 @@
 #include "views/view.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -27,73 +28,88 @@ struct ButtonOptions {
     ButtonStyle style = ButtonStyle::Bordered;
     std::string symbol = {};
     std::string help = {};
+    bool isDefault = false;
 };
 
-inline View stack(ViewKind kind, std::vector<View> children, StackOptions options) {
+inline View simple(ViewKind kind) {
     View view;
-    view.kind = kind;
+    view.kind = std::move(kind);
+    return view;
+}
+
+template <StackKind Kind>
+View stack(Kind kind, std::vector<View> children, StackOptions options) {
+    kind.spacing = options.spacing;
+    kind.isCentered = options.isCentered;
+    auto view = simple(kind);
     view.children = std::move(children);
-    view.spacing = options.spacing;
     view.padding = options.padding;
     view.width = options.width;
-    view.isCentered = options.isCentered;
     return view;
 }
 
 inline View column(std::vector<View> children, StackOptions options = {}) {
-    return stack(ViewKind::Column, std::move(children), options);
+    return stack(kinds::Column{}, std::move(children), options);
 }
 
 /// A row whose children are centred vertically.
 inline View row(std::vector<View> children, StackOptions options = {}) {
     options.isCentered = true;
-    return stack(ViewKind::Row, std::move(children), options);
+    return stack(kinds::Row{}, std::move(children), options);
 }
 
 inline View card(std::vector<View> children, StackOptions options = {}) {
-    return stack(ViewKind::Card, std::move(children), options);
+    return stack(kinds::Card{}, std::move(children), options);
 }
 
-inline View text(std::string content, TextOptions options = {}) {
-    View view;
-    view.kind = ViewKind::Text;
-    view.text = std::move(content);
-    view.textStyle = options.style;
-    view.tone = options.tone;
-    view.isCentered = options.isCentered;
+inline View scroll(View content, double heightMax) {
+    auto view = simple(kinds::Scroll{});
+    view.children.push_back(std::move(content));
+    view.height = heightMax;
     return view;
 }
 
+inline View text(std::string content, TextOptions options = {}) {
+    return simple(kinds::Text{.text = std::move(content),
+                              .style = options.style,
+                              .tone = options.tone,
+                              .isCentered = options.isCentered});
+}
+
 inline View symbol(std::string name, double pointSize, Tone tone = Tone::Primary) {
-    View view;
-    view.kind = ViewKind::Symbol;
-    view.symbol = std::move(name);
-    view.pointSize = pointSize;
-    view.tone = tone;
+    return simple(kinds::Symbol{.name = std::move(name), .pointSize = pointSize, .tone = tone});
+}
+
+inline View icon(IconOfApplication application, double side) {
+    auto view = simple(kinds::Icon{std::move(application)});
+    view.width = view.height = side;
     return view;
 }
 
 inline View button(std::string title, std::function<void()> onPress, ButtonOptions options = {}) {
-    View view;
-    view.kind = ViewKind::Button;
-    view.text = std::move(title);
+    auto view = simple(kinds::Button{.title = std::move(title),
+                                     .symbol = std::move(options.symbol),
+                                     .style = options.style,
+                                     .isDefault = options.isDefault});
     view.onPress = std::move(onPress);
-    view.buttonStyle = options.style;
-    view.symbol = std::move(options.symbol);
     view.help = std::move(options.help);
     return view;
 }
 
-inline View simple(ViewKind kind) {
-    View view;
-    view.kind = kind;
+inline View checkbox(std::string title, bool isChecked, std::function<void()> onPress) {
+    auto view = simple(kinds::Checkbox{.title = std::move(title), .isChecked = isChecked});
+    view.onPress = std::move(onPress);
     return view;
 }
 
-inline View progress() { return simple(ViewKind::Progress); }
+inline View shortcutRecorder(std::shared_ptr<const RecorderButtonMaker> maker) {
+    return simple(kinds::ShortcutRecorder{std::move(maker)});
+}
 
-inline View divider() { return simple(ViewKind::Divider); }
+inline View progress() { return simple(kinds::Progress{}); }
 
-inline View spacer() { return simple(ViewKind::Spacer); }
+inline View divider() { return simple(kinds::Divider{}); }
+
+inline View spacer() { return simple(kinds::Spacer{}); }
 
 } // namespace tavrin

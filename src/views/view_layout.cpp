@@ -12,11 +12,21 @@ namespace {
 
 enum class Axis { Vertical, Horizontal };
 
-/// The direction in which a view of this kind stacks its children.
-Axis axisOf(ViewKind kind) { return kind == ViewKind::Row ? Axis::Horizontal : Axis::Vertical; }
+/// The direction in which the view stacks its children.
+Axis axisOf(const View& view) { return is<kinds::Row>(view) ? Axis::Horizontal : Axis::Vertical; }
+
+/// Without gaps for what is no stack.
+kinds::Stacking stackingOf(const View& view) {
+    constexpr kinds::Stacking none{.spacing = 0};
+    return visitKind(
+        view, [](const StackKind auto& stack) -> kinds::Stacking { return stack; },
+        [=](const kinds::Scroll&) { return none; }, [=](const ControlKind auto&) { return none; },
+        [=](const DisplayKind auto&) { return none; }, [=](const GapKind auto&) { return none; });
+}
 
 double gapsOf(const View& stack) {
-    return stack.children.empty() ? 0 : stack.spacing * static_cast<double>(stack.children.size() - 1);
+    if (stack.children.empty()) return 0;
+    return stackingOf(stack).spacing * static_cast<double>(stack.children.size() - 1);
 }
 
 double sumOf(const std::vector<Size>& sizes, double Size::* side) {
@@ -36,33 +46,28 @@ std::vector<std::size_t> childrenThat(const View& stack, auto matches) {
     return found;
 }
 
-bool isSpacer(const View& view) { return view.kind == ViewKind::Spacer; }
+bool isSpacer(const View& view) { return is<kinds::Spacer>(view); }
 
 /// Whether the view takes all the width that its stack has.
 bool fillsWidth(Axis parent, const View& view) {
     if (view.width) return false;
     const auto childFills = [&](const View& child) {
-        return (view.kind == ViewKind::Row && isSpacer(child)) || fillsWidth(axisOf(view.kind), child);
+        return (is<kinds::Row>(view) && isSpacer(child)) || fillsWidth(axisOf(view), child);
     };
-    switch (view.kind) {
-    case ViewKind::Card:
-    case ViewKind::Scroll:
-        return true;
-    case ViewKind::Text:
-        return view.isCentered;
-    case ViewKind::Divider:
-        return parent == Axis::Vertical;
-    case ViewKind::Row:
-    case ViewKind::Column:
-        return std::ranges::any_of(view.children, childFills);
-    default:
-        return false;
-    }
+    return visitKind(
+        view, [](const OneOf<kinds::Card, kinds::Scroll> auto&) { return true; },
+        [&](const OneOf<kinds::Row, kinds::Column> auto&) {
+            return std::ranges::any_of(view.children, childFills);
+        },
+        [](const kinds::Text& text) { return text.isCentered; },
+        [&](const kinds::Divider&) { return parent == Axis::Vertical; },
+        [](const OneOf<kinds::Symbol, kinds::Icon, kinds::Progress, kinds::Spacer> auto&) { return false; },
+        [](const ControlKind auto&) { return false; });
 }
 
 bool canShorten(const View& view) {
-    if (view.kind == ViewKind::Scroll) return true;
-    const bool isStack = view.kind == ViewKind::Column || view.kind == ViewKind::Card;
+    if (is<kinds::Scroll>(view)) return true;
+    const bool isStack = is<kinds::Column>(view) || is<kinds::Card>(view);
     return isStack && !view.height && std::ranges::any_of(view.children, canShorten);
 }
 
@@ -131,7 +136,7 @@ std::vector<double> Measuring::widthsInRow(const View& row, double room) const {
 }
 
 std::vector<Size> Measuring::naturalSizes(const View& stack, double width) const {
-    const Axis axis = axisOf(stack.kind);
+    const Axis axis = axisOf(stack);
     std::vector<Size> sizes;
     const auto widths = axis == Axis::Horizontal ? widthsInRow(stack, width) : std::vector<double>{};
     for (std::size_t i = 0; i < stack.children.size(); ++i)
@@ -141,25 +146,19 @@ std::vector<Size> Measuring::naturalSizes(const View& stack, double width) const
 
 Size Measuring::sizeOfStack(const View& stack, double width) const {
     const auto sizes = naturalSizes(stack, width);
-    if (axisOf(stack.kind) == Axis::Horizontal)
+    if (axisOf(stack) == Axis::Horizontal)
         return {sumOf(sizes, &Size::width) + gapsOf(stack), mostOf(sizes, &Size::height)};
     return {mostOf(sizes, &Size::width), sumOf(sizes, &Size::height) + gapsOf(stack)};
 }
 
 Size Measuring::sizeOfContent(Axis parent, const View& view, double width) const {
-    switch (view.kind) {
-    case ViewKind::Column:
-    case ViewKind::Card:
-    case ViewKind::Scroll:
-    case ViewKind::Row:
-        return sizeOfStack(view, width);
-    case ViewKind::Divider:
-        return parent == Axis::Vertical ? Size{0, 1} : Size{1, 0};
-    case ViewKind::Spacer:
-        return {};
-    default:
-        return controls_.sizeOf(view, width);
-    }
+    return visitKind(
+        view, [&](const StackKind auto&) { return sizeOfStack(view, width); },
+        [&](const kinds::Scroll&) { return sizeOfStack(view, width); },
+        [&](const kinds::Divider&) { return parent == Axis::Vertical ? Size{0, 1} : Size{1, 0}; },
+        [](const kinds::Spacer&) { return Size{}; },
+        [&](const ControlKind auto&) { return controls_.sizeOf(view, width); },
+        [&](const DisplayKind auto&) { return controls_.sizeOf(view, width); });
 }
 
 Size Measuring::sizeIn(Axis parent, const View& view, double width) const {
@@ -168,12 +167,12 @@ Size Measuring::sizeIn(Axis parent, const View& view, double width) const {
     size = {size.width + 2 * view.padding, size.height + 2 * view.padding};
     if (view.width) size.width = *view.width;
     if (view.height)
-        size.height = view.kind == ViewKind::Scroll ? std::min(size.height, *view.height) : *view.height;
+        size.height = is<kinds::Scroll>(view) ? std::min(size.height, *view.height) : *view.height;
     return size;
 }
 
 std::vector<Size> Measuring::sizesOfChildren(const View& stack, Size room) const {
-    const Axis axis = axisOf(stack.kind);
+    const Axis axis = axisOf(stack);
     auto sizes = naturalSizes(stack, room.width);
     const auto spacers = childrenThat(stack, isSpacer);
     const auto filling = childrenThat(stack, [&](const View& child) { return fillsWidth(axis, child); });
@@ -188,22 +187,23 @@ std::vector<Size> Measuring::sizesOfChildren(const View& stack, Size room) const
     shareOut(room.width - sumOf(sizes, &Size::width) - gapsOf(stack), spacers.empty() ? filling : spacers,
              sizes, &Size::width);
     for (std::size_t i = 0; i < sizes.size(); ++i)
-        if (stack.children[i].kind == ViewKind::Divider) sizes[i].height = room.height;
+        if (is<kinds::Divider>(stack.children[i])) sizes[i].height = room.height;
     return sizes;
 }
 
 std::vector<Rect> framesInStack(const View& stack, Rect inside, const Measuring& measuring) {
-    const bool isRow = stack.kind == ViewKind::Row;
+    const bool isRow = is<kinds::Row>(stack);
+    const auto [spacing, isCentered] = stackingOf(stack);
     std::vector<Rect> frames;
     double x = inside.x;
     double y = inside.y;
     for (const auto& size : measuring.sizesOfChildren(stack, inside.size())) {
         if (isRow)
-            y = startOf(inside.y, inside.height, size.height, stack.isCentered);
+            y = startOf(inside.y, inside.height, size.height, isCentered);
         else
-            x = startOf(inside.x, inside.width, size.width, stack.isCentered);
+            x = startOf(inside.x, inside.width, size.width, isCentered);
         frames.push_back(Rect::from({x, y}, size));
-        (isRow ? x : y) += (isRow ? size.width : size.height) + stack.spacing;
+        (isRow ? x : y) += (isRow ? size.width : size.height) + spacing;
     }
     return frames;
 }
@@ -229,8 +229,8 @@ std::vector<Rect> framesOfChildren(const View& view, Size size, const ControlSiz
     const Rect inside{view.padding, view.padding, std::max(0.0, size.width - 2 * view.padding),
                       std::max(0.0, size.height - 2 * view.padding)};
     const Measuring measuring(controls);
-    return view.kind == ViewKind::Scroll ? framesInScroll(view, inside, measuring)
-                                         : framesInStack(view, inside, measuring);
+    return is<kinds::Scroll>(view) ? framesInScroll(view, inside, measuring)
+                                   : framesInStack(view, inside, measuring);
 }
 
 } // namespace tavrin

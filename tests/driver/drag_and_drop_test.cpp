@@ -56,11 +56,9 @@ class DragAndDrop : public ::testing::Test {
     }
 
     void render() {
-        auto scroll = tavrin::simple(tavrin::ViewKind::Scroll);
-        scroll.height = 300;
-        scroll.children.push_back(tavrin::column({listFor("Left"), listFor("Right")}, {.width = 260}));
-        auto done = tavrin::button("Done", probe.logs("done"));
-        done.isDefaultButton = true;
+        auto scroll =
+            tavrin::scroll(tavrin::column({listFor("Left"), listFor("Right")}, {.width = 260}), 300);
+        auto done = tavrin::button("Done", probe.logs("done"), {.isDefault = true});
         probe.window->setContent(tavrin::column({scroll, done}, {.padding = 20}));
     }
 

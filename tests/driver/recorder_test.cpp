@@ -42,17 +42,19 @@ class Recorder : public ::testing::Test {
         return field.view(*probe.platform);
     }
 
-    void show(const std::vector<std::string>& recorders) {
+    tavrin::View content(const std::vector<std::string>& recorders) {
         auto row = tavrin::text("Row");
         row.isFocusable = true;
         std::vector<tavrin::View> views{std::move(row), tavrin::button("Plain", probe.logs("pressed"))};
         for (const auto& name : recorders) views.push_back(recorder(name));
-        probe.window->setContent(tavrin::column(std::move(views), {.padding = 20}));
+        return tavrin::column(std::move(views), {.padding = 20});
     }
+
+    void show(const std::vector<std::string>& recorders) { probe.window->setContent(content(recorders)); }
 
     json node(const std::string& label) {
         for (const auto& surface : mac.surfacesOf(tavrinBundle))
-            for (const auto& child : surface["children"].back()["children"])
+            for (const auto& child : surface["children"].back().value("children", json::array()))
                 if (child.value("label", "") == label) return child;
         return nullptr;
     }
@@ -182,6 +184,23 @@ TEST_F(Recorder, AButtonThatTakesNoFocusLeavesItRecording) {
     EXPECT_EQ(title("First"), "Type shortcut…");
     key("k", {"control"});
     EXPECT_EQ(takeLog(), Log{"First 40 4"});
+}
+
+TEST_F(Recorder, RecordsInAPanel) {
+    probe.window.reset();
+    const auto panel = probe.platform->presentation.makePanel();
+    panel->setContent(content({"First"}));
+    panel->show({600, 0, 40, 24});
+    mac.settle();
+    mac.press("First");
+    EXPECT_EQ(title("First"), "Type shortcut…");
+    EXPECT_EQ(node("First")["focused"], true);
+    key("k", {"control"});
+    EXPECT_EQ(takeLog(), Log{"First 40 4"});
+    mac.press("First");
+    panel->close();
+    mac.settle();
+    EXPECT_EQ(takeLog(), Log{"First cancelled"}) << "the panel has closed";
 }
 
 TEST_F(Recorder, DoesNotSeeWhatIsAHotKey) {

@@ -30,8 +30,7 @@ class Surfaces : public ::testing::Test {
 
     void openWindow() {
         probe.window = probe.platform->presentation.makeWindow("Probe Window", probe.logs("window closed"));
-        auto done = tavrin::button("Done", probe.logs("done"));
-        done.isDefaultButton = true;
+        auto done = tavrin::button("Done", probe.logs("done"), {.isDefault = true});
         probe.window->setContent(tavrin::column({tavrin::text("Words"), std::move(done)}, {.padding = 20}));
         probe.window->makeKeyAndOrderFront();
         probe.platform->application.activate();

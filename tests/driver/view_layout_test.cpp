@@ -27,7 +27,7 @@ bool overlap(Rect left, Rect right) {
 
 void expectSound(const LaidOutView& view, const std::string& tree) {
     for (std::size_t i = 0; i < view.children.size(); ++i) {
-        if (view.view.kind != ViewKind::Scroll)
+        if (!is<kinds::Scroll>(view.view))
             EXPECT_TRUE(contains(view.frame, view.children[i].frame))
                 << "child " << i << " sticks out in " << tree;
         for (std::size_t j = 0; j < i; ++j)
@@ -120,8 +120,8 @@ TEST(ViewLayout, NarrowsTextBeforeControls) {
 }
 
 TEST(ViewLayout, SharesRoomAndPlaces) {
-    auto checkbox = simple(ViewKind::Checkbox);
-    const auto spread = laidOut(row({text("Name"), spacer(), checkbox}, {.padding = 10}), {100, 50, 300, 40});
+    const auto spread = laidOut(row({text("Name"), spacer(), checkbox("", false, nullptr)}, {.padding = 10}),
+                                {100, 50, 300, 40});
     EXPECT_EQ(spread.children[2].frame.maxX(), 390);
     EXPECT_EQ(spread.children[0].frame.minX(), 110);
 
@@ -134,10 +134,8 @@ TEST(ViewLayout, SharesRoomAndPlaces) {
 TEST(ViewLayout, ScrollsWhatIsTooTall) {
     std::vector<View> rows;
     for (int i = 0; i < 40; ++i) rows.push_back(button("Row " + std::to_string(i), [] {}));
-    auto scroll = simple(ViewKind::Scroll);
-    scroll.children = {column(std::move(rows))};
-    scroll.height = 200;
-    const auto tree = column({text("Above"), scroll, text("Below")}, {.padding = 10, .width = 200});
+    const auto list = scroll(column(std::move(rows)), 200);
+    const auto tree = column({text("Above"), list, text("Below")}, {.padding = 10, .width = 200});
     auto laid = shown(tree, 400);
     expectSound(laid, "a column with a scroll");
     EXPECT_EQ(laid.children[1].frame.height, 200);

@@ -60,7 +60,7 @@ View PinnedNoticePanel::content(PinnedNotice notice) {
         }));
     if (notice.style == PinnedNotice::Style::Failure) buttons.push_back(button("Close", [this] { close(); }));
     if (!buttons.empty()) lines.push_back(row(std::move(buttons)));
-    return stack(ViewKind::Row, {signOf(notice.style), column(std::move(lines))},
+    return stack(kinds::Row{}, {signOf(notice.style), column(std::move(lines))},
                  {.spacing = 10, .padding = 14, .width = contentWidth});
 }
 

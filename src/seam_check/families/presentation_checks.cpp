@@ -117,32 +117,20 @@ Task<Verdict> popoversNeedAnItem(Platform platform) {
     co_return passed("It was not shown.");
 }
 
-View bare(ViewKind kind) {
-    View view;
-    view.kind = kind;
-    return view;
-}
-
 /// Every kind of view, with what a person could use.
 View everything(std::string heading) {
-    auto scroll = stack(ViewKind::Scroll, {column({text("One"), text("Two"), text("Three")})}, {});
-    scroll.height = 30;
-    View icon;
-    icon.kind = ViewKind::Icon;
-    icon.icon = IconOfApplication{"com.apple.finder"};
-    View check;
-    check.kind = ViewKind::Checkbox;
-    check.text = "A check box";
+    auto list = scroll(column({text("One"), text("Two"), text("Three")}), 30);
     auto draggable = card({text("A card")});
     draggable.dragValue = "card";
     draggable.onDrop = [](const std::string&) {};
     draggable.contextMenu = {{"An action", [] {}}};
     draggable.isFocusable = true;
     draggable.accessibilityLabel = "A card with an action";
-    return column({text(std::move(heading), {.style = TextStyle::Title}), bare(ViewKind::Divider),
-                   row({symbol("checkmark.circle", 20, Tone::Positive), symbol("no such symbol", 0), icon,
-                        bare(ViewKind::Spacer), bare(ViewKind::Progress)}),
-                   check, button("A button", [] {}, {.style = ButtonStyle::Prominent}), draggable, scroll},
+    return column({text(std::move(heading), {.style = TextStyle::Title}), divider(),
+                   row({symbol("checkmark.circle", 20, Tone::Positive), symbol("no such symbol", 0),
+                        icon({"com.apple.finder"}, 16), spacer(), progress()}),
+                   checkbox("A check box", false, nullptr),
+                   button("A button", [] {}, {.style = ButtonStyle::Prominent}), draggable, list},
                   {.padding = 16, .width = 320});
 }
 
@@ -265,9 +253,7 @@ View recorderView(const std::shared_ptr<RecorderNotes>& notes) {
     auto maker = std::make_shared<RecorderButtonMaker>();
     maker->make = [notes](RecorderButtonHost& host) { return std::make_unique<NotingRecorder>(notes, host); };
     maker->update = [](RecorderButton&) {};
-    auto recorder = bare(ViewKind::ShortcutRecorder);
-    recorder.recorder = std::move(maker);
-    return column({text("A recorder"), recorder}, {.padding = 16});
+    return column({text("A recorder"), shortcutRecorder(std::move(maker))}, {.padding = 16});
 }
 
 Task<Verdict> recordersKnowTheirButtons(Platform platform) {

@@ -6,9 +6,11 @@
 
 #include <string>
 #include <utility>
+#include <variant>
 
 using tavrin::View;
-using tavrin::ViewKind;
+
+namespace kinds = tavrin::kinds;
 
 namespace {
 
@@ -17,7 +19,8 @@ NSString* orNil(const std::string& text) { return text.empty() ? nil : tavrin::m
 /// A button that shows only a symbol is known by what its help says.
 NSString* labelFor(const View& view) {
     if (!view.accessibilityLabel.empty()) return tavrin::macos::localized(view.accessibilityLabel);
-    return view.kind == ViewKind::Button && view.text.empty() ? orNil(view.help) : nil;
+    const auto* button = std::get_if<kinds::Button>(&view.kind);
+    return button && button->title.empty() ? orNil(view.help) : nil;
 }
 
 /// Whether a node without a control is a thing of its own, and not only the place of its children.
@@ -62,7 +65,7 @@ NSMenu* contextMenu(TavrinViewNode* node) {
 
 /// What assistive technology meets: the control, or the node where it has none of its own.
 NSView* elementOf(TavrinViewNode* node) {
-    return node.innerControl && node.viewKind != ViewKind::Scroll ? node.innerControl : node;
+    return node.innerControl && !tavrin::is<kinds::Scroll>([node shownView]) ? node.innerControl : node;
 }
 
 /// A picture without a label only decorates. What assistive technology meets of a control is its cell.
@@ -84,7 +87,7 @@ void tavrin::macos::describe(TavrinViewNode* node) {
         element.accessibilityElement = isElement(view);
         element.accessibilityRole = view.onPress ? NSAccessibilityButtonRole : NSAccessibilityGroupRole;
     }
-    if (view.kind == ViewKind::Symbol || view.kind == ViewKind::Icon)
+    if (is<kinds::Symbol>(view) || is<kinds::Icon>(view))
         describePicture(static_cast<NSImageView*>(element), !view.accessibilityLabel.empty());
 }
 

@@ -1,6 +1,7 @@
 #include "platform/macos/views/view_control_sizes.h"
 
 #include "platform/macos/views/view_controls.h"
+#include "views/view_builders.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,12 +17,6 @@ constexpr std::size_t linesKeptMax = 2000;
 
 Size wholePoints(NSSize size) { return {std::ceil(size.width), std::ceil(size.height)}; }
 
-View pushButton() {
-    View button;
-    button.kind = ViewKind::Button;
-    return button;
-}
-
 /// The size within which the text is seen; the label's frame is a little wider.
 Size sizeOfLabel(NSTextField* label, double width) {
     const NSEdgeInsets insets = label.alignmentRectInsets;
@@ -34,37 +29,35 @@ Size sizeOfLabel(NSTextField* label, double width) {
 } // namespace
 
 NSView* MacControlSizes::dressed(const View& control) const {
-    NSView* __strong& view = controls_[control.kind];
-    if (!view) view = makeControl(control.kind, nil);
+    NSView* __strong& view = controls_[control.kind.index()];
+    if (!view) view = makeControl(control, nil);
     dressControl(view, control);
     return view;
 }
 
-Size MacControlSizes::sizeOfText(const View& text, double width) const {
+Size MacControlSizes::sizeOfText(const View& view, const kinds::Text& text, double width) const {
     if (lines_.size() >= linesKeptMax) lines_.clear();
-    auto [line, isNew] = lines_.try_emplace({text.textStyle, text.text});
-    if (isNew) line->second = sizeOfLabel(static_cast<NSTextField*>(dressed(text)), widthUnlimited);
+    auto [line, isNew] = lines_.try_emplace({text.style, text.text});
+    if (isNew) line->second = sizeOfLabel(static_cast<NSTextField*>(dressed(view)), widthUnlimited);
     if (line->second.width <= width) return line->second;
-    return sizeOfLabel(static_cast<NSTextField*>(dressed(text)), std::max(width, narrowestText));
+    return sizeOfLabel(static_cast<NSTextField*>(dressed(view)), std::max(width, narrowestText));
 }
 
 Size MacControlSizes::sizeOf(const View& control, double width) const {
-    switch (control.kind) {
-    case ViewKind::Text:
-        return sizeOfText(control, width);
-    case ViewKind::Symbol:
-        return wholePoints(static_cast<NSImageView*>(dressed(control)).image.size);
-    case ViewKind::Button:
-    case ViewKind::Checkbox:
-        return wholePoints(dressed(control).intrinsicContentSize);
-    case ViewKind::ShortcutRecorder:
-        return {recorderWidth, std::ceil(dressed(pushButton()).intrinsicContentSize.height)};
-    case ViewKind::Icon:
-    case ViewKind::Progress:
-        return smallPicture;
-    default:
-        return {};
-    }
+    return visitKind(
+        control, [&](const kinds::Text& text) { return sizeOfText(control, text, width); },
+        [&](const kinds::Symbol&) {
+            return wholePoints(static_cast<NSImageView*>(dressed(control)).image.size);
+        },
+        [&](const OneOf<kinds::Button, kinds::Checkbox> auto&) {
+            return wholePoints(dressed(control).intrinsicContentSize);
+        },
+        [&](const kinds::ShortcutRecorder&) {
+            return Size{recorderWidth, std::ceil(dressed(button("", nullptr)).intrinsicContentSize.height)};
+        },
+        [](const OneOf<kinds::Icon, kinds::Progress> auto&) { return smallPicture; },
+        [](const StackKind auto&) { return Size{}; }, [](const kinds::Scroll&) { return Size{}; },
+        [](const GapKind auto&) { return Size{}; });
 }
 
 } // namespace tavrin::macos

@@ -38,108 +38,93 @@ NSProgressIndicator* makeWheel() {
     return wheel;
 }
 
-void dressLabel(NSTextField* label, const View& view) {
-    label.font = fontFor(view.textStyle);
-    label.textColor = colorFor(view.tone);
-    label.alignment = view.isCentered ? NSTextAlignmentCenter : NSTextAlignmentNatural;
-    label.stringValue = localized(view.text);
+void dressLabel(NSTextField* label, const kinds::Text& text) {
+    label.font = fontFor(text.style);
+    label.textColor = colorFor(text.tone);
+    label.alignment = text.isCentered ? NSTextAlignmentCenter : NSTextAlignmentNatural;
+    label.stringValue = localized(text.text);
 }
 
-void dressSymbol(NSImageView* picture, const View& view) {
-    picture.image = symbolImage(view.symbol, view.pointSize);
-    picture.contentTintColor = colorFor(view.tone);
+void dressSymbol(NSImageView* picture, const kinds::Symbol& symbol) {
+    picture.image = symbolImage(symbol.name, symbol.pointSize);
+    picture.contentTintColor = colorFor(symbol.tone);
 }
 
 /// The icon is asked for again only when it is another one: asking reads the disk.
-void dressIcon(NSImageView* picture, const View& view) {
-    NSString* identifier = view.icon ? toNSString(view.icon->bundleIdentifier) : @"";
+void dressIcon(NSImageView* picture, const kinds::Icon& icon) {
+    const auto application = icon.application.value_or(IconOfApplication{});
+    NSString* identifier = toNSString(application.bundleIdentifier);
     if ([picture.identifier isEqualToString:identifier]) return;
     picture.identifier = identifier;
-    picture.image = iconImage(view.icon.value_or(IconOfApplication{}));
+    picture.image = iconImage(application);
 }
 
-NSCellImagePosition imagePositionFor(const View& button) {
+NSCellImagePosition imagePositionFor(const kinds::Button& button) {
     if (button.symbol.empty()) return NSNoImage;
-    return button.text.empty() ? NSImageOnly : NSImageLeading;
+    return button.title.empty() ? NSImageOnly : NSImageLeading;
 }
 
-void dressButton(NSButton* button, const View& view) {
-    const bool isPlain = view.buttonStyle == ButtonStyle::Plain;
-    const bool isProminent = view.buttonStyle == ButtonStyle::Prominent;
-    button.title = localized(view.text);
-    button.image = view.symbol.empty() ? nil : symbolImage(view.symbol, view.pointSize);
-    button.imagePosition = imagePositionFor(view);
-    button.imageHugsTitle = YES;
-    button.bordered = !isPlain;
-    button.bezelColor = isProminent ? NSColor.controlAccentColor : nil;
-    button.contentTintColor =
-        isPlain ? (view.text.empty() ? NSColor.secondaryLabelColor : NSColor.controlAccentColor) : nil;
-    button.keyEquivalent = view.isDefaultButton ? returnKey : @"";
-    button.enabled = view.isEnabled;
+void dressButton(NSButton* shown, const kinds::Button& button) {
+    const bool isPlain = button.style == ButtonStyle::Plain;
+    const bool isProminent = button.style == ButtonStyle::Prominent;
+    shown.title = localized(button.title);
+    shown.image = button.symbol.empty() ? nil : symbolImage(button.symbol, 0);
+    shown.imagePosition = imagePositionFor(button);
+    shown.imageHugsTitle = YES;
+    shown.bordered = !isPlain;
+    shown.bezelColor = isProminent ? NSColor.controlAccentColor : nil;
+    shown.contentTintColor =
+        isPlain ? (button.title.empty() ? NSColor.secondaryLabelColor : NSColor.controlAccentColor) : nil;
+    shown.keyEquivalent = button.isDefault ? returnKey : @"";
 }
 
-void dressCheckbox(NSButton* box, const View& view) {
-    box.title = localized(view.text);
-    box.state = view.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
-    box.enabled = view.isEnabled;
-}
-
-void dressRecorder(TavrinRecorderButton* button, const View& view) {
-    button.enabled = view.isEnabled;
-    [button followMaker:view.recorder];
+void dressCheckbox(NSButton* box, const kinds::Checkbox& checkbox) {
+    box.title = localized(checkbox.title);
+    box.state = checkbox.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
 }
 
 } // namespace
 
-NSView* makeControl(ViewKind kind, id target) {
-    switch (kind) {
-    case ViewKind::Text:
-        return makeLabel();
-    case ViewKind::Symbol:
-    case ViewKind::Icon:
-        return makePicture();
-    case ViewKind::Button:
-        return [NSButton buttonWithTitle:@"" target:target action:@selector(pressControl:)];
-    case ViewKind::Checkbox:
-        return [NSButton checkboxWithTitle:@"" target:target action:@selector(pressControl:)];
-    case ViewKind::ShortcutRecorder:
-        return [TavrinRecorderButton buttonWithTitle:@"" target:target action:@selector(pressControl:)];
-    case ViewKind::Progress:
-        return makeWheel();
-    case ViewKind::Scroll:
-        return makeScrollView();
-    case ViewKind::Column:
-    case ViewKind::Row:
-    case ViewKind::Card:
-    case ViewKind::Divider:
-    case ViewKind::Spacer:
-        return nil;
-    }
-    return nil;
+NSView* makeControl(const View& view, id target) {
+    const SEL press = @selector(pressControl:);
+    return visitKind(
+        view, [](const kinds::Text&) -> NSView* { return makeLabel(); },
+        [](const OneOf<kinds::Symbol, kinds::Icon> auto&) -> NSView* { return makePicture(); },
+        [=](const kinds::Button&) -> NSView* {
+            return [NSButton buttonWithTitle:@"" target:target action:press];
+        },
+        [=](const kinds::Checkbox&) -> NSView* {
+            return [NSButton checkboxWithTitle:@"" target:target action:press];
+        },
+        [=](const kinds::ShortcutRecorder&) -> NSView* {
+            return [TavrinRecorderButton buttonWithTitle:@"" target:target action:press];
+        },
+        [](const kinds::Progress&) -> NSView* { return makeWheel(); },
+        [](const kinds::Scroll&) -> NSView* { return makeScrollView(); },
+        [](const StackKind auto&) -> NSView* { return nil; },
+        [](const GapKind auto&) -> NSView* { return nil; });
 }
 
 void dressControl(NSView* control, const View& view) {
-    switch (view.kind) {
-    case ViewKind::Text:
-        return dressLabel(static_cast<NSTextField*>(control), view);
-    case ViewKind::Symbol:
-        return dressSymbol(static_cast<NSImageView*>(control), view);
-    case ViewKind::Icon:
-        return dressIcon(static_cast<NSImageView*>(control), view);
-    case ViewKind::Button:
-        return dressButton(static_cast<NSButton*>(control), view);
-    case ViewKind::Checkbox:
-        return dressCheckbox(static_cast<NSButton*>(control), view);
-    case ViewKind::ShortcutRecorder:
-        return dressRecorder(static_cast<TavrinRecorderButton*>(control), view);
-    default:
-        return;
-    }
+    if (isSystemControl(view)) static_cast<NSControl*>(control).enabled = view.isEnabled;
+    visitKind(
+        view, [=](const kinds::Text& text) { dressLabel(static_cast<NSTextField*>(control), text); },
+        [=](const kinds::Symbol& symbol) { dressSymbol(static_cast<NSImageView*>(control), symbol); },
+        [=](const kinds::Icon& icon) { dressIcon(static_cast<NSImageView*>(control), icon); },
+        [=](const kinds::Button& button) { dressButton(static_cast<NSButton*>(control), button); },
+        [=](const kinds::Checkbox& checkbox) { dressCheckbox(static_cast<NSButton*>(control), checkbox); },
+        [=](const kinds::ShortcutRecorder& recorder) {
+            [static_cast<TavrinRecorderButton*>(control) followMaker:recorder.maker];
+        },
+        [](const kinds::Progress&) {}, [](const kinds::Scroll&) {}, [](const StackKind auto&) {},
+        [](const GapKind auto&) {});
 }
 
-bool isDisplayOnly(ViewKind kind) {
-    return kind == ViewKind::Text || kind == ViewKind::Symbol || kind == ViewKind::Icon ||
-           kind == ViewKind::Progress;
+bool isDisplayOnly(const View& view) {
+    return visitKind(
+        view, [](const DisplayKind auto&) { return true; }, [](const ControlKind auto&) { return false; },
+        [](const StackKind auto&) { return false; }, [](const kinds::Scroll&) { return false; },
+        [](const GapKind auto&) { return false; });
 }
 
 } // namespace tavrin::macos

@@ -4,8 +4,6 @@
 
 namespace tavrin::macos {
 
-inline constexpr double dragThreshold = 4; // points
-
 /// Makes the node take drops exactly when its view does.
 void followDrops(TavrinViewNode* node);
 

@@ -12,13 +12,6 @@ namespace {
 // Only this program writes the type, so that what other programs drag is never taken.
 const NSPasteboardType draggedViewType = @"org.tavrin.Tavrin.dragged-view";
 
-constexpr NSPoint previewGrip{.x = 14, .y = 14}; // from the preview's top left to the pointer
-
-TavrinSurfaceView* surfaceAround(NSView* view) {
-    while (view && ![view isKindOfClass:TavrinSurfaceView.class]) view = view.superview;
-    return static_cast<TavrinSurfaceView*>(view);
-}
-
 } // namespace
 
 void tavrin::macos::followDrops(TavrinViewNode* node) {
@@ -37,14 +30,15 @@ void tavrin::macos::followDrops(TavrinViewNode* node) {
 }
 
 - (void)beginDragWith:(NSEvent*)event {
-    TavrinSurfaceView* source = surfaceAround(self);
+    TavrinSurfaceView* source = tavrin::macos::surfaceAround(self);
     if (!source || !self.isDragSource) return;
     NSPasteboardItem* value = [[NSPasteboardItem alloc] init];
     [value setString:tavrin::macos::toNSString(*[self shownView].dragValue) forType:draggedViewType];
     NSDraggingItem* item = [[NSDraggingItem alloc] initWithPasteboardWriter:value];
-    NSImage* preview = tavrin::macos::dragPreview([self shownView]);
+    NSImage* preview = tavrin::macos::imageOf(tavrin::dragPreviewOf([self shownView]));
+    constexpr auto grip = tavrin::DragPreview::grip;
     const NSPoint pointer = [source convertPoint:event.locationInWindow fromView:nil];
-    const NSPoint corner = NSMakePoint(pointer.x - previewGrip.x, pointer.y - previewGrip.y);
+    const NSPoint corner = NSMakePoint(pointer.x - grip.x, pointer.y - grip.y);
     [item setDraggingFrame:NSMakeRect(corner.x, corner.y, preview.size.width, preview.size.height)
                   contents:preview];
     [source beginDraggingSessionWithItems:@[ item ] event:event source:source];

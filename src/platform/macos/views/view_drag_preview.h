@@ -1,11 +1,10 @@
 #pragma once
 
 #include "platform/macos/support/apple.h"
-#include "views/view.h"
+#include "views/drag_preview.h"
 
 namespace tavrin::macos {
 
-/// What follows the pointer while the view is dragged: its first picture and its label.
-NSImage* dragPreview(const View& dragged);
+NSImage* imageOf(const DragPreview& preview);
 
 } // namespace tavrin::macos

@@ -5,37 +5,26 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
+#include <variant>
 
 namespace tavrin::macos {
 
 namespace {
 
-constexpr double padding = 6;
-constexpr double spacing = 8;
-constexpr double pictureSide = 20;
-constexpr double labelWidthMax = 280;
-
-const View* firstOf(const View& view, ViewKind kind, ViewKind orKind) {
-    if (view.kind == kind || view.kind == orKind) return &view;
-    for (const auto& child : view.children)
-        if (const View* found = firstOf(child, kind, orKind)) return found;
-    return nullptr;
-}
-
-std::string labelOf(const View& dragged) {
-    if (!dragged.accessibilityLabel.empty()) return dragged.accessibilityLabel;
-    const View* text = firstOf(dragged, ViewKind::Text, ViewKind::Button);
-    return text ? text->text : std::string{};
-}
+constexpr double padding = DragPreview::padding;
+constexpr double pictureSide = DragPreview::pictureSide;
 
 /// A symbol is drawn in a colour of its own: outside of a view nothing tints it.
-NSImage* pictureOf(const View& dragged) {
-    const View* picture = firstOf(dragged, ViewKind::Icon, ViewKind::Symbol);
-    if (!picture) return nil;
-    if (picture->icon) return iconImage(*picture->icon);
+NSImage* tintedSymbol(const kinds::Symbol& symbol) {
     auto* tint = [NSImageSymbolConfiguration configurationWithHierarchicalColor:NSColor.labelColor];
-    return [symbolImage(picture->symbol, pictureSide * 0.8) imageWithSymbolConfiguration:tint];
+    return [symbolImage(symbol.name, pictureSide * 0.8) imageWithSymbolConfiguration:tint];
+}
+
+NSImage* pictureOf(const DragPreview& preview) {
+    if (const auto* icon = std::get_if<kinds::Icon>(&preview.picture))
+        return iconImage(icon->application.value_or(IconOfApplication{}));
+    const auto* symbol = std::get_if<kinds::Symbol>(&preview.picture);
+    return symbol ? tintedSymbol(*symbol) : nil;
 }
 
 /// Fitted into the square at the preview's left, in its own proportions.
@@ -48,16 +37,16 @@ NSRect pictureFrame(NSSize size, double height) {
 
 } // namespace
 
-NSImage* dragPreview(const View& dragged) {
-    NSImage* picture = pictureOf(dragged);
-    NSString* label = localized(labelOf(dragged));
+NSImage* imageOf(const DragPreview& preview) {
+    NSImage* picture = pictureOf(preview);
+    NSString* label = localized(preview.label);
     NSDictionary* attributes = @{
         NSFontAttributeName : fontFor(TextStyle::Body),
         NSForegroundColorAttributeName : NSColor.labelColor
     };
     const NSSize text = [label sizeWithAttributes:attributes];
-    const double labelX = padding + (picture ? pictureSide + spacing : 0);
-    const double width = std::ceil(labelX + std::min(text.width, labelWidthMax) + padding);
+    const double labelX = padding + (picture ? pictureSide + DragPreview::spacing : 0);
+    const double width = std::ceil(labelX + std::min(text.width, DragPreview::labelWidthMax) + padding);
     const double height = std::ceil(std::max(text.height, pictureSide) + 2 * padding);
     return [NSImage imageWithSize:NSMakeSize(width, height)
                           flipped:NO

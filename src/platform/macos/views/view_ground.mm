@@ -19,13 +19,18 @@ void drawRounded(NSRect bounds, NSColor* fill, NSColor* line, double lineWidth) 
 } // namespace
 
 void drawGround(const View& view, NSRect bounds) {
-    if (view.kind == ViewKind::Divider) {
-        [NSColor.separatorColor setFill];
-        [NSBezierPath fillRect:bounds];
-    }
-    if (view.kind == ViewKind::Card) {
-        drawRounded(bounds, [NSColor.labelColor colorWithAlphaComponent:0.05], NSColor.separatorColor, 0.5);
-    }
+    visitKind(
+        view,
+        [=](const kinds::Divider&) {
+            [NSColor.separatorColor setFill];
+            [NSBezierPath fillRect:bounds];
+        },
+        [=](const kinds::Card&) {
+            NSColor* fill = [NSColor.labelColor colorWithAlphaComponent:0.05];
+            drawRounded(bounds, fill, NSColor.separatorColor, 0.5);
+        },
+        [](const OneOf<kinds::Column, kinds::Row, kinds::Scroll, kinds::Spacer> auto&) {},
+        [](const ControlKind auto&) {}, [](const DisplayKind auto&) {});
     if (view.isHighlighted) {
         NSColor* accent = NSColor.controlAccentColor;
         drawRounded(bounds, [accent colorWithAlphaComponent:0.18], accent, 1.5);

@@ -2,21 +2,27 @@
 
 #include "platform/macos/support/apple.h"
 #include "platform/macos/views/view_node.h"
+#include "views/focus.h"
+
+#include <optional>
 
 namespace tavrin::macos {
 
 /// The nodes from `root` down, in the order in which they stand. None for nil.
 NSArray<TavrinViewNode*>* nodesFrom(TavrinViewNode* root);
 
-/// The focusable nodes from `root` down, in the order in which they stand.
-NSArray<TavrinViewNode*>* focusableNodes(TavrinViewNode* root);
+/// Null when no node stands there.
+TavrinViewNode* nodeAt(TavrinViewNode* root, const ViewPath& path);
 
-/// The node that has the keyboard, or whose control has it; nil when neither is so.
-TavrinViewNode* nodeWithFocus(NSWindow* window);
+/// Where under `root` the keyboard focus is, with a node or its control.
+std::optional<ViewPath> focusedPath(TavrinViewNode* root);
 
-/// Up and down move the focus among the focusable nodes of the Scroll, or else of the column, around `from`;
-/// of all under `root` when it is nil. False for other keys, and when there are no such nodes.
-bool moveFocusInList(TavrinViewNode* root, TavrinViewNode* from, NSEvent* event);
+/// What of the node is the first responder while it has the focus: its control, or the node.
+NSView* keyViewOf(TavrinViewNode* node);
+
+/// Where Tab, Shift-Tab, up or down lead from the focus. Nothing for other keys, and when nothing takes the
+/// focus.
+std::optional<ViewPath> focusAfterKey(TavrinViewNode* root, NSEvent* event);
 
 /// The key's action of the innermost view around the focus that has one. False when there is none, and while
 /// text is being edited.

@@ -2,12 +2,11 @@
 
 #include "platform/macos/views/view_ground.h"
 #include "platform/macos/views/view_press.h"
+#include "platform/macos/views/view_surface.h"
 
 #include <algorithm>
 #include <optional>
 #include <string_view>
-
-using tavrin::ViewKind;
 
 namespace tavrin::macos {
 
@@ -15,6 +14,8 @@ namespace {
 
 constexpr NSEventModifierFlags modifierKeys = NSEventModifierFlagShift | NSEventModifierFlagControl |
                                               NSEventModifierFlagOption | NSEventModifierFlagCommand;
+
+constexpr unsigned short tabKey = 48;
 
 /// The names that key actions use. Empty for other keys and for keys pressed with modifiers.
 std::string_view keyName(NSEvent* event) {
@@ -49,36 +50,15 @@ void collectNodes(TavrinViewNode* node, NSMutableArray<TavrinViewNode*>* found) 
     for (TavrinViewNode* child in node.childNodes) collectNodes(child, found);
 }
 
-template <class Matches>
-TavrinViewNode* nodeAround(TavrinViewNode* node, const Matches& matches) {
-    for (NSView* view = node.superview; view; view = view.superview) {
-        if (![view isKindOfClass:TavrinViewNode.class]) continue;
-        TavrinViewNode* around = static_cast<TavrinViewNode*>(view);
-        if (matches(around.viewKind)) return around;
-    }
-    return nil;
+TavrinViewNode* nodeAround(NSView* view) {
+    while (view && ![view isKindOfClass:TavrinViewNode.class]) view = view.superview;
+    return static_cast<TavrinViewNode*>(view);
 }
 
-TavrinViewNode* listAround(TavrinViewNode* node) {
-    TavrinViewNode* scroll = nodeAround(node, [](ViewKind kind) { return kind == ViewKind::Scroll; });
-    if (scroll) return scroll;
-    return nodeAround(node, [](ViewKind kind) { return kind == ViewKind::Column || kind == ViewKind::Card; });
-}
-
-/// The next focusable node of the list; `from` itself may be none.
-TavrinViewNode* nextInList(TavrinViewNode* list, TavrinViewNode* from, bool isDown) {
-    TavrinViewNode* before = nil;
-    bool isPast = from == nil;
-    for (TavrinViewNode* node in nodesFrom(list)) {
-        if (node == from) {
-            if (!isDown) return before;
-            isPast = true;
-        } else if (node.acceptsFirstResponder) {
-            if (isDown && isPast) return node;
-            before = node;
-        }
-    }
-    return isDown ? nil : before;
+/// The node that has the keyboard, or whose control has it; nil when neither is so.
+TavrinViewNode* nodeWithFocus(NSWindow* window) {
+    NSResponder* responder = window.firstResponder;
+    return [responder isKindOfClass:NSView.class] ? nodeAround(static_cast<NSView*>(responder)) : nil;
 }
 
 } // namespace
@@ -89,40 +69,47 @@ NSArray<TavrinViewNode*>* nodesFrom(TavrinViewNode* root) {
     return found;
 }
 
-NSArray<TavrinViewNode*>* focusableNodes(TavrinViewNode* root) {
-    NSMutableArray<TavrinViewNode*>* found = [NSMutableArray array];
-    for (TavrinViewNode* node in nodesFrom(root))
-        if (node.acceptsFirstResponder) [found addObject:node];
-    return found;
+TavrinViewNode* nodeAt(TavrinViewNode* root, const ViewPath& path) {
+    TavrinViewNode* node = root;
+    for (const auto index : path) {
+        if (index >= node.childNodes.count) return nil;
+        node = node.childNodes[index];
+    }
+    return node;
 }
 
-TavrinViewNode* nodeWithFocus(NSWindow* window) {
-    NSResponder* responder = window.firstResponder;
-    if (![responder isKindOfClass:NSView.class]) return nil;
-    for (NSView* view = static_cast<NSView*>(responder); view; view = view.superview)
-        if ([view isKindOfClass:TavrinViewNode.class]) return static_cast<TavrinViewNode*>(view);
-    return nil;
+std::optional<ViewPath> focusedPath(TavrinViewNode* root) {
+    ViewPath path;
+    for (TavrinViewNode* node = nodeWithFocus(root.window); node; node = nodeAround(node.superview)) {
+        if (node == root) {
+            std::ranges::reverse(path);
+            return path;
+        }
+        path.push_back([nodeAround(node.superview).childNodes indexOfObject:node]);
+    }
+    return std::nullopt;
 }
 
-bool moveFocusInList(TavrinViewNode* root, TavrinViewNode* from, NSEvent* event) {
+NSView* keyViewOf(TavrinViewNode* node) {
+    return isSystemControl([node shownView]) ? node.innerControl : node;
+}
+
+std::optional<ViewPath> focusAfterKey(TavrinViewNode* root, NSEvent* event) {
+    if (!root) return std::nullopt;
     const auto key = keyName(event);
-    if (key != "up" && key != "down") return false;
-    TavrinViewNode* list = from ? listAround(from) : root;
-    if (focusableNodes(list).count == 0) return false;
-    TavrinViewNode* next = nextInList(list, from, key == "down");
-    if (!next) return true; // at the list's end
-    [next.window makeFirstResponder:next];
-    [next scrollRectToVisible:next.bounds];
-    return true;
+    const auto modifiers = event.modifierFlags & modifierKeys;
+    const auto places = [=] { return focusPlacesOf([root shownView]); };
+    if (key == "down") return focusInList(places(), focusedPath(root), FocusStep::Next);
+    if (key == "up") return focusInList(places(), focusedPath(root), FocusStep::Previous);
+    if (event.keyCode != tabKey || (modifiers & ~NSEventModifierFlagShift) != 0) return std::nullopt;
+    return focusBeside(places(), focusedPath(root), modifiers == 0 ? FocusStep::Next : FocusStep::Previous);
 }
 
 bool performFocusedKeyAction(NSWindow* window, NSEvent* event) {
     if ([window.firstResponder isKindOfClass:NSText.class]) return false;
-    for (NSView* view = nodeWithFocus(window); view; view = view.superview) {
-        if (![view isKindOfClass:TavrinViewNode.class]) continue;
-        if ([static_cast<TavrinViewNode*>(view) performKeyActionFor:event]) return true;
-    }
-    return false;
+    TavrinViewNode* node = nodeWithFocus(window);
+    while (node && ![node performKeyActionFor:event]) node = nodeAround(node.superview);
+    return node != nil;
 }
 
 } // namespace tavrin::macos
@@ -130,7 +117,7 @@ bool performFocusedKeyAction(NSWindow* window, NSEvent* event) {
 @implementation TavrinViewNode (Keyboard)
 
 - (BOOL)acceptsFirstResponder {
-    return [self shownView].isFocusable && [self shownView].isEnabled;
+    return tavrin::takesFocusWhenPressed([self shownView]);
 }
 
 // AppKit asks this of what Tab may reach while the system's keyboard navigation is off.
@@ -154,9 +141,10 @@ bool performFocusedKeyAction(NSWindow* window, NSEvent* event) {
 
 - (void)keyDown:(NSEvent*)event {
     if ([self performKeyActionFor:event]) return;
-    TavrinViewNode* focused = tavrin::macos::nodeWithFocus(self.window);
-    if (focused == self && tavrin::macos::moveFocusInList(nil, self, event)) return;
-    if (focused == self && [self pressWithKey:tavrin::macos::keyName(event)]) return;
+    const bool hasFocus = tavrin::macos::nodeWithFocus(self.window) == self;
+    // Here already, because a scroll view on the way up would take the arrow keys.
+    if (hasFocus && [tavrin::macos::surfaceAround(self) moveFocusWith:event]) return;
+    if (hasFocus && [self pressWithKey:tavrin::macos::keyName(event)]) return;
     [super keyDown:event];
 }
 

@@ -22,7 +22,6 @@ using ShownView = std::shared_ptr<const View>;
 /// children; it draws grounds, and takes the mouse and the keyboard for what is no control.
 @interface TavrinViewNode : NSView
 
-@property(nonatomic, readonly) tavrin::ViewKind viewKind;
 @property(nonatomic, readonly) NSArray<TavrinViewNode*>* childNodes;
 @property(nonatomic, readonly) NSView* innerControl; // nil for stacks and for what is only drawn
 

@@ -12,7 +12,6 @@
 
 using tavrin::ControlSizes;
 using tavrin::View;
-using tavrin::ViewKind;
 using tavrin::Work;
 using tavrin::macos::Deliver;
 using tavrin::macos::ShownView;
@@ -32,14 +31,10 @@ using tavrin::macos::ShownView;
     // Bezels and words reach a little beyond the frames that controls are aligned by. Views of programs built
     // against the SDKs before macOS 14 cut them off there.
     if ([self respondsToSelector:@selector(setClipsToBounds:)]) self.clipsToBounds = NO;
-    _innerControl = tavrin::macos::makeControl(view->kind, self);
+    _innerControl = tavrin::macos::makeControl(*view, self);
     if (_innerControl) [self addSubview:_innerControl];
     [self showView:std::move(view)];
     return self;
-}
-
-- (ViewKind)viewKind {
-    return view_->kind;
 }
 
 - (const View&)shownView {
@@ -82,7 +77,7 @@ using tavrin::macos::ShownView;
 
 - (void)showChildView:(ShownView)view at:(NSUInteger)index {
     TavrinViewNode* old = index < children_.count ? children_[index] : nil;
-    if (old && old.viewKind == view->kind) return [old showView:std::move(view)];
+    if (old && tavrin::isSameKind([old shownView], *view)) return [old showView:std::move(view)];
     TavrinViewNode* made = [[TavrinViewNode alloc] initWithView:std::move(view) deliver:deliver_];
     NSView* ground = tavrin::macos::groundOfChildren(self);
     if (old) {
@@ -96,14 +91,15 @@ using tavrin::macos::ShownView;
 
 - (void)placeAt:(NSRect)frame sizes:(const ControlSizes&)sizes {
     self.frame = frame;
-    if (self.viewKind == ViewKind::Scroll) {
+    const bool isScroll = tavrin::is<tavrin::kinds::Scroll>(*view_);
+    if (isScroll) {
         self.innerControl.frame = self.bounds;
     } else if (self.innerControl) {
         const NSRect inside = NSInsetRect(self.bounds, view_->padding, view_->padding);
         self.innerControl.frame = [self.innerControl frameForAlignmentRect:inside];
     }
     const auto frames = tavrin::framesOfChildren(*view_, {NSWidth(frame), NSHeight(frame)}, sizes);
-    if (self.viewKind == ViewKind::Scroll) tavrin::macos::sizeScrolled(self, frames);
+    if (isScroll) tavrin::macos::sizeScrolled(self, frames);
     for (NSUInteger i = 0; i < frames.size(); ++i) {
         const tavrin::Rect& child = frames[i];
         [children_[i] placeAt:NSMakeRect(child.x, child.y, child.width, child.height) sizes:sizes];
@@ -118,7 +114,7 @@ using tavrin::macos::ShownView;
 - (NSView*)hitTest:(NSPoint)point {
     NSView* hit = [super hitTest:point];
     const bool isOnDisplay = hit && self.innerControl && [hit isDescendantOf:self.innerControl];
-    return isOnDisplay && tavrin::macos::isDisplayOnly(self.viewKind) ? self : hit;
+    return isOnDisplay && tavrin::macos::isDisplayOnly(*view_) ? self : hit;
 }
 
 - (void)drawRect:(NSRect)dirtyRect {

@@ -3,14 +3,15 @@
 #include "platform/macos/views/view_controls.h"
 #include "platform/macos/views/view_drag.h"
 #include "platform/macos/views/view_recorder.h"
+#include "views/drag_preview.h"
 
 #include <cmath>
 
-using tavrin::ViewKind;
+namespace kinds = tavrin::kinds;
 
 bool tavrin::macos::isPressable(TavrinViewNode* node) {
     const auto& view = [node shownView];
-    return view.isEnabled && view.onPress && (!node.innerControl || isDisplayOnly(view.kind));
+    return view.isEnabled && view.onPress && (!node.innerControl || isDisplayOnly(view));
 }
 
 @implementation TavrinViewNode (Press)
@@ -26,8 +27,9 @@ bool tavrin::macos::isPressable(TavrinViewNode* node) {
 
 // A checkbox has ticked itself by now; whether it stays ticked is for the next tree to say.
 - (void)pressControl:(id)sender {
-    if (self.viewKind == ViewKind::Checkbox) tavrin::macos::dressControl(self.innerControl, [self shownView]);
-    if (self.viewKind == ViewKind::ShortcutRecorder) return [self pressRecorder];
+    const auto& view = [self shownView];
+    if (tavrin::is<kinds::Checkbox>(view)) tavrin::macos::dressControl(self.innerControl, view);
+    if (tavrin::is<kinds::ShortcutRecorder>(view)) return [self pressRecorder];
     [self pressNode];
 }
 
@@ -41,8 +43,7 @@ bool tavrin::macos::isPressable(TavrinViewNode* node) {
     const auto from = self.pressedAt;
     if (!from) return [super mouseDragged:event];
     const NSPoint to = event.locationInWindow;
-    if (!self.isDragSource || std::hypot(to.x - from->x, to.y - from->y) <= tavrin::macos::dragThreshold)
-        return;
+    if (!self.isDragSource || std::hypot(to.x - from->x, to.y - from->y) <= tavrin::dragThreshold) return;
     self.pressedAt = std::nullopt;
     [self beginDragWith:event];
 }

@@ -35,6 +35,7 @@ class RecorderHost final : public RecorderButtonHost {
 
     bool makeFirstResponder() override {
         NSWindow* window = button_.window;
+        [window makeKeyWindow]; // a panel isn't key after a press through Accessibility
         return window && [window makeFirstResponder:button_] && isFirstResponder();
     }
 
@@ -80,6 +81,11 @@ using tavrin::macos::RecorderHost;
 
 - (BOOL)acceptsFirstResponder {
     return self.enabled;
+}
+
+// A press makes a panel the key window only for what asks for that, and without it no key would come.
+- (BOOL)needsPanelToBecomeKey {
+    return YES;
 }
 
 - (BOOL)resignFirstResponder {

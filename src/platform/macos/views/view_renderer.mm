@@ -35,6 +35,6 @@ NSSize ViewRenderer::layOut(double widthMax, double heightMax) {
     return size;
 }
 
-void ViewRenderer::takeKeyboard() { [surface_.window makeFirstResponder:surface_]; }
+void ViewRenderer::takeKeyboard() { [surface_ takeKeyboard]; }
 
 } // namespace tavrin::macos

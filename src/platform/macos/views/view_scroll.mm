@@ -1,5 +1,7 @@
 #include "platform/macos/views/view_scroll.h"
 
+#include "views/drag_preview.h"
+
 #include <algorithm>
 
 @interface TavrinScrolledView : NSView
@@ -17,13 +19,10 @@ namespace tavrin::macos {
 
 namespace {
 
-constexpr double scrollEdge = 24; // points in which a drag scrolls on
-constexpr double scrollStep = 10; // points
-
 double stepAt(NSPoint point, NSRect visible) {
     if (!NSPointInRect(point, visible)) return 0;
-    if (point.y < NSMinY(visible) + scrollEdge) return -scrollStep;
-    return point.y > NSMaxY(visible) - scrollEdge ? scrollStep : 0;
+    if (point.y < NSMinY(visible) + dragScrollEdge) return -dragScrollStep;
+    return point.y > NSMaxY(visible) - dragScrollEdge ? dragScrollStep : 0;
 }
 
 } // namespace
@@ -41,8 +40,8 @@ NSScrollView* makeScrollView() {
 }
 
 NSView* groundOfChildren(TavrinViewNode* node) {
-    return node.viewKind == ViewKind::Scroll ? static_cast<NSScrollView*>(node.innerControl).documentView
-                                             : node;
+    if (!is<kinds::Scroll>([node shownView])) return node;
+    return static_cast<NSScrollView*>(node.innerControl).documentView;
 }
 
 void sizeScrolled(TavrinViewNode* scroll, const std::vector<Rect>& frames) {

@@ -15,11 +15,23 @@
 
 - (instancetype)initWithDelivery:(tavrin::macos::Deliver)deliver;
 
-/// Keeps the nodes that keep their kind and place. The focus stays; where its view is gone, it goes to the
-/// one that took its turn.
+/// Keeps the nodes that keep their kind and place. The focus goes where views/focus.h says.
 - (void)showView:(tavrin::macos::ShownView)view;
+
+/// Takes the keyboard from whatever in it has it.
+- (void)takeKeyboard;
+
+/// Moves the focus as Tab, Shift-Tab, up and down do. NO for other keys, and when nothing takes the focus.
+- (BOOL)moveFocusWith:(NSEvent*)event;
 
 /// Ends what tells the program of its fate by itself, before the surface leaves the screen for good.
 - (void)letRecordersGo;
 
 @end
+
+namespace tavrin::macos {
+
+/// The surface that the view stands on; nil without one.
+TavrinSurfaceView* surfaceAround(NSView* view);
+
+} // namespace tavrin::macos

@@ -2,15 +2,21 @@
 
 #include "platform/macos/views/view_keyboard.h"
 #include "platform/macos/views/view_recorder.h"
+#include "views/focus.h"
 
-#include <algorithm>
 #include <utility>
 
 using tavrin::macos::Deliver;
 using tavrin::macos::ShownView;
 
+TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
+    while (view && ![view isKindOfClass:TavrinSurfaceView.class]) view = view.superview;
+    return static_cast<TavrinSurfaceView*>(view);
+}
+
 @implementation TavrinSurfaceView {
     Deliver deliver_;
+    tavrin::KeptFocus focus_;
     ShownView next_; // what came while another tree was being taken up
 }
 
@@ -38,33 +44,46 @@ using tavrin::macos::ShownView;
 }
 
 - (void)takeUp:(ShownView)view {
-    NSArray<TavrinViewNode*>* before = tavrin::macos::focusableNodes(self.rootNode);
-    TavrinViewNode* focused = tavrin::macos::nodeWithFocus(self.window);
-    const NSUInteger turn = focused ? [before indexOfObject:focused] : NSNotFound;
-    if (self.rootNode && self.rootNode.viewKind == view->kind) {
+    const auto before = tavrin::macos::focusedPath(self.rootNode);
+    focus_.seenAt(before);
+    if (self.rootNode && tavrin::isSameKind([self.rootNode shownView], *view)) {
         [self.rootNode showView:std::move(view)];
     } else {
         [self.rootNode removeFromSuperview];
         _rootNode = [[TavrinViewNode alloc] initWithView:std::move(view) deliver:deliver_];
         [self addSubview:_rootNode];
     }
-    if (focused) [self restoreFocusAtTurn:turn];
+    const auto place = focus_.settleIn(tavrin::focusPlacesOf([self.rootNode shownView]));
+    if (place)
+        [self putFocusAt:*place];
+    else if (before)
+        [self.window makeFirstResponder:self];
 }
 
-- (void)restoreFocusAtTurn:(NSUInteger)turn {
-    TavrinViewNode* focused = tavrin::macos::nodeWithFocus(self.window);
-    const bool isKept =
-        turn == NSNotFound ? focused != nil : static_cast<bool>(focused.acceptsFirstResponder);
-    if (isKept) return;
-    NSArray<TavrinViewNode*>* now = tavrin::macos::focusableNodes(self.rootNode);
-    const bool hasNext = turn != NSNotFound && now.count > 0;
-    NSView* next = hasNext ? [now objectAtIndex:std::min(turn, now.count - 1)] : self;
-    [self.window makeFirstResponder:next];
+- (void)putFocusAt:(const tavrin::ViewPath&)path {
+    if (tavrin::macos::focusedPath(self.rootNode) == path) return;
+    NSView* view = tavrin::macos::keyViewOf(tavrin::macos::nodeAt(self.rootNode, path));
+    [self.window makeFirstResponder:view];
+}
+
+- (BOOL)moveFocusWith:(NSEvent*)event {
+    const auto path = tavrin::macos::focusAfterKey(self.rootNode, event);
+    if (!path) return NO;
+    focus_.moveTo(*path);
+    [self putFocusAt:*path];
+    TavrinViewNode* node = tavrin::macos::nodeAt(self.rootNode, *path);
+    [node scrollRectToVisible:node.bounds];
+    return YES;
+}
+
+- (void)takeKeyboard {
+    focus_.clear();
+    [self.window makeFirstResponder:self];
 }
 
 - (void)letRecordersGo {
     for (TavrinViewNode* node in tavrin::macos::nodesFrom(self.rootNode)) {
-        if (node.viewKind == tavrin::ViewKind::ShortcutRecorder)
+        if (tavrin::is<tavrin::kinds::ShortcutRecorder>([node shownView]))
             [static_cast<TavrinRecorderButton*>(node.innerControl) letRecorderGo];
     }
 }
@@ -84,7 +103,7 @@ using tavrin::macos::ShownView;
 
 - (void)keyDown:(NSEvent*)event {
     if ([self.rootNode performKeyActionFor:event]) return;
-    if (!tavrin::macos::moveFocusInList(self.rootNode, nil, event)) [super keyDown:event];
+    if (![self moveFocusWith:event]) [super keyDown:event];
 }
 
 // Return would go to the default button before the view with the focus is asked.

@@ -1,0 +1,146 @@
+#include "views/focus.h"
+#include "views/view_builders.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavrin {
+namespace {
+
+using At = std::optional<ViewPath>;
+
+View focusable(const std::string& name) {
+    auto view = row({text(name), button("Move", [] {})});
+    view.isFocusable = true;
+    return view;
+}
+
+View disabled(View view) {
+    view.isEnabled = false;
+    return view;
+}
+
+std::vector<View> rows(std::size_t count) {
+    std::vector<View> made;
+    for (std::size_t i = 0; i < count; ++i) made.push_back(focusable(std::to_string(i)));
+    return made;
+}
+
+/// A heading, two cards of rows in a Scroll, and a button below them.
+View lists(std::size_t first, std::size_t second) {
+    return column({text("Heading"), scroll(column({card(rows(first)), card(rows(second))}), 300),
+                   button("Done", [] {}), disabled(button("Off", [] {}))});
+}
+
+FocusPlaces places(const View& view) { return focusPlacesOf(view); }
+
+} // namespace
+
+TEST(Focus, IsTakenByWhatAPersonCanUse) {
+    struct Case {
+        std::string what;
+        View view;
+        bool withTab;
+        bool whenPressed;
+        bool isListed;
+    };
+
+    auto pressable = column({text("Tray")});
+    pressable.onPress = [] {};
+    const std::vector<Case> cases{
+        {"text", text("Words"), false, false, false},
+        {"a button", button("Done", [] {}), true, false, false},
+        {"a button that does nothing", button("Done", nullptr), true, false, false},
+        {"a checkbox", checkbox("Always", true, [] {}), true, false, false},
+        {"a recorder", shortcutRecorder(nullptr), true, false, false},
+        {"a stack that can be pressed", pressable, true, true, false},
+        {"a focusable row", focusable("Row"), true, true, true},
+        {"a disabled row", disabled(focusable("Row")), false, false, false},
+        {"a disabled button", disabled(button("Done", [] {})), false, false, false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(takesFocus(c.view), c.withTab) << c.what;
+        EXPECT_EQ(takesFocusWhenPressed(c.view), c.whenPressed) << c.what;
+        EXPECT_EQ(focusPlaceOf(c.view, {}).isListed, c.isListed) << c.what;
+    }
+}
+
+TEST(Focus, TabGoesRoundThroughEverything) {
+    const auto all = places(lists(1, 1));
+    const std::vector<ViewPath> order{{1, 0, 0, 0}, {1, 0, 0, 0, 1}, {1, 0, 1, 0}, {1, 0, 1, 0, 1}, {2}};
+    At at;
+    for (const auto& next : order) EXPECT_EQ(at = focusBeside(all, at, FocusStep::Next), next);
+    EXPECT_EQ(focusBeside(all, at, FocusStep::Next), order.front());
+    EXPECT_EQ(focusBeside(all, order.front(), FocusStep::Previous), order.back());
+    EXPECT_EQ(focusBeside(all, std::nullopt, FocusStep::Previous), order.back());
+    EXPECT_EQ(focusBeside(all, ViewPath{1, 0, 0, 0, 1}, FocusStep::Previous), order.front());
+    EXPECT_EQ(focusBeside(places(text("Words")), std::nullopt, FocusStep::Next), std::nullopt);
+}
+
+TEST(Focus, UpAndDownStayInTheList) {
+    struct Case {
+        At from;
+        At down;
+        At up;
+    };
+
+    const auto all = places(column({focusable("Outside"), scroll(column({card(rows(2)), card(rows(1))}), 300),
+                                    card({focusable("Apart"), button("Done", [] {})})}));
+    const ViewPath first{1, 0, 0, 0};
+    const ViewPath second{1, 0, 0, 1};
+    const ViewPath third{1, 0, 1, 0};
+    const std::vector<Case> cases{
+        {first, second, first},
+        {second, third, first},
+        {third, third, second},
+        {ViewPath{1, 0, 0, 1, 1}, third, second}, // the button in the second row
+        {ViewPath{2, 1}, ViewPath{2, 1}, ViewPath{2, 0}},
+        {std::nullopt, ViewPath{0}, ViewPath{2, 0}},
+    };
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        EXPECT_EQ(focusInList(all, cases[i].from, FocusStep::Next), cases[i].down) << i;
+        EXPECT_EQ(focusInList(all, cases[i].from, FocusStep::Previous), cases[i].up) << i;
+    }
+    EXPECT_EQ(focusInList(places(lists(0, 0)), ViewPath{2}, FocusStep::Next), std::nullopt);
+}
+
+TEST(Focus, GoesToTheNearestByPlaceWhenItsViewIsGone) {
+    struct Case {
+        std::string what;
+        View tree;
+        ViewPath from;
+        At to;
+    };
+
+    const std::vector<Case> cases{
+        {"the row that took its place", lists(2, 1), {1, 0, 0, 1}, ViewPath{1, 0, 0, 1}},
+        {"the row before, when it was the last", lists(2, 1), {1, 0, 0, 2}, ViewPath{1, 0, 0, 1}},
+        {"the row around a button that is gone", lists(1, 1), {1, 0, 0, 0, 5}, ViewPath{1, 0, 0, 0}},
+        {"the other list, when its own is empty", lists(0, 2), {1, 0, 0, 1}, ViewPath{1, 0, 1, 0}},
+        {"the button, when no row is left", lists(0, 0), {1, 0, 0, 1}, ViewPath{2}},
+        {"the other button, when its own is disabled", lists(3, 3), {3}, ViewPath{2}},
+        {"nowhere, when nothing takes it", text("Words"), {1, 0}, std::nullopt},
+    };
+    for (const auto& c : cases) EXPECT_EQ(focusNear(places(c.tree), c.from), c.to) << c.what;
+}
+
+TEST(Focus, GoesBackToWhereItWasPut) {
+    KeptFocus focus;
+    EXPECT_EQ(focus.settleIn(places(lists(1, 1))), std::nullopt) << "nobody has put it anywhere";
+
+    focus.moveTo({1, 0, 0, 2});
+    EXPECT_EQ(focus.settleIn(places(lists(2, 1))), (ViewPath{1, 0, 0, 1}));
+    focus.seenAt(ViewPath{1, 0, 0, 1});
+    EXPECT_EQ(focus.settleIn(places(text("Words"))), std::nullopt);
+    focus.seenAt(std::nullopt);
+    EXPECT_EQ(focus.settleIn(places(lists(3, 1))), (ViewPath{1, 0, 0, 2}));
+
+    focus.seenAt(ViewPath{2});
+    EXPECT_EQ(focus.settleIn(places(lists(3, 1))), ViewPath{2}) << "the person has moved it meanwhile";
+    focus.seenAt(std::nullopt);
+    EXPECT_EQ(focus.settleIn(places(lists(3, 1))), std::nullopt) << "it was given up";
+}
+
+} // namespace tavrin
