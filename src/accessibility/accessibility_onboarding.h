@@ -17,7 +17,7 @@ struct AccessibilityOnboardingModel {
     Published<Phase> phase{Phase::waiting};
 };
 
-/// What the onboarding window shows.
+/// The content of the onboarding window.
 View accessibilityOnboardingView(AccessibilityOnboardingModel::Phase phase,
                                  std::function<void()> openSettings);
 

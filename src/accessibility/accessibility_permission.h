@@ -12,9 +12,9 @@
 
 namespace tavrin {
 
-/// Whether the user lets this process use Accessibility. While it is not trusted it looks once a second and
-/// at every hint of a change; while it is trusted it neither looks nor listens, so whoever depends on the
-/// answer calls `refresh` first.
+/// Tells whether the user lets this process use Accessibility. While the process isn't trusted, this looks
+/// once a second and at every hint of a change. While it is trusted, this neither looks nor listens, so a
+/// caller that depends on the answer calls `refresh` first.
 class AccessibilityPermission {
   public:
     static constexpr Seconds pollInterval{1.0};

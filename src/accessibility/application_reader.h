@@ -12,7 +12,7 @@
 
 namespace tavrin {
 
-/// What one message tells about an element of a menu bar.
+/// The facts that one message tells about an element of a menu bar.
 struct MenuBarElement {
     AccessibilityElement element;
     std::string role;

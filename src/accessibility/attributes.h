@@ -16,20 +16,21 @@ namespace tavrin {
 // Each function here is one message to another application and blocks its thread until the application
 // answers or the time-out has passed: off the main thread.
 
-/// Why asking another application ended early. Any other error only means that something isn't there.
+/// The reason why asking another application ended early. Any other error only means that something isn't
+/// there.
 enum class ReadFailure {
     TimedOut,  // the application does not answer
     Denied,    // this process may not use Accessibility
     Abandoned, // nobody waits for the result any longer
 };
 
-/// None for an error that only means that something isn't there.
+/// The failure that the error stands for; none for one that only means that something isn't there.
 std::optional<ReadFailure> endingFailure(AccessibilityError error);
 
 using AccessibilityElements = std::vector<AccessibilityElement>;
 
-/// What one message has told of an element. An attribute that wasn't asked for, that the application can't
-/// tell, or whose value is of another type is absent.
+/// The attributes that one message has told of an element. An attribute that wasn't asked for, that the
+/// application can't tell, or whose value is of another type is absent.
 class Attributes {
   public:
     Attributes() = default;
@@ -46,9 +47,9 @@ class Attributes {
     bool isTrue(std::string_view name) const;
     std::optional<int> integer(std::string_view name) const;
     AccessibilityElements elements(std::string_view name) const;
-    /// The first that is text and not empty.
+    /// The first attribute that is text and not empty.
     std::optional<std::string> firstText(std::initializer_list<std::string_view> names) const;
-    /// From position and size.
+    /// The frame, from position and size.
     std::optional<Rect> frame() const;
 
   private:
@@ -57,12 +58,12 @@ class Attributes {
     std::vector<std::pair<std::string_view, AttributeValue>> values_;
 };
 
-/// Several attributes in one message. An error in one slot of an answered message makes that attribute
+/// Reads several attributes in one message. An error in one slot of an answered message makes that attribute
 /// absent; only the message's own error is a failure. The names outlive what is returned.
 std::expected<Attributes, ReadFailure> read(Accessibility& accessibility, const AccessibilityElement& element,
                                             std::span<const std::string_view> names, Seconds timeout);
 
-/// One attribute, whose own error is that of the message.
+/// Reads one attribute; its own error counts as the message's.
 template <class T>
 std::expected<std::optional<T>, ReadFailure> readOne(Accessibility& accessibility,
                                                      const AccessibilityElement& element,

@@ -14,10 +14,10 @@
 
 namespace tavrin {
 
-/// Messages to other applications from the main thread. They go out on a queue of their owner's, one piece of
-/// work at a time, so that the main thread never waits for an application that doesn't answer. A job that is
-/// cancelled stops waiting at once and gets `Abandoned`; what has begun on the queue is told so and ends
-/// early. Cheap to copy. Accessibility and the queue outlive the messenger. Main thread.
+/// Sends messages to other applications from the main thread. They go out on a queue of the messenger's
+/// owner, one piece of work at a time, so that the main thread never waits for an application that doesn't
+/// answer. A job that is cancelled stops waiting at once and gets `Abandoned`; work that has begun on the
+/// queue is told so and ends early. Cheap to copy. Accessibility and the queue outlive the messenger.
 class AxMessenger {
   public:
     template <class T>
@@ -27,8 +27,8 @@ class AxMessenger {
         : accessibility_(&accessibility)
         , queue_(&queue) {}
 
-    /// What the question answers on the queue. It takes `Accessibility&` and `const AbandonFlag&`, gives an
-    /// `Answer`, and owns all else that it uses.
+    /// Runs the question on the queue and gives its answer. The question takes `Accessibility&` and `const
+    /// AbandonFlag&`, returns an `Answer`, and owns all else that it uses.
     template <class Question>
     Task<std::invoke_result_t<Question&, Accessibility&, const AbandonFlag&>> ask(Question question) const {
         auto answer =

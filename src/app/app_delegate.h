@@ -48,7 +48,7 @@ class AppDelegate final : public ApplicationDelegate {
     Job<> terminationTask_;
 };
 
-/// The program, as an entry point makes it. What `platform` refers to outlives it.
+/// Makes the program, for an entry point. What `platform` refers to outlives it.
 std::unique_ptr<ApplicationDelegate> makeAppDelegate(const Platform& platform);
 
 } // namespace tavrin

@@ -8,8 +8,8 @@ namespace tavrin {
 
 class MenuBarManager;
 
-/// Makes the configure window's content for the present state of a manager, the same one each time. The
-/// content may act on the manager for as long as it is shown.
+/// Gives a function that makes the configure window's content for the present state of a manager, which is
+/// the same one at each call. The content may act on the manager for as long as it is shown.
 std::function<View(MenuBarManager&)> configureContent();
 
 } // namespace tavrin

@@ -11,11 +11,11 @@
 
 namespace tavrin {
 
-/// What the windows show of the menu bar: each value where its one owner keeps it. Main thread.
+/// The values that the windows show of the menu bar, each read where its one owner keeps it.
 struct BarReadings {
     const Published<bool>& isCollapsed;
     const Published<bool>& isTrayVisible;
-    const Published<std::vector<MenuBarItem>>& detectedItems; // the last scan, in its order
+    const Published<std::vector<MenuBarItem>>& detectedItems; // those of the last scan, in its order
     const Published<HiddenSet>& hiddenItemIdentifiers;        // what the user wants hidden
     const Published<bool>& isScanning;
     const Published<bool>& isApplyingConfiguration;

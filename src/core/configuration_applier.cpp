@@ -8,7 +8,7 @@ namespace tavrin {
 
 namespace {
 
-/// The published sign of an apply, which goes with it however it ends.
+/// Publishes that an apply is running, and takes that back however the apply ends.
 class ApplyingSign {
   public:
     explicit ApplyingSign(BarActivity& activity) : activity_(activity) {

@@ -15,7 +15,7 @@
 
 namespace tavrin {
 
-/// How an apply has ended; a cancelled one ends without telling.
+/// How an apply has ended. A cancelled one tells no outcome.
 enum class ApplyOutcome {
     hidden,     // everything is in its place, and what is to be hidden is hidden
     incomplete, // the bar is expanded, and the failure message says why
@@ -23,7 +23,7 @@ enum class ApplyOutcome {
 
 /// Makes the menu bar match what the user wants hidden: shows everything, has the items placed, and hides
 /// when all are where they should be. One apply runs at a time; a newer one cancels it, and so does a request
-/// to hide. Main thread.
+/// to hide.
 class ConfigurationApplier {
   public:
     struct Uses {
@@ -54,7 +54,7 @@ class ConfigurationApplier {
     void cancelPendingConfiguration() { pendingConfigurationTask_.cancel(); }
 
   private:
-    static constexpr Seconds settleWait{0.22}; // the status items find their places after an expand
+    static constexpr Seconds settleWait{0.22}; // for the status items to find their places
 
     using Failures = std::vector<ConfigurationFailure>;
 

@@ -13,10 +13,10 @@
 
 namespace tavrin {
 
-/// The control item: its look, its clicks and its menu. Main thread.
+/// The control item: its look, its clicks and its menu.
 class ControlItemController {
   public:
-    /// What the control can ask for.
+    /// The actions that the control can ask for.
     struct Actions {
         std::function<void()> toggleCollapse;
         std::function<void()> showConfiguration;

@@ -33,7 +33,7 @@ inline std::vector<std::vector<ControlMenuEntry>> sections() {
             {quit}};
 }
 
-/// The first click answers the hint instead of hiding.
+/// A click while the hint shows answers the hint instead of hiding.
 inline ControlLeftClickAction leftClickAction(bool wasShowingFirstRunHint) {
     return wasShowingFirstRunHint ? ControlLeftClickAction::showConfiguration
                                   : ControlLeftClickAction::toggle;

@@ -13,11 +13,11 @@
 
 namespace tavrin {
 
-/// The popover at the control that tells a new user where the items went; it is owed until it was closed
-/// once. Main thread.
+/// The popover at the control that tells a new user where the items went; it is owed until it has been closed
+/// once.
 class FirstRunHint {
   public:
-    /// A press that closed the hint is not a click of its own for this long.
+    /// For this long after a press has closed the hint, a click belongs to that press.
     static constexpr Seconds closingPressSpan{1.0};
 
     FirstRunHint(const Platform& platform, Settings& settings, OwnStatusItems& items);
@@ -25,7 +25,7 @@ class FirstRunHint {
     FirstRunHint& operator=(const FirstRunHint&) = delete;
     ~FirstRunHint();
 
-    /// Fires when a press on the control has closed the hint, which the configuration is to answer.
+    /// Fires when a press on the control has closed the hint, and the configure window is to open.
     Subscription onClosedByControlPress(std::function<void()> handler) {
         return closedByControlPress_.subscribe(std::move(handler));
     }

@@ -9,19 +9,19 @@
 
 namespace tavrin {
 
-/// What a fresh install starts with.
+/// Tells a fresh install from one in use, and chooses the items that a fresh one hides.
 class FirstRunState {
   public:
     explicit FirstRunState(Settings& settings) : settings_(settings) {}
 
-    /// Nothing was configured yet: neither was the configuration shown, nor is any choice stored, not even an
-    /// empty one.
+    /// Whether nothing was configured yet: the configuration was never shown, and no choice is stored, not
+    /// even an empty one.
     bool isFreshInstall() const {
         return !settings_.boolean(Settings::didPresentInitialConfigurationKey) &&
                !settings_.hasValue(Settings::hiddenItemIdentifiersKey);
     }
 
-    /// The default layout was chosen, and stored; from now on the install is fresh no longer.
+    /// Notes that the default layout was chosen and stored; from now on the install is no longer fresh.
     void recordDefaultLayout() { settings_.setBoolean(Settings::didPresentInitialConfigurationKey, true); }
 
     /// Every item of other applications that can be moved.

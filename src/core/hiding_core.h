@@ -21,8 +21,8 @@
 
 namespace tavrin {
 
-/// All that knows the menu bar and changes it, without any window: made together, in an order in which each
-/// part is handed the ones before it. Main thread.
+/// The parts that know the menu bar and change it, without any window. They are made together, and each is
+/// handed those before it.
 struct HidingCore {
     /// `dressControl` gives a new control item its image and its action. All arguments outlive the core.
     HidingCore(const Platform& platform, AccessibilityPermission& permission,
@@ -31,7 +31,7 @@ struct HidingCore {
     HidingCore& operator=(const HidingCore&) = delete;
 
   private:
-    BarActivity activity_; // hiding and the applier write it, nobody else
+    BarActivity activity_; // written by hiding and by the applier, by nobody else
 
   public:
     const BarActivity& activity = activity_;

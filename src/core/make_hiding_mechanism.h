@@ -12,7 +12,7 @@
 
 namespace tavrin {
 
-/// The way of hiding for the life of the process. All arguments outlive it.
+/// Makes the mechanism that hides for the life of the process. All arguments outlive it.
 std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, const Platform& platform,
                                                      OwnStatusItems& items, ItemInventory& inventory,
                                                      const HiddenItems& hiddenItems, FailureMessage& failure);

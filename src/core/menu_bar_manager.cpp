@@ -12,7 +12,7 @@ namespace tavrin {
 
 namespace {
 
-/// Why a pin keeps the toggle shortcut from being this.
+/// The reason why the toggle shortcut can't be this one: a pin has it. None when no pin does.
 std::optional<std::string> conflictWithPins(const std::vector<PinnedAction>& pins,
                                             const HotKeyShortcut& shortcut) {
     const auto user =

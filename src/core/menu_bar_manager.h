@@ -20,8 +20,8 @@
 
 namespace tavrin {
 
-/// The one controller of the program: it brings together what hides and what the user sees and presses, and
-/// starts all of it when it is made. Main thread.
+/// The one controller of the program. It brings together the parts that hide items with the control and the
+/// windows that the user sees, and starts all of them when it is made.
 class MenuBarManager {
   public:
     struct Hooks {
@@ -58,12 +58,12 @@ class MenuBarManager {
 
     void refreshItems() { startUp_.refreshItems(); }
 
-    /// Where the items are, compared with where the user wants them.
+    /// Compares where the items are with where the user wants them.
     SkerrowPolicy collapsePolicy() const {
         return core_.hiddenItems.policyFor(core_.inventory.items().get());
     }
 
-    /// Moves what is on the wrong side, and hides when all is in place.
+    /// Moves the items that are on the wrong side, and hides when all are in place.
     void applyConfigurationAndHide() { core_.applier.applyConfigurationAndHide(); }
 
     void cancelPendingConfiguration() { core_.applier.cancelPendingConfiguration(); }

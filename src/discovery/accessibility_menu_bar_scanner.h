@@ -17,7 +17,7 @@ class Scheduler;
 class Text;
 class Workspace;
 
-/// What a scan reads of an item before it knows which item it is.
+/// The facts that a scan reads of an item before it knows which item it is.
 struct MenuBarItemScanMetadata {
     std::optional<std::string> role;
     std::optional<std::string> rawIdentifier;
@@ -56,7 +56,7 @@ class AccessibilityMenuBarScanner {
     std::vector<ExtrasMenuBarPresence>
     extrasPresence(std::span<const RunningApplicationSnapshot> applications, Seconds messagingTimeout) const;
 
-    /// The live element of an item found earlier; none when it cannot be told for certain.
+    /// The live element of an item found earlier; none when it can't be told for certain which one that is.
     std::optional<AccessibilityElement> resolveElement(const MenuBarItemSnapshot& snapshot) const;
 
   private:

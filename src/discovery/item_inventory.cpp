@@ -48,7 +48,7 @@ Task<> ItemInventory::scanOnce() {
         return scanner.scan(applications, boundaryX, abandoned);
     });
     if (!found) co_return;
-    // What was read while the trust went is a part of the truth at best.
+    // A reading during which the trust was lost may have missed items.
     if (isDenied()) co_return publish({.items = {}, .isDenied = true});
     publish({.items = std::move(*found)});
 }

@@ -15,7 +15,7 @@
 namespace tavrin {
 
 /// Keeps the list of other applications' items: scans on a queue of its own, one scan at a time. The list is
-/// void once Accessibility trust is lost. Main thread.
+/// void once Accessibility trust is lost.
 class ItemInventory {
   public:
     /// `boundaryX` gives the x left of which an item counts as hidden, in screen coordinates; it is asked as
@@ -25,12 +25,12 @@ class ItemInventory {
     ItemInventory(const ItemInventory&) = delete;
     ItemInventory& operator=(const ItemInventory&) = delete;
 
-    /// What the last scan found, in its order.
+    /// The items that the last scan found, in its order.
     const Published<std::vector<MenuBarItem>>& items() const { return items_; }
 
     const Published<bool>& isScanning() const { return isScanning_; }
 
-    /// A scan has finished, with Accessibility trust, and nothing has made it void since.
+    /// Whether a scan has finished with Accessibility trust and nothing has made it void since.
     bool hasCompletedScan() const { return hasCompletedScan_; }
 
     /// Fires at the end of every scan, also of one that found what was known, or was denied. `items` is up to

@@ -9,7 +9,7 @@
 
 namespace tavrin {
 
-/// Looks up one item that an earlier scan has found. Main thread; the messages go out on the queue.
+/// Looks up one item that an earlier scan has found. The messages go out on the queue.
 class MenuBarItemReader {
   public:
     /// The queue may outlive the reader.

@@ -19,13 +19,13 @@ namespace MenuBarItemScanPolicy {
 /// Whether the bundle is one of Apple's, judged by its identifier.
 bool isApple(std::string_view bundleIdentifier);
 
-/// A finite origin, larger than nothing, narrower than 1000 and lower than 100 points.
+/// Whether the frame has a finite origin and a size above 0, narrower than 1000 and lower than 100 points.
 bool isValidFrame(const Rect& frame);
 
 /// `raw` itself when it looks like an identifier that somebody chose, such as "com.sample.menu-item".
 std::optional<std::string> normalizedStableAccessibilityIdentifier(std::string_view raw, const Text& text);
 
-/// The one identifier for what an element says of itself; none when it does not say enough. `width` in
+/// The one identifier made of what an element says of itself; none when it does not say enough. `width` in
 /// points.
 std::optional<std::string> canonicalIdentifier(std::string_view bundleIdentifier,
                                                const std::optional<std::string>& rawIdentifier,
@@ -54,7 +54,8 @@ MenuBarZone zone(const Rect& frame, double boundaryX);
 
 bool isMovable(const std::optional<std::string>& canonicalIdentifier);
 
-/// Visible before hidden, then by application name, then from left to right; equal ones keep their order.
+/// Sorts visible before hidden, then by application name, then from left to right; equal ones keep their
+/// order.
 void sort(std::vector<MenuBarItemSnapshot>& items, const Text& text);
 
 } // namespace MenuBarItemScanPolicy

@@ -28,7 +28,7 @@ inline Rect statusArea(const Screen& screen) {
     return area;
 }
 
-/// By how much macOS 26 reports items wider on each side than their places, in points.
+/// macOS 26 reports items wider than their places by this many points on each side.
 inline constexpr double reportedOverlap = 1;
 
 /// Whether the item, less `inset` points at each edge, lies in the status area of some screen's menu bar.

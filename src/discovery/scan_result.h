@@ -6,7 +6,7 @@
 
 namespace tavrin {
 
-/// What one scan of the menu bar has found.
+/// The result of one scan of the menu bar.
 struct ScanResult {
     std::vector<MenuBarItemSnapshot> items; // of other applications, in the order of the menu bar
     bool isDenied = false;                  // without Accessibility trust nothing is known

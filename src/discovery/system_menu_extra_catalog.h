@@ -22,7 +22,7 @@ struct SystemMenuExtraDescriptor {
     bool operator==(const SystemMenuExtraDescriptor&) const = default;
 };
 
-/// What is known of Apple's own menu extras, whose Accessibility elements often carry no usable identifier.
+/// Facts about Apple's own menu extras, whose Accessibility elements often carry no usable identifier.
 namespace SystemMenuExtraCatalog {
 
 /// The canonical identifier for a token such as "wifi": a raw identifier or label, folded to bare letters and

@@ -17,12 +17,12 @@ struct Click {
     static constexpr Seconds holdWait{0.01};
 
     Point location;
-    std::map<EventField, std::int64_t> fields{};         ///< that address both events to a window
+    std::map<EventField, std::int64_t> fields{};         ///< address both events to a window
     std::shared_ptr<const EventSource> source = nullptr; ///< none: the events have no source
     Seconds settleWait{0};                               ///< before the pointer is put back
 };
 
-/// Leaves nothing behind, as PointerGesture says. Main thread.
+/// Clicks once and leaves nothing behind, as PointerGesture promises.
 Task<GestureResult> postClick(Events& events, Click click);
 
 } // namespace tavrin

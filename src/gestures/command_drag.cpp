@@ -16,7 +16,7 @@ constexpr Seconds pressWait{0.08};
 constexpr Seconds stepWait{0.015};
 constexpr Seconds releaseWait{0.18};
 
-/// Tidies up behind itself when the last of the job's frames has gone.
+/// The gesture tidies up behind itself when the last of the job's frames has gone.
 using Gesture = std::shared_ptr<PointerGesture>;
 using Source = std::shared_ptr<const EventSource>;
 

@@ -2,7 +2,7 @@
 
 namespace tavrin {
 
-/// What became of a gesture. Whether it had an effect, nobody tells.
+/// How a gesture has ended. It doesn't tell whether the gesture had an effect.
 enum class GestureResult {
     posted,
     cancelled, ///< before its end

@@ -21,8 +21,8 @@ struct WindowServerMenuBarWindow {
 };
 
 /// Addresses mouse events to the window of one status item, for the items that react to nothing else. All it
-/// knows of windows comes from private functions: whenever one is missing, fails, or leaves a doubt which
-/// window is meant, it says `unavailable` and posts nothing. Main thread.
+/// knows of windows comes from private functions: whenever one is missing, fails, or leaves it in doubt which
+/// window is meant, the bridge says `unavailable` and posts nothing.
 class WindowServerStatusItemBridge {
   public:
     enum class EventResult {

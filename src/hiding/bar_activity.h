@@ -4,8 +4,7 @@
 
 namespace tavrin {
 
-/// What happens in the menu bar at this moment. Each flag has one writer; everyone else has a const
-/// reference. Main thread.
+/// The state of the menu bar at this moment. Each flag has one writer; everyone else has a const reference.
 struct BarActivity {
     Published<bool> isCollapsed{false};             // written by HidingController
     Published<bool> isApplyingConfiguration{false}; // written by ConfigurationApplier

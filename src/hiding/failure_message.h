@@ -9,7 +9,7 @@
 namespace tavrin {
 
 /// The last failure in one sentence for the user, which the configure window shows. Several parts of the
-/// program fail; each tells it here. Main thread.
+/// program fail; each tells it here.
 class FailureMessage {
   public:
     const Published<std::optional<std::string>>& published() const { return message_; }

@@ -11,7 +11,7 @@
 
 namespace tavrin {
 
-/// The items that the user wants hidden, stored at once after each change. Main thread.
+/// The items that the user wants hidden, stored at once after each change.
 class HiddenItems {
   public:
     /// `ownBundleIdentifier` names the application whose items are never hidden.
@@ -23,10 +23,10 @@ class HiddenItems {
         return isConfiguredHidden(item, identifiers_.get());
     }
 
-    /// Changes what is wanted of these items, and of nothing else.
+    /// Changes whether these items are wanted hidden, and leaves all others as they are.
     void set(std::span<const std::string> identifiers, bool hidden);
 
-    /// Where `items` are, compared with where the user wants them.
+    /// Compares where `items` are with where the user wants them.
     SkerrowPolicy policyFor(std::span<const MenuBarItem> items) const {
         return SkerrowPolicy(items, identifiers_.get(), ownBundleIdentifier_);
     }

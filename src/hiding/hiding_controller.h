@@ -24,8 +24,7 @@ enum class CollapseOutcome {
     superseded, // a later collapse or expand has taken its place
 };
 
-/// Hides the configured items and reveals them again, and decides which of several requests counts. Main
-/// thread.
+/// Hides the configured items and reveals them again, and decides which of several requests counts.
 class HidingController {
   public:
     HidingController(Scheduler& scheduler, Settings& settings, BarActivity& activity,
@@ -43,13 +42,13 @@ class HidingController {
     void requestCollapse(Persist persist, OnFailure onFailure);
     void cancelRequests();
 
-    /// Fires when a request begins, which ends whatever else rearranges the bar.
+    /// Fires when a request begins; anything else that rearranges the bar ends then.
     Subscription onRequest(std::function<void()> handler) { return requested_.subscribe(std::move(handler)); }
 
     /// Fires when the user has to see the failure message.
     Subscription onFailed(std::function<void()> handler) { return failed_.subscribe(std::move(handler)); }
 
-    /// Fits what is hidden to the screens there are now.
+    /// Adapts the hiding to the present screens.
     void adaptToScreens();
 
     /// Puts every hidden item back on the screen without touching the stored choice, and stops all work.

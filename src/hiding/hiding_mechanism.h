@@ -9,7 +9,7 @@
 
 namespace tavrin {
 
-/// How items are hidden. Made once, at start; it knows nothing of when to hide. Main thread.
+/// A way of hiding items. It is made once, at start, and knows nothing of when to hide.
 class HidingMechanism {
   public:
     HidingMechanism() = default;
@@ -21,10 +21,10 @@ class HidingMechanism {
     /// repair that fails tells the user. False also when the awaiting job is cancelled.
     virtual Task<bool> ensureLayout() = 0;
 
-    /// Before a hide that the user asks for: layout and scan are brought up to date. False as above.
+    /// Brings layout and scan up to date before a hide that the user asks for. False as above.
     virtual Task<bool> prepare() = 0;
 
-    /// Why nothing can be hidden now, for the user. Asked before `hideNow`.
+    /// The reason why nothing can be hidden now, for the user. Asked before `hideNow`.
     virtual std::optional<std::string> refusal() const = 0;
 
     /// A hide takes three steps: it begins, it is confirmed or says why it isn't, and its effect is watched.
@@ -36,17 +36,18 @@ class HidingMechanism {
     /// Shows everything.
     virtual void reveal() = 0;
 
-    /// Hides as fits the screens there are now. Called while items are hidden.
+    /// Adapts the hiding to the present screens. Called while items are hidden.
     virtual void adaptToScreens() = 0;
 
-    /// Before items are placed, with everything shown: whether the own items have been arranged, so that they
-    /// need a moment to settle.
+    /// Arranges the own items before other items are placed, while everything is shown. True when they were
+    /// arranged and so need a moment to settle.
     virtual Task<bool> arrangeForApply() = 0;
 
     /// Whether the side of the control that an item lies on decides if it is hidden.
     virtual bool placesByPosition() const = 0;
 
-    /// A hide has turned out to do harm: everything must be shown again and the user told this sentence.
+    /// Fires when a hide has turned out to do harm: everything must be shown again and the user told this
+    /// sentence.
     Signal<std::string> mustReveal;
 };
 

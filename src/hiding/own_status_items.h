@@ -14,12 +14,12 @@
 namespace tavrin {
 
 /// Tavrin's own status items: the control that the user clicks and, where a spacer hides, the invisible
-/// spacer to its left. Main thread.
+/// spacer to its left.
 class OwnStatusItems {
   public:
-    /// How the control's place is seeded: at the right end where none is stored, there in any case, or a hair
-    /// left of there in any case. The last is for a macOS that takes position 0 for none and puts the item
-    /// far left.
+    /// How the control's place is seeded: at the right end only when no place is stored, at the right end in
+    /// any case, or a hair left of it in any case. The last is for a macOS that takes position 0 for none and
+    /// puts the item far left.
     enum class PositionSeed { IfAbsent, Force, ForceBesideZero };
 
     /// `dressControl` gives a new control item its image and its action.
@@ -58,7 +58,7 @@ class OwnStatusItems {
     /// Whether the spacer ends where the control begins, or before; a point of overlap is allowed.
     bool isSpacerLeftOfControl() const;
 
-    /// The x left of which items are hidden: where the spacer ends.
+    /// Items left of this x are hidden: the spacer ends there.
     double boundaryX() const;
 
   private:

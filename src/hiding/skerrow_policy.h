@@ -14,19 +14,19 @@ namespace tavrin {
 /// Identifiers of items that the user wants hidden.
 using HiddenSet = std::set<std::string>;
 
-/// Where the items are, compared with where the user wants them.
+/// Compares where the items are with where the user wants them.
 class SkerrowPolicy {
   public:
-    /// All items but those of `ownBundleIdentifier`, in their order.
+    /// Takes all items but those of `ownBundleIdentifier`, in their order.
     SkerrowPolicy(std::span<const MenuBarItem> items, const HiddenSet& hiddenItemIdentifiers,
                   std::string_view ownBundleIdentifier);
 
     const std::vector<MenuBarItemAssignment>& assignments() const { return assignments_; }
 
-    /// Wanted hidden, and still where hiding would leave them on the screen.
+    /// The items that are wanted hidden and still lie where hiding would leave them on the screen.
     std::vector<MenuBarItemAssignment> pendingMoves() const;
 
-    /// Wanted visible, and where hiding would take them away.
+    /// The items that are wanted visible and lie where hiding would take them away.
     std::vector<MenuBarItemAssignment> trayOverflow() const;
 
   private:

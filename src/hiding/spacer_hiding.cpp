@@ -46,7 +46,7 @@ std::optional<std::string> SpacerHiding::refusal() const {
 
 void SpacerHiding::hideNow() { items_.setSpacerLength(collapsedSpacerLength(platform_.screens.screens())); }
 
-/// The spacer is long at once.
+/// There is nothing to wait for: the spacer is long at once.
 Task<std::expected<void, std::string>> SpacerHiding::confirmHidden() {
     co_return std::expected<void, std::string>();
 }

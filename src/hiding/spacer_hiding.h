@@ -14,8 +14,7 @@
 
 namespace tavrin {
 
-/// Hides by a long spacer to the left of the control, which pushes everything left of it off the screen. Main
-/// thread.
+/// Hides by a long spacer to the left of the control, which pushes everything left of it off the screen.
 class SpacerHiding final : public HidingMechanism {
   public:
     SpacerHiding(const Platform& platform, OwnStatusItems& items, ItemInventory& inventory,

@@ -8,8 +8,8 @@
 
 namespace tavrin {
 
-/// Stands in where macOS alone can hide and offers no way to tell it what: everything stays shown, and each
-/// request to hide is refused. Main thread.
+/// Stands in where only macOS can hide items and can't be told which: everything stays shown, and each
+/// request to hide is refused.
 class UnavailableHiding final : public HidingMechanism {
   public:
     Task<bool> ensureLayout() override { co_return true; }

@@ -9,8 +9,7 @@
 
 namespace tavrin {
 
-/// All that it takes to move one item and to look where it has gone. Main thread; applications are asked on a
-/// queue of its own.
+/// The parts that move one item and look where it has gone. They ask applications on a queue of their own.
 class ItemMovement {
   public:
     explicit ItemMovement(const Platform& platform);

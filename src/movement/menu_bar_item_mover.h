@@ -25,8 +25,8 @@ enum class MenuBarMoveResult {
 };
 
 /// Moves other applications' items as a person does: by a drag with the Command key held. It never looks
-/// whether the drag had an effect; that is the caller's. What it leaves behind, the gestures say. One at a
-/// time: there is one pointer. Main thread.
+/// whether the drag had an effect; its caller does. The gestures say what they leave behind. Only one move
+/// runs at a time, because there is one pointer.
 class MenuBarItemMover {
   public:
     /// How far inside the status lane an item must lie, and how far from the edges it is grabbed. Points.
@@ -45,7 +45,7 @@ class MenuBarItemMover {
   private:
     using RouteResult = WindowServerStatusItemBridge::EventResult;
 
-    /// One item on its way, with all that was found out about it.
+    /// One item on its way, and the facts found out about it.
     struct Move {
         ProcessIdentifier process;
         Rect frame;

@@ -35,7 +35,7 @@ std::optional<Screen> menuBarScreen(const Rect& itemFrame, std::span<const Scree
 /// more from all edges of that part; none when every part is too small for that.
 std::optional<Point> safeMenuBarGrabPoint(const Rect& itemFrame, const Screen& screen, double inset);
 
-/// Where the pointer lets go of an item of this width.
+/// The x at which the pointer lets go of an item of this width.
 double destinationX(double itemWidth, MenuBarZone target, const MenuBarMoveGeometry& geometry);
 
 /// Whether a drag can go straight from x to x: the camera notch swallows one that crosses it.

@@ -30,7 +30,7 @@ class Settings {
 
     /// The strings of a stored array; empty when no array is stored. Elements of other types are passed over.
     std::set<std::string> strings(std::string_view key) const;
-    /// Stores them ascending.
+    /// Stores the strings ascending.
     void setStrings(std::string_view key, const std::set<std::string>& values);
 
     /// At least 1.

@@ -13,7 +13,7 @@ namespace tavrin {
 
 /// The places that macOS keeps for status items, by autosave name: in the application's own preferences and,
 /// under a variant of the name, in this computer's global ones. A larger position is further left. macOS
-/// reads a place when an item gets its name; changing it afterwards moves nothing. Main thread.
+/// reads a place when an item gets its name; changing it afterwards moves nothing.
 class StatusItemPositionDefaults {
   public:
     enum class Force { No, Yes };

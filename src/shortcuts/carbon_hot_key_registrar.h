@@ -8,7 +8,7 @@
 
 namespace tavrin {
 
-/// What a registrar holds of the system's; unregisters and removes it when it is destroyed.
+/// The system's objects that a registrar holds. Destroying the handle unregisters and removes them.
 struct CarbonHotKeyHandle {
     std::unique_ptr<HotKeyEventHandler> eventHandler;
     std::unique_ptr<HotKeyReference> hotKeyRef;
@@ -35,7 +35,7 @@ class CarbonHotKeyRegistrar final : public HotKeyRegistering {
     CarbonHotKeyHandle carbon_;
 };
 
-/// Makes registrars with identifiers of their own. There is one for the process, which outlives them.
+/// Makes registrars, each with an identifier of its own. The process has one such maker, which outlives them.
 class HotKeyRegistrars {
   public:
     explicit HotKeyRegistrars(HotKeys& hotKeys) : hotKeys_(hotKeys) {}

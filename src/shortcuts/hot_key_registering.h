@@ -18,7 +18,7 @@ class HotKeyRegistering {
     [[nodiscard]] virtual bool registerShortcut(const HotKeyShortcut& shortcut) = 0;
     virtual void unregister() = 0;
 
-    /// Called on the main thread each time the shortcut is pressed; doesn't destroy this object.
+    /// Called each time the shortcut is pressed; doesn't destroy this object.
     std::function<void()> onPress;
 };
 

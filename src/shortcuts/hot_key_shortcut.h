@@ -38,7 +38,7 @@ class HotKeyShortcut {
 /// The four modifier flags that these Carbon modifiers stand for.
 ModifierFlags modifierFlagsFrom(CarbonModifiers modifiers);
 
-/// What keys are called on the current keyboard layout.
+/// The names of keys on the current keyboard layout.
 class KeyNames {
   public:
     KeyNames(const Keyboard& keyboard, const Text& text) : keyboard_(&keyboard), text_(&text) {}

@@ -16,7 +16,7 @@ class ShortcutRecorderButton final : public RecorderButton {
     ShortcutRecorderButton(const ShortcutRecorderButton&) = delete;
     ShortcutRecorderButton& operator=(const ShortcutRecorderButton&) = delete;
 
-    /// Absent: cancelled. The callbacks may destroy the button.
+    /// Without a shortcut the recording was cancelled. The callbacks may destroy the button.
     using RecordingEnded = std::function<void(const std::optional<HotKeyShortcut>&)>;
 
     std::function<void()> onRecordingBegan;

@@ -18,7 +18,7 @@ std::shared_ptr<const RecorderButtonMaker> makerFor(const ShortcutRecorderField&
         return std::make_unique<ShortcutRecorderButton>(keyboard, names, host);
     };
     maker->update = [field](RecorderButton& made) {
-        // Fields are the only makers of recorder buttons.
+        // Only fields make recorder buttons.
         auto& button = static_cast<ShortcutRecorderButton&>(made);
         button.onRecordingBegan = field.onRecordingBegan;
         button.onRecordingEnded = field.onRecordingEnded;

@@ -48,7 +48,7 @@ void ToggleShortcutController::suspend() {
 
 void ToggleShortcutController::resume() {
     if (!std::exchange(isSuspended_, false)) return;
-    // Typing that was given up leaves the message of the attempt before.
+    // A recording that was given up keeps the message of the attempt before it.
     if (!registerCurrent()) errorMessage_.set(inUse);
 }
 
@@ -61,7 +61,7 @@ void ToggleShortcutController::registerCurrentShortcut() {
 }
 
 bool ToggleShortcutController::refuse(std::string message) {
-    // That this works is no news, and that it doesn't is less than why the new shortcut can't be had.
+    // Why the new shortcut can't be had matters more than whether the old one works again.
     (void)registerCurrent();
     errorMessage_.set(std::move(message));
     return false;

@@ -12,8 +12,8 @@
 
 namespace tavrin {
 
-/// The shortcut that shows and hides the hidden items from anywhere. It is loaded and registered when this is
-/// made. Main thread.
+/// Keeps the shortcut that shows and hides the hidden items from anywhere. The shortcut is loaded and
+/// registered when the controller is made.
 class ToggleShortcutController {
   public:
     ToggleShortcutController(ToggleShortcutStore store, std::unique_ptr<HotKeyRegistering> registrar,
@@ -21,12 +21,12 @@ class ToggleShortcutController {
     ToggleShortcutController(const ToggleShortcutController&) = delete;
     ToggleShortcutController& operator=(const ToggleShortcutController&) = delete;
 
-    /// Why a shortcut can't be had; nothing when it can.
+    /// Tells why a shortcut can't be had; nothing when it can.
     std::function<std::optional<std::string>(const HotKeyShortcut&)> conflict;
 
     const std::optional<HotKeyShortcut>& shortcut() const { return shortcut_.get(); }
 
-    /// For the user.
+    /// The last failure, for the user.
     const std::optional<std::string>& errorMessage() const { return errorMessage_.get(); }
 
     bool isSuspended() const { return isSuspended_; }

@@ -34,22 +34,22 @@ struct LiveStatusItem {
     PinnedStatusItemReference::Candidate candidate() const { return {identifier, label}; }
 };
 
-/// Status items as Accessibility has them, with at most three messages each. On a background queue.
+/// Reads status items through Accessibility, with at most three messages an item. On a background queue.
 namespace LiveStatusItems {
 
 using Items = std::expected<std::vector<LiveStatusItem>, ReadFailure>;
 
-/// In the order of the application's tree.
+/// The items of one application, in the order of its tree.
 Items items(Accessibility& accessibility, const RunningApplication& application,
             const AbandonFlag& abandoned);
 
-/// Those of every running application with this bundle identifier. Fails only when no application has any
+/// The items of every running application with this bundle identifier. Fails only when no application has any
 /// and one of them couldn't be read.
 Items items(Accessibility& accessibility, const std::vector<RunningApplication>& running,
             std::string_view bundleIdentifier, const AbandonFlag& abandoned);
 
-/// Those of all running applications, application by application. Applications that can't be read are left
-/// out, except when Accessibility is denied.
+/// The items of all running applications, application by application. Applications that can't be read are
+/// left out, except when Accessibility is denied.
 Items all(Accessibility& accessibility, const std::vector<RunningApplication>& running,
           const AbandonFlag& abandoned);
 

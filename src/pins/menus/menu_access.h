@@ -6,7 +6,7 @@
 
 namespace tavrin {
 
-/// The way to other applications' menus: messages go out by the messenger, and everything else happens on the
+/// Reaches other applications' menus: the messenger sends the messages, and everything else happens on the
 /// main thread. The platform outlives it.
 struct MenuAccess {
     const Platform& platform;
@@ -16,11 +16,11 @@ struct MenuAccess {
     static constexpr Seconds messagingTimeout{1};
     static constexpr Seconds messagingTimeoutWhileOpening{0.25};
 
-    /// How often something that another application is about to do is looked for.
+    /// The time between two looks for something that another application is about to do.
     static constexpr Seconds pollInterval{0.04};
-    /// How long a menu has to go away.
+    /// The time that a menu has to go away.
     static constexpr Seconds closingTime{0.4};
-    /// How long a submenu has to show what it holds.
+    /// The time that a submenu has to show its items.
     static constexpr Seconds submenuOpeningTime{1.2};
 };
 

@@ -5,8 +5,8 @@
 
 namespace tavrin {
 
-/// "⌃⌥⇧⌘" as far as they belong to a key equivalent, and its character; none without one. `modifiers` are the
-/// bits of AXMenuItemCmdModifiers.
+/// A key equivalent as text: those of "⌃⌥⇧⌘" that belong to it, then its character; none without a character.
+/// `modifiers` are the bits of AXMenuItemCmdModifiers.
 std::optional<std::string> menuShortcut(const std::optional<std::string>& character,
                                         std::optional<int> modifiers);
 

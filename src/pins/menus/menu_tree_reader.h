@@ -31,8 +31,8 @@ class MenuTreeReader {
     template <class T>
     using Result = std::expected<T, ReadFailure>;
 
-    /// What was read, in that order; nodes name their elements by the index. They are references to what may
-    /// be gone.
+    /// The elements in the order in which they were read; nodes name them by the index. Some may refer to
+    /// what is gone by now.
     const std::vector<AccessibilityElement>& elements() const { return elements_; }
 
     const AccessibilityElement& elementOf(const PinnedMenuNode& node) const {
@@ -45,7 +45,7 @@ class MenuTreeReader {
     /// The element alone.
     Result<PinnedMenuNode> root(const AccessibilityElement& root, const AbandonFlag& abandoned);
 
-    /// Fills the children of a node that was read alone, in so far that `items` has all there are.
+    /// Fills the children of a node that was read alone, far enough for `items` to have all there are.
     Result<void> readItems(PinnedMenuNode& parent, const AbandonFlag& abandoned);
 
     /// Whether the limit of depth lets items below this node be read.

@@ -26,14 +26,14 @@ struct PinnedMenuNode {
 
     using Items = std::vector<const PinnedMenuNode*>;
 
-    /// What a person sees as the entries: the children, and in place of a child that is a menu what that
-    /// holds.
+    /// The entries as a person sees them: the children, and in place of a child that is a menu the entries of
+    /// that menu.
     Items items() const;
 
-    /// Those with a title, which separators lack.
+    /// The items with a title, which separators lack.
     Items labelledItems() const;
 
-    /// Which of several nodes a stored step means.
+    /// The number of nodes among which a stored step can't choose.
     struct Many {
         std::size_t count = 0;
     };

@@ -60,7 +60,7 @@ Task<PinnedRunResult> AppMenuBarSession::press(PinnedAction pin) {
     co_return result;
 }
 
-/// An application that doesn't answer is found out by the reading.
+/// The reading that follows finds out an application that doesn't answer.
 Task<> AppMenuBarSession::bringForward() {
     access_.platform.workspace.activate(application_.processIdentifier);
     if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;

@@ -12,9 +12,9 @@
 
 namespace tavrin {
 
-/// A walk in an application's own menu bar. Its menus stay closed where they list their items all the same.
-/// One that had to be opened and is still open when the session goes, because its job was cut short, is sent
-/// the Escape key. Main thread; its waits suspend.
+/// Walks through an application's own menu bar. Menus that list their items while they are closed stay
+/// closed. A menu that had to be opened, and is still open when the session goes because its job was cut
+/// short, is sent the Escape key. Waits suspend.
 class AppMenuBarSession {
   public:
     AppMenuBarSession(MenuAccess access, RunningApplication application);

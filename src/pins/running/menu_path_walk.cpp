@@ -21,8 +21,8 @@ MenuTreeReader::Result<PinnedMenuNode> withItems(MenuTreeReader& reader, PinnedM
     return parent;
 }
 
-/// Whether it has a menu that shows nothing yet. An item without a menu is a command, which a press would
-/// run.
+/// Whether the item has a menu that shows nothing yet. An item without a menu is a command, which a press
+/// would run.
 bool isToBeOpened(const PinnedMenuNode& parent) {
     const bool hasMenu = parent.role == ax::menuBarItemRole ||
                          std::ranges::any_of(parent.children, [](const PinnedMenuNode& child) {

@@ -15,13 +15,13 @@
 
 namespace tavrin {
 
-/// What becomes of a run. Of a run that was cancelled it says nothing.
+/// How a run has ended. It says nothing of a run that was cancelled.
 using PinnedRunResult = std::expected<void, PinnedRunFailure>;
 
 PinnedRunFailure failureOf(ReadFailure failure, const std::string& application);
 
-/// Goes down a stored path in a menu that is there to be read, and presses what it ends at. It reads only the
-/// levels that it passes. Main thread.
+/// Follows a pin's path through a menu that can be read, open or not, and presses the last item. Reads only
+/// the levels that it passes.
 class MenuPathWalk {
   public:
     /// The reader is that of the session, and shared with the work on the queue.

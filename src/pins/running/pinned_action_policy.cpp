@@ -14,7 +14,7 @@ namespace {
 constexpr std::array excludedRoles{ax::checkBoxRole, ax::switchRole,      ax::toggleRole,
                                    ax::sliderRole,   ax::radioButtonRole, ax::incrementorRole};
 
-// Each between single spaces, as in the words of a title.
+// Each stands between single spaces, as `wordsOf` gives the words of a title.
 constexpr std::array<std::string_view, 21> disruptiveWords{
     " quit ",      " exit ",      " sign out ", " log out ", " logout ", " disconnect ", " turn off ",
     " restart ",   " shut down ", " delete ",   " remove ",  " erase ",  " reset ",      " clear ",

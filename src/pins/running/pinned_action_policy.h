@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-/// What may be pinned and run.
+/// Decides what may be pinned and run.
 namespace tavrin::PinnedActionPolicy {
 
 enum class NodeExclusion { Toggle, Disabled, NotPressable };
@@ -17,7 +17,7 @@ enum class NodeExclusion { Toggle, Disabled, NotPressable };
 /// A sentence without its full stop.
 std::string_view reason(NodeExclusion exclusion);
 
-/// Why this item can't be run; none when it can.
+/// The reason why this item can't be run; none when it can.
 std::optional<NodeExclusion> exclusion(const PinnedMenuNode& node);
 
 /// The same for the last of the items on the way from the menu's root.

@@ -80,7 +80,7 @@ void PinnedActionsController::run(const Uuid& id) {
     start(*pin);
 }
 
-/// Whoever asks again for the pin that runs gets what they want.
+/// A second request for the pin that runs needs no notice: its wish is being met.
 void PinnedActionsController::tellThatAnotherRuns(const PinnedAction& pin) {
     if (runningPinID_.get() == pin.id) return;
     show({.style = PinnedNotice::Style::Failure,

@@ -18,8 +18,8 @@
 
 namespace tavrin {
 
-/// Runs pins on request, one at a time, and tells the user when one didn't run. Main thread; applications are
-/// asked on a queue of its own, so that the main thread never waits for one.
+/// Runs pins on request, one at a time, and tells the user when one didn't run. Applications are asked on a
+/// queue of its own, so that the main thread never waits for one.
 class PinnedActionsController {
   public:
     /// A request for the same pin within this time is the same request: a key that repeats, a double click.

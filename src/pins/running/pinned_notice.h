@@ -22,7 +22,7 @@ struct PinnedNotice {
     std::function<void()> action; // closes the notice first
 };
 
-/// Shows one notice at a time, the newest. A failure goes by itself after a while.
+/// Shows one notice at a time, the newest. A failure disappears by itself after a while.
 class PinnedNoticePanel {
   public:
     /// Time to read two sentences and reach for the button.

@@ -9,7 +9,7 @@
 
 namespace tavrin {
 
-/// Why a run came to nothing.
+/// The reason why a run came to nothing.
 struct PinnedRunFailure {
     struct AppNotRunning {
         std::string application;
@@ -57,7 +57,7 @@ struct PinnedRunFailure {
         return std::holds_alternative<Kind>(kind);
     }
 
-    /// For the user.
+    /// The reason in words for the user.
     std::string message() const;
 };
 

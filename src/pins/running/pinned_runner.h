@@ -13,8 +13,8 @@
 
 namespace tavrin {
 
-/// Runs one pin: finds the application, opens the menu, walks down the path, presses what it ends at and
-/// closes what was opened. It knows nothing of the store or of what the user sees.
+/// Runs one pin: finds the application, opens the menu, walks down the path, presses its last item and closes
+/// the menus that it opened. It knows nothing of the store or of what the user sees.
 class PinnedRunner {
   public:
     /// How long a status item's menu has to appear.

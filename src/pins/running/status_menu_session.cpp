@@ -138,7 +138,7 @@ Task<PinnedRunResult> StatusMenuSession::press(PinnedAction pin) {
     co_return result;
 }
 
-/// A look that isn't answered ends the wait: more of them would cost as much each.
+/// A look that isn't answered ends the wait: each further look would cost as much.
 Task<bool> StatusMenuSession::waitUntilMenuCloses(Seconds timeout) {
     seen_ = Presence::Shown;
     (void)co_await waitUntil(

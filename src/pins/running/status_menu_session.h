@@ -14,7 +14,7 @@
 namespace tavrin {
 
 /// One opening of a status item's menu. A menu that is still open when the session goes, because its job was
-/// cut short, is sent the Escape key. Main thread; its waits suspend.
+/// cut short, is sent the Escape key. Waits suspend.
 class StatusMenuSession {
   public:
     enum class Failure {
@@ -43,7 +43,7 @@ class StatusMenuSession {
     /// Closes the menu if it is still open.
     Task<> close();
 
-    /// Whether the menu went by itself in that time.
+    /// Whether the menu went away by itself in that time.
     Task<bool> waitUntilMenuCloses(Seconds timeout);
 
   private:

@@ -9,8 +9,8 @@
 /// compare normalized forms.
 namespace tavrin::MenuTitle {
 
-/// Without differences of case, diacritics, width, white space, kinds of hyphen and of a final ellipsis; none
-/// when nothing is left. An em dash stays one. Any thread.
+/// The title without differences of case, diacritics, width, white space, kinds of hyphen and of a final
+/// ellipsis; none when nothing is left. An em dash stays one. Any thread.
 std::optional<std::string> normalized(const std::optional<std::string>& title, const Text& text);
 
 } // namespace tavrin::MenuTitle

@@ -22,7 +22,7 @@ struct StoredHotKey {
     std::int64_t modifiers = 0;
 };
 
-/// The first of the name counts, as for Foundation's decoder.
+/// Of several members with the name the first counts, as for Foundation's decoder.
 JsonValue* member(JsonValue& object, std::string_view name) {
     auto* members = std::get_if<JsonValue::Object>(&object.value);
     if (!members) return nullptr;

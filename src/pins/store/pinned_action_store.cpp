@@ -16,7 +16,7 @@ PinnedActionStore::PinnedActionStore(Defaults& defaults, const Text& text)
 
 void PinnedActionStore::load() {
     const auto stored = defaults_.value(defaults_.ownDomain(), key);
-    // A value of another type is none of ours: reading it as data finds nothing.
+    // A value of another type isn't ours: reading it as data finds nothing.
     const auto* document = stored ? std::get_if<DefaultsData>(&stored->value) : nullptr;
     if (!document) return;
     if (auto pins = PinnedActionDocument::decode(*document))

@@ -61,7 +61,7 @@ class PinnedActionStore {
 
     void markConfirmed(const Uuid& id);
 
-    /// None: the run succeeded.
+    /// Without a failure the run counts as succeeded.
     void recordRun(const Uuid& id, std::optional<std::string> failure);
 
     void setHotKey(const Uuid& id, std::optional<HotKeyShortcut> hotKey);

@@ -10,9 +10,9 @@
 
 namespace tavrin {
 
-/// Which of an application's status items is meant, as far as it was known when the pin was made.
+/// Names one of an application's status items by the facts that were known when the pin was made.
 struct PinnedStatusItemReference {
-    /// What is known of a live status item.
+    /// The facts known of a live status item.
     struct Candidate {
         std::optional<std::string> identifier;
         std::optional<std::string> label;
@@ -24,8 +24,8 @@ struct PinnedStatusItemReference {
     std::optional<std::string> label;      // the Accessibility label or title
     std::int64_t index = 0;                // among the application's status items
 
-    /// The place of the one meant among the application's live status items in their present order; none
-    /// rather than a guess between several. Any thread.
+    /// The index of the item that is meant among the application's live status items in their present order;
+    /// none rather than a guess between several. Any thread.
     std::optional<std::size_t> select(std::span<const Candidate> candidates, const Text& text) const;
 
     bool operator==(const PinnedStatusItemReference&) const = default;

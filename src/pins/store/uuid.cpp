@@ -17,7 +17,7 @@ std::optional<std::uint8_t> valueOf(char digit) {
     return std::nullopt;
 }
 
-/// Of two digits.
+/// Reads two digits.
 std::optional<std::uint8_t> byteFrom(std::string_view digits) {
     const auto high = valueOf(digits[0]);
     const auto low = valueOf(digits[1]);
