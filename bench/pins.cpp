@@ -23,7 +23,7 @@ constexpr double budgetMilliseconds = 5;
 
 double processorMilliseconds() { return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC; }
 
-/// The least of several rounds: what disturbs a round only adds to it.
+/// The least of several rounds, because disturbances only add time.
 template <class Act>
 double leastMilliseconds(const Act& act) {
     double least = std::numeric_limits<double>::max();

@@ -19,7 +19,7 @@ using namespace tavrin;
 
 constexpr int numberTooLarge = 406;
 
-/// Builds nothing, as deep as the text goes.
+/// Builds nothing and accepts any depth.
 class Judge final : public json::json_sax_t {
   public:
     bool saysNumberTooLarge = false;

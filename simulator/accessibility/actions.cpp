@@ -12,7 +12,7 @@ void AccessibilityActions::perform(const ElementKey& key, std::string_view actio
     cancelMenuOf(key);
 }
 
-/// Whatever the action is called, it does what a click does.
+/// Every action does what a click does, whatever its name.
 void AccessibilityActions::actOn(StatusItemIdentifier item) {
     if (!items_.press(item, tavrin::StatusItemPress::Left)) surfaces_.toggle(item);
 }
@@ -22,7 +22,7 @@ void AccessibilityActions::pressTitle(tavrin::ProcessIdentifier process, std::si
     if (owner && owner->identifier == process) applicationMenus_.toggle(title, {});
 }
 
-/// It runs, or opens its submenu.
+/// The entry runs, or opens its submenu.
 void AccessibilityActions::pressEntry(const ElementKey& entry) {
     const MenuPath path(entry.path.begin(), entry.path.end());
     if (entry.kind == ElementKey::Kind::TitleEntry)

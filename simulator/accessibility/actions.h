@@ -9,7 +9,7 @@
 
 namespace mac_model {
 
-/// What Accessibility actions do to the screen.
+/// Carries out Accessibility actions on the screen.
 class AccessibilityActions {
   public:
     AccessibilityActions(StatusItemTable& items, const ProcessTable& processes, StatusItemSurfaces& surfaces,
@@ -22,7 +22,7 @@ class AccessibilityActions {
         , menus_(menus)
         , contents_(contents) {}
 
-    /// In the world, at once.
+    /// Takes effect in the world at once.
     void perform(const ElementKey&, std::string_view action);
 
   private:

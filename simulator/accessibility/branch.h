@@ -9,9 +9,9 @@
 
 namespace mac_model {
 
-/// The elements of some kinds in the Accessibility trees of all processes: one branch knows what there is of
-/// them, what stands above and below each, and what it says. Ask `exists` first; the other questions are for
-/// living elements.
+/// The elements of some kinds in the Accessibility trees of all processes: one branch knows which of them
+/// exist, and the parent, the children and the attributes of each. Ask `exists` first; the other questions
+/// are for living elements.
 class Branch {
   public:
     using Keys = std::vector<ElementKey>;
@@ -37,13 +37,13 @@ class Branch {
     virtual std::vector<std::string> actionNames(const ElementKey&) const { return {}; }
 };
 
-// Keys of neighbours, and results, as the branches need them.
+// Keys of neighbours and common results, for the branches.
 
 ElementKey childOf(const ElementKey& parent, ElementKey::Kind, std::uint64_t owner);
 ElementKey withKind(ElementKey, ElementKey::Kind);
-/// One step further in.
+/// One level further in, at `entry`.
 ElementKey inPath(ElementKey, ElementKey::Kind, std::uint32_t entry);
-/// One step back.
+/// One level back.
 ElementKey outOfPath(ElementKey, ElementKey::Kind);
 
 tavrin::AttributeResult unsupported();

@@ -37,7 +37,7 @@ class ExtrasBranch final : public Branch {
         return *items_.find(StatusItemIdentifier{key.owner});
     }
 
-    /// What stands `depth` groups below the bar, on the way to the item.
+    /// The element `depth` groups below the bar, on the way to the item.
     ElementKey onTheWay(const ElementKey& key, std::uint32_t depth) const;
     Keys menuOf(const ElementKey&) const;
     tavrin::AttributeResult ofItem(const ElementKey&, std::string_view name) const;

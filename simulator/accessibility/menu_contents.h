@@ -9,7 +9,7 @@
 
 namespace mac_model {
 
-/// What Accessibility is told of the menus of processes that are slow to fill them or hide them.
+/// Menus as Accessibility sees them, also those of processes that fill them late or hide them.
 class MenuContents {
   public:
     MenuContents(const tavrin::VirtualScheduler&, const ProcessTable&, const Faults&, MenuTracking&);
@@ -26,7 +26,7 @@ class MenuContents {
     /// Whether the menu that is open belongs to the element's status item or title.
     bool isShownAt(const ElementKey& key) const { return open_ && open_->isOf(key); }
 
-    /// What a status item or title says of the menu that it shows now.
+    /// A status item's or title's answer when asked for the menu that it shows now.
     tavrin::AttributeResult shownMenu(const ElementKey& itemOrTitle, const ElementKey& itsMenu) const;
 
   private:

@@ -29,7 +29,7 @@ struct OpenMenu {
         return isOfTitle ? title == key.owner : StatusItemIdentifier{key.owner} == item;
     }
 
-    /// Since when the outermost menu or the submenu at the key's path is open; none when it isn't.
+    /// When the outermost menu or the submenu at the key's path opened; none when it isn't open.
     std::optional<tavrin::Seconds> openSince(const ElementKey& menu) const {
         const auto depth = menu.path.size();
         const bool isOpen = isOf(menu) && depth <= path.size() &&

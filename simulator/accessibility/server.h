@@ -17,7 +17,7 @@
 
 namespace mac_model {
 
-/// Answers Accessibility messages from one process about all others. Actions happen in the world once the
+/// Answers Accessibility messages from one process about all others. Actions happen in the world after the
 /// message was answered. A process that asks about itself is answered like any other; that this deadlocks on
 /// macOS while its main thread is blocked is not modelled.
 class AccessibilityServer {
@@ -44,7 +44,7 @@ class AccessibilityServer {
                                        std::string_view action);
 
   private:
-    /// What the message has reached.
+    /// The element that the message reached.
     std::expected<const ElementReference*, Error> send(tavrin::ProcessIdentifier caller,
                                                        const tavrin::AccessibilityElement&);
     std::expected<void, Error> performOn(const ElementReference&, std::string_view action);

@@ -22,13 +22,13 @@ class ChosenEntries {
   public:
     explicit ChosenEntries(const tavrin::VirtualScheduler& scheduler) : scheduler_(scheduler) {}
 
-    /// It ran now.
+    /// Notes an entry that runs now.
     void record(std::string owner, std::string menu, std::vector<std::string> path) {
         entries_.push_back({scheduler_.now(), std::move(owner), std::move(menu), std::move(path)});
         onRecorded.emit(entries_.back());
     }
 
-    /// Those since the last call.
+    /// The entries since the last call.
     std::vector<ChosenEntry> drain() { return std::exchange(entries_, {}); }
 
     tavrin::Signal<ChosenEntry> onRecorded;

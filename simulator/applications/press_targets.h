@@ -12,7 +12,7 @@
 
 namespace mac_model {
 
-/// All that a press of the pointer can meet, from front to back.
+/// Everything that a press of the pointer can meet, from front to back.
 struct PressTargets {
     MenuTracking& menus;
     SurfaceStack& surfaces;

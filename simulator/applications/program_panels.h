@@ -8,8 +8,8 @@
 
 namespace mac_model {
 
-/// What macOS and the update framework show in the program's name: its about panel, and what a look for
-/// updates has found.
+/// The panels that macOS and the update framework show for the program: its about panel, and the result of a
+/// search for updates.
 class ProgramPanels {
   public:
     ProgramPanels(tavrin::VirtualScheduler& scheduler, const ProgramProcess& program,

@@ -12,10 +12,10 @@
 
 namespace mac_model {
 
-/// What a person calls a status item: its description, its title, or the name of its application.
+/// A person's name for a status item: its description, its title, or the name of its application.
 std::string displayName(const StatusItemRecord&, const ProcessTable&);
 
-/// What the status items of other applications open: menus, popovers and panels.
+/// The menus, popovers and panels that status items of other applications open.
 class StatusItemSurfaces {
   public:
     StatusItemSurfaces(StatusItemTable& items, const ProcessTable& processes, const ScreensModel& screens,
@@ -32,7 +32,7 @@ class StatusItemSurfaces {
     void toggle(StatusItemIdentifier);
     /// Runs the entry of the item's menu at this path, open or not.
     void choose(StatusItemIdentifier, const MenuPath&);
-    /// Closes what belongs to items that are gone.
+    /// Closes the surfaces of items that are gone.
     void closeOrphans();
 
   private:

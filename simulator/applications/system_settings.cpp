@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view linkScheme = "x-apple.systempreferences:";
 constexpr std::string_view accessibilityPage = "com.apple.preference.security?Privacy_Accessibility";
 constexpr double contentWidth = 480;
-constexpr double besideOtherWindows = 180; // so that it doesn't lie right on what opened it
+constexpr double besideOtherWindows = 180; // so that the window that opened it stays in sight
 
 tavrin::View switchRow(const std::string& bundleIdentifier, const std::string& name, bool isOn,
                        std::function<void()> onPress) {

@@ -15,7 +15,7 @@
 
 namespace mac_model {
 
-/// System Settings, as far as the list of applications that may use Accessibility. It runs while its window
+/// System Settings, with only the list of applications that may use Accessibility. It runs while its window
 /// is open.
 class SystemSettings {
   public:

@@ -29,7 +29,7 @@ struct MacOSVersion {
 struct ScreenSpec {
     tavrin::Rect frame{};
     double scale = 2;
-    /// What the notch leaves of the menu bar: both, or neither on a screen without a notch.
+    /// The parts of the menu bar beside the notch: both, or neither on a screen without a notch.
     std::optional<tavrin::Rect> leftMenuBarArea{};
     std::optional<tavrin::Rect> rightMenuBarArea{};
     double menuBarHeight = 30;
@@ -95,8 +95,8 @@ inline constexpr std::array<std::string_view, 3> policyNames{"regular", "accesso
 enum class AccessibilitySupport { Full, None };
 inline constexpr std::array<std::string_view, 2> accessibilitySupportNames{"full", "none"};
 
-/// What AXExtrasMenuBar is while no item is in the tree: an error (which one is
-/// `Uncertainties::emptyExtras`), or a bar without children.
+/// The answer for AXExtrasMenuBar while no item is in the tree: an error (`Uncertainties::emptyExtras` says
+/// which), or a bar without children.
 enum class ExtrasBar { Absent, Empty };
 inline constexpr std::array<std::string_view, 2> extrasBarNames{"absent", "empty"};
 
@@ -116,7 +116,7 @@ struct ApplicationSpec {
     bool operator==(const ApplicationSpec&) const = default;
 };
 
-/// What the service of macOS 27 that takes an allow-list of items answers.
+/// The answers of macOS 27's service that takes an allow-list of items.
 enum class VisibilityService { Accepts, Rejects, Silent, Absent };
 inline constexpr std::array<std::string_view, 4> visibilityServiceNames{"accepts", "rejects", "silent",
                                                                         "absent"};
@@ -126,7 +126,7 @@ inline constexpr std::array<std::string_view, 4> visibilityServiceNames{"accepts
 enum class UpdaterSetting { Absent, Manual, Automatic };
 inline constexpr std::array<std::string_view, 3> updaterNames{"absent", "manual", "automatic"};
 
-/// A hot key that some other process holds.
+/// A hot key that another process holds or has given up.
 struct TakenHotKey {
     tavrin::KeyCode keyCode = 0;
     std::vector<Modifier> modifiers{};

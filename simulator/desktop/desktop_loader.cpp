@@ -65,7 +65,7 @@ std::map<std::string, std::string> readBundles(ObjectReader& file) {
     return bundles;
 }
 
-/// A place is stored under the item's name in its owner's domain; giving it twice must agree.
+/// A place is stored under the item's name in its owner's domain; a position given in both places must agree.
 void refuseContradictedPositions(const DesktopFile& desktop, FirstFault& faults) {
     for (std::size_t a = 0; a < desktop.applications.size(); ++a) {
         const ApplicationSpec& application = desktop.applications[a];

@@ -14,7 +14,7 @@ namespace mac_model {
 //
 //     mac.json: /screens/0/frame: must be four finite numbers [x, y, width, height].
 //
-// that is the file, the place as a JSON pointer ("/" is the whole file), and what is wrong. Nothing throws.
+// that is the file, the place as a JSON pointer ("/" is the whole file), and the fault. Nothing throws.
 
 inline constexpr std::size_t desktopFileBytesMax = 4 * 1024 * 1024;
 inline constexpr std::size_t applicationsMax = 2000;
@@ -25,10 +25,10 @@ inline constexpr std::size_t applicationsMax = 2000;
 [[nodiscard]] std::expected<DesktopFile, std::string> parseDesktopFile(std::string_view text,
                                                                        std::string_view displayName);
 
-// The parts that can change while the Mac runs. `pointer` is where the value stands in what it came from; the
-// line begins with the place instead of a file.
+// Readers of the parts that can change while the Mac runs. `pointer` is the place of the value in its source;
+// an error begins with that place instead of a file.
 
-/// `processIdentifier` may be left out here, and is then 0: whoever launches the application gives it one.
+/// `processIdentifier` may be left out here and is then 0; the launch assigns one.
 [[nodiscard]] std::expected<ApplicationSpec, std::string> parseApplication(const nlohmann::json&,
                                                                            const std::string& pointer);
 

@@ -7,8 +7,8 @@ namespace mac_model {
 
 inline constexpr std::size_t hotKeysMax = 1000;
 
-// The parts of a desktop file, each from its JSON value. What is wrong goes to `FirstFault`; the value
-// returned after a fault is good for nothing.
+// Readers of a desktop file's parts, each from its JSON value. They note errors in `FirstFault`; a value
+// returned after a fault has no meaning.
 
 ApplicationSpec readApplication(const nlohmann::json&, const std::string& pointer, FirstFault&);
 /// The list under "modifiers".

@@ -7,7 +7,7 @@ namespace {
 constexpr NumberRange keyCodes{0, 65'535};
 constexpr NumberRange carbonModifiers{0, 65'535};
 
-/// A key is given by its code, or as it is called on the layout.
+/// A key is given by its code or by its name on the layout.
 tavrin::KeyCode readKeyCode(ObjectReader& reader, KeyboardLayout layout) {
     const auto code = reader.integer("keyCode", keyCodes);
     const auto name = reader.text("key", code ? Need::Optional : Need::Required);

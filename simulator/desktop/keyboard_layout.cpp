@@ -65,7 +65,7 @@ constexpr std::array usKeys{
     Key{92, "9"},
 };
 
-// Where the others differ from it.
+// The keys on which the other layouts differ from the US layout.
 constexpr std::array germanKeys{Key{6, "y"},  Key{10, "^"}, Key{16, "z"}, Key{24, "´"}, Key{27, "ß"},
                                 Key{30, "+"}, Key{33, "ü"}, Key{39, "ä"}, Key{41, "ö"}, Key{42, "#"},
                                 Key{44, "-"}, Key{50, "<"}, Key{65, ","}};
@@ -81,7 +81,7 @@ std::span<const Key> differencesOf(KeyboardLayout layout) {
     return {};
 }
 
-/// Empty when the key makes none.
+/// Empty when the key makes no character.
 std::string_view characterOf(KeyboardLayout layout, KeyCode code) {
     for (const auto keys : {differencesOf(layout), std::span<const Key>(usKeys)}) {
         const auto found = std::ranges::find(keys, code, &Key::code);

@@ -9,16 +9,16 @@
 
 namespace mac_model {
 
-/// What the keys of the keyboard make. None is an input method that has no layout of its own; its keys are
-/// called as on the US layout.
+/// Which character each key makes. None is an input method without a layout of its own; its keys have the
+/// names of the US layout.
 enum class KeyboardLayout { Us, German, French, None };
 inline constexpr std::array<std::string_view, 4> keyboardLayoutNames{"us", "german", "french", "none"};
 
-/// The character that a key makes by itself; empty when it makes none.
+/// The character that a key makes without modifiers; empty when it makes none.
 std::string characterOn(KeyboardLayout, tavrin::KeyCode);
 
-/// The key that makes this character by itself, or is called so: "return", "f5". Nothing when the keyboard
-/// has no such key.
+/// The key that makes this character without modifiers, or that has this name: "return", "f5". None when the
+/// keyboard has no such key.
 std::optional<tavrin::KeyCode> keyCodeOn(KeyboardLayout, std::string_view key);
 
 /// Whether it is the name of a key that makes no character: "return", "escape", "f5".

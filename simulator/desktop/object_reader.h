@@ -12,8 +12,9 @@
 
 namespace mac_model {
 
-/// The first fault found; later ones are dropped, since they may follow from it. Readers go on with harmless
-/// values after a fault: whoever owns this looks at it once, at the end, and discards what was read.
+/// The first fault found; later ones are dropped, since they may follow from it. After a fault readers go on
+/// with harmless values; the owner looks for a fault once, at the end, and then discards everything that was
+/// read.
 class FirstFault {
   public:
     void note(std::string pointer, std::string problem) {

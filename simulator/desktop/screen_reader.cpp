@@ -68,7 +68,7 @@ void refuseOverlap(const std::vector<ScreenSpec>& screens, const std::string& po
                             "overlaps the frame of " + pointerTo(pointer, earlier));
 }
 
-/// Others keep their order.
+/// The other screens keep their order.
 void putPrimaryFirst(std::vector<ScreenSpec>& screens, const std::string& pointer, FirstFault& faults) {
     const auto primary = std::find_if(screens.begin(), screens.end(), [](const ScreenSpec& screen) {
         return screen.frame.origin() == tavrin::Point{0, 0};

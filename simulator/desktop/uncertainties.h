@@ -14,15 +14,15 @@ namespace mac_model {
 /// to be the rightmost allowed slot; one report saw such an item at the far left.
 enum class ZeroPosition { Rightmost, Leftmost };
 
-/// What becomes of the items left of a very long one (macOS 26 and before). Usually the whole run goes off
-/// the left edge; on very wide screens it was seen to stop where the application's menus end.
+/// Where the items left of a very long one go (macOS 26 and earlier). Usually the whole run moves off the
+/// left edge; on very wide screens it was seen to stop where the application's menus end.
 enum class LongItem { Pushes, StopsAtMenus };
 
 /// How calls fail once Accessibility is revoked: at once with "API disabled", or each by its time-out.
 enum class RevokedAccess { ApiDisabled, TimesOut };
 
-/// What the trust flag says while the notification of a change of permission is being delivered: the new
-/// value, or for 0.8 s still the old one.
+/// The trust flag's value while the notification of a change of permission is being delivered: the new value,
+/// or for 0.8 s still the old one.
 enum class PermissionNotice { Prompt, Stale };
 
 /// Which error AXExtrasMenuBar gives for an application without status items: no value, or attribute
@@ -32,7 +32,8 @@ enum class EmptyExtras { NoValue, Unsupported };
 /// Whether the AXMenu of a closed status menu lists its entries, or is empty until the menu opens.
 enum class ClosedMenus { Listed, Empty };
 
-/// What Accessibility says of items pushed off the screen: their real, negative x, or x = -1 at full width.
+/// The position that Accessibility reports for items pushed off the screen: their real, negative x, or x = -1
+/// at full width.
 enum class OffscreenFrames { True, Clamped };
 
 /// Whether removing an item deletes its stored preferred position (seen from macOS 11 to 26) or keeps it.

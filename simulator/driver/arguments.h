@@ -12,10 +12,11 @@
 
 namespace mac_model {
 
-/// What a command gives back: the members of its reply, or one sentence.
+/// The result of a command: the members of its reply, or one sentence.
 using Outcome = std::expected<nlohmann::json, std::string>;
 
-/// The members of one command. A command reads all that it knows, asks `problem`, and only then acts.
+/// The members of one command. A command reads every member that it knows, asks `problem`, and only then
+/// acts.
 class Arguments {
   public:
     explicit Arguments(const nlohmann::json& command);

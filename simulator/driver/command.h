@@ -12,7 +12,7 @@
 
 namespace mac_model {
 
-/// What commands act on.
+/// The parts of a Mac that commands act on.
 struct DrivenMac {
     Mac& mac;
     ScreenContent& content;

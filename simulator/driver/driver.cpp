@@ -43,8 +43,8 @@ std::string Driver::handleLine(std::string_view line) {
 }
 
 json Driver::command(const json& given) {
-    // What commands call reports its failures as values; this is for what nobody expects, such as memory
-    // running out.
+    // Failures are reported as values; this is for exceptions that nobody expects, such as memory running
+    // out.
     try {
         auto outcome = run(given);
         mac_.scheduler().advance(tavrin::Seconds{0});

@@ -10,8 +10,8 @@
 namespace mac_model {
 
 /// The driving protocol (docs/driving.md): commands that act for the person, let time pass, look, and change
-/// the world. Time stands still between commands, and after each all that is due has happened. Nothing
-/// throws, and a command that is refused has changed nothing.
+/// the world. Time stands still between commands, and after each, everything that is due has happened.
+/// Nothing throws, and a command that is refused has changed nothing.
 class Driver {
   public:
     static constexpr std::size_t lineBytesMax = 1024 * 1024;

@@ -16,11 +16,11 @@ struct Click {
     std::vector<Modifier> modifiers{};
 };
 
-/// Down and up again where the pointer is, once.
+/// One press and release where the pointer is.
 void clickHere(const DrivenMac&, const Click& = {});
-/// The reply of a command that clicks, or that no screen is there.
+/// Clicks and returns the command's reply, or a sentence when no screen is there.
 Outcome clickAt(const DrivenMac&, tavrin::Point, const Click& = {});
-/// The same for what the arguments name, or why that can't be clicked.
+/// The same at the target, or the sentence why there is none.
 Outcome clickOn(const DrivenMac&, const Arguments&, const std::expected<Target, std::string>&,
                 const Click& = {});
 

@@ -13,7 +13,7 @@ namespace {
 constexpr int clicksMax = 3;
 constexpr double scrollMax = 100'000;
 
-/// What shows the text; a right click prefers what has a context menu.
+/// The target that shows the text; a right click prefers one with a context menu.
 std::expected<Target, std::string> namedByText(const TargetFinder& targets, const std::string& text,
                                                MouseButton button) {
     if (button == MouseButton::Right)

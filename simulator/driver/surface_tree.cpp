@@ -57,7 +57,7 @@ void putRecorder(json& node, const LaidOutView& recorder) {
     if (recorder.isRecording) node["recording"] = true;
 }
 
-/// What only views of its kind have, as far as that isn't the usual.
+/// Members that only views of its kind have, where they differ from the default.
 void putKind(json& node, const LaidOutView& laidOut) {
     tavrin::visitKind(
         laidOut.view,
@@ -79,7 +79,7 @@ void putKind(json& node, const LaidOutView& laidOut) {
     if (laidOut.lines.size() > 1) node["lines"] = laidOut.lines;
 }
 
-/// What a person can do with it besides pressing it, and what is being done.
+/// A person's ways to interact besides pressing, and the interactions that are going on.
 void putInteraction(json& node, const tavrin::View& view) {
     for (const auto& action : view.contextMenu) node["actions"].push_back(action.name);
     if (view.isFocusable) node["focusable"] = true;

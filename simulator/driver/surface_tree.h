@@ -6,10 +6,10 @@
 
 namespace mac_model {
 
-/// What "look" tells about a surface, with everything in it as a tree. Members without content are left out.
+/// A surface as "look" describes it, with everything in it as a tree. Members without content are left out.
 nlohmann::json treeOf(const Surface&, const std::string& owner, bool isKey);
 
-/// What a person or a screen reader calls the view: its text, or else its label.
+/// The view's name for a person or a screen reader: its text, or else its label.
 std::string textOf(const LaidOutView&);
 
 inline const std::string closeButtonText = "close button";

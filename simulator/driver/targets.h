@@ -28,13 +28,13 @@ struct Target {
 
 void addName(Target&, const std::string& name);
 
-/// Finds things by what a person calls them: exactly, or else with letter case aside.
+/// Finds things by a person's names for them: exactly, or else without regard to letter case.
 class TargetFinder {
   public:
     TargetFinder(Mac& mac, ScreenContent& content) : mac_(mac), content_(content) {}
 
-    /// The one enabled control, or menu entry, or status item or menu title where no surface has any. What
-    /// another surface covers doesn't count, and while a menu is open only its entries do. The error is a
+    /// The one enabled control, or menu entry, or status item or menu title where no surface has any. Things
+    /// that another surface covers don't count, and while a menu is open only its entries do. The error is a
     /// sentence.
     std::expected<Target, std::string> control(std::string_view text) const;
     /// The same, or else the one piece of text.
@@ -47,15 +47,15 @@ class TargetFinder {
     /// An item of the bundle: the n-th from the left, or without a number the first that is drawn.
     std::expected<Target, std::string> statusItem(std::string_view bundle, std::optional<int> index) const;
 
-    /// The one view with a context menu that is called so.
+    /// The one view of this name with a context menu.
     std::expected<Target, std::string> withContextMenu(std::string_view name) const;
-    /// The one view called so that has this Accessibility action, which `actionOf` gives.
+    /// The one view of this name that has this Accessibility action, which `actionOf` gives.
     std::expected<Target, std::string> withAction(std::string_view name, std::string_view action) const;
-    /// What the action does, for the view's process to run; null when the view has none of that name.
+    /// What the action does, for the view's process to run; null when the view has no action of that name.
     tavrin::Work actionOf(const Target&, std::string_view action) const;
-    /// The one view called so that can be dragged.
+    /// The one view of this name that can be dragged.
     std::expected<Target, std::string> draggable(std::string_view name) const;
-    /// Where drops are taken: the one text in such a view, or the one such view, that is called so.
+    /// Where drops are taken: the one text in such a view, or the one such view, of this name.
     std::expected<Target, std::string> dropTarget(std::string_view name) const;
 
     /// Where to press: the middle, after scrolling it into sight.

@@ -4,8 +4,7 @@
 
 namespace mac_model {
 
-/// The command "drag" for rows and sections: what is dragged and what it is dropped on are named by their
-/// text.
+/// The command "drag" for rows and sections: the source and the target are named by their text.
 Outcome dragView(DrivenMac, Arguments&);
 
 } // namespace mac_model

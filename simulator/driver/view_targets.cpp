@@ -8,7 +8,7 @@
 #include <array>
 #include <utility>
 
-// What a person calls a row, a section and whatever else is no control by itself.
+// A person's names for rows, sections and other views that are no controls themselves.
 
 namespace mac_model {
 
@@ -22,7 +22,7 @@ namespace kinds = tavrin::kinds;
 constexpr double sightMin = 8;     // points of a target that are enough to aim at
 constexpr double edgeDistance = 4; // from the edge of a Scroll, where a drag makes it move
 
-/// Only what lies in all Scrolls above it shows.
+/// Only the part inside all Scrolls above it shows.
 Rect shownPart(const LaidOutView& root, const ViewPath& path) {
     Rect shown = viewAt(root, path)->frame;
     const LaidOutView* view = &root;
@@ -83,7 +83,7 @@ bool TargetFinder::isCovered(const Surface& surface, Rect frame) const {
     return front && front != &surface;
 }
 
-/// What is scrolled away can be scrolled into sight.
+/// A view that is scrolled away can be scrolled into sight.
 bool TargetFinder::isReachable(const Surface& surface, const LaidOutView& laidOut,
                                const ViewPath& path) const {
     const bool isInSight = shownPart(surface.content, path).contains(laidOut.frame.middle());

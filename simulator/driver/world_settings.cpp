@@ -44,7 +44,7 @@ template <class Action>
 Change onBundle(World world, const json& value, const std::string& pointer, FirstFault& faults,
                 Action action) {
     return [world, bundle = runningBundle(world, value, pointer, faults), action] {
-        // The check has found what these could fail for.
+        // The check has already ruled out every failure of these.
         (void)action(world.mac, bundle);
     };
 }
@@ -123,7 +123,8 @@ Change trusted(World world, const json& value, const std::string& pointer, First
     return [world, isOn = flagOf(value, pointer, faults)] { world.mac.permission().setTrusted(isOn); };
 }
 
-/// A bundle, for which `usual` is meant, or bundles with one of the names each; the first name ends it.
+/// Either a bundle, which then gets `usual`, or bundles with one of the names each; the first name ends the
+/// fault.
 template <class Kind, std::size_t Count>
 std::vector<std::pair<std::string, Kind>>
 perBundle(World world, const json& value, const std::string& pointer, FirstFault& faults,
@@ -171,7 +172,7 @@ Change misreportedWindow(World world, const json& value, const std::string& poin
     };
 }
 
-/// What another program writes into preferences, as "defaults write" does.
+/// Another program writes into preferences, as "defaults write" does.
 Change preferences(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     std::vector<std::tuple<std::string, std::string, tavrin::DefaultsValue>> wanted;
     ObjectReader domains(value, pointer, faults);
@@ -191,7 +192,7 @@ Change preferences(World world, const json& value, const std::string& pointer, F
     };
 }
 
-/// What is said of a bundle replaces what was said before.
+/// A bundle's new faults replace all that it had before.
 Change menus(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     std::map<std::string, MenuFaults> wanted;
     ObjectReader reader(value, pointer, faults);

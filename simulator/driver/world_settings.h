@@ -11,7 +11,7 @@
 
 namespace mac_model {
 
-/// Something to change that has passed all checks.
+/// A change that has passed all checks.
 using Change = std::function<void()>;
 
 struct World {
@@ -22,7 +22,7 @@ struct World {
 /// One key of the command "set".
 struct WorldSetting {
     std::string_view key;
-    /// Checks the value and says what to do; after a fault the change is good for nothing.
+    /// Checks the value and returns the change; after a fault the change must not be used.
     Change (*prepare)(World, const nlohmann::json& value, const std::string& pointer, FirstFault&);
 };
 

@@ -4,7 +4,7 @@
 
 namespace mac_model {
 
-/// What a driver has set that nothing on this Mac acts on yet.
+/// Settings of a driver that nothing on this Mac acts on yet.
 struct WorldState {
     VisibilityService visibilityService = VisibilityService::Absent;
     bool reducedMotion = false;

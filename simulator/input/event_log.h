@@ -28,7 +28,7 @@ struct SyntheticEvent {
     int clickState = 0;
 };
 
-/// What processes did to the input of this Mac, oldest first.
+/// Everything that processes did to the input of this Mac, oldest first.
 class EventLog {
   public:
     void record(SyntheticEvent event) {
@@ -36,7 +36,7 @@ class EventLog {
         onRecorded.emit(events_.back());
     }
 
-    /// Those since the last call.
+    /// The events since the last call.
     std::vector<SyntheticEvent> drain() { return std::exchange(events_, {}); }
 
     tavrin::Signal<SyntheticEvent> onRecorded;
@@ -54,7 +54,7 @@ class Cursor {
 
     void show(tavrin::Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
 
-    /// The process that hid it has ended, and with it its hides.
+    /// The process that hid the cursor has ended; its hides end with it.
     void ownerEnded() {
         hides_ = 0;
         pointer_.isVisible = true;

@@ -16,7 +16,7 @@ std::int64_t windowOf(const tavrin::MouseEvent&);
 
 bool hasCommand(const tavrin::MouseEvent&);
 
-/// Which events belong to one press: since macOS 26 those with its number.
+/// Tells which events belong to one press: since macOS 26 those with its number.
 class EventNumbers {
   public:
     EventNumbers(const EventCounts& counts, MacOSVersion version) : counts_(counts), version_(version) {}

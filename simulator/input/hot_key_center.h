@@ -10,24 +10,24 @@
 
 namespace mac_model {
 
-/// Who holds which hot keys. A key that nobody holds exclusively may be held by several processes, and then
-/// reaches all of them; one process can't hold it twice. The system's own shortcuts are a list that doesn't
-/// bear on this. Calls directly.
+/// The hot keys that processes hold. A key that nobody holds exclusively may be held by several processes,
+/// and then reaches all of them; one process can't hold it twice. The list of the system's own shortcuts has
+/// no effect here. Handlers are called directly.
 class HotKeyCenter {
   public:
     enum class Registration : std::uint64_t {};
 
     explicit HotKeyCenter(const DesktopFile&);
 
-    /// For the program.
+    /// Registers a hot key of the program.
     std::expected<Registration, tavrin::HotKeys::Error> add(tavrin::KeyCode, tavrin::CarbonModifiers,
                                                             std::function<void()> onPress);
     void remove(Registration);
 
-    /// Another process takes a hot key or gives it up. Who holds it already keeps it.
+    /// Another process takes a hot key or gives it up. A process that already holds it keeps it.
     void set(const TakenHotKey&);
 
-    /// A key goes down. Whether it ends with its holders.
+    /// A key goes down. True when the press ends with the key's holders.
     bool press(const tavrin::KeyPress&);
 
     std::vector<tavrin::SymbolicHotKey> symbolicHotKeys;

@@ -10,14 +10,14 @@
 
 namespace mac_model {
 
-/// The Mac's keyboard, and what the program wants to hear of it.
+/// The Mac's keyboard, and the program's monitors of it.
 class KeyboardModel {
   public:
     explicit KeyboardModel(KeyboardLayout layoutAtStart) : layout(layoutAtStart) {}
 
     KeyboardLayout layout;
 
-    /// The key that makes this character or is called so, with modifiers held; none when the keyboard has no
+    /// The key that makes this character or has this name, with modifiers held; none when the keyboard has no
     /// such key.
     std::optional<tavrin::KeyPress> strokeOf(std::string_view key, const std::vector<Modifier>&) const;
 

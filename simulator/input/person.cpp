@@ -57,7 +57,7 @@ void Person::letGoOfAll() {
     viewDrag_.cancel();
 }
 
-/// A press outside a menu closes it and does no more, unless it falls on something else in the menu bar.
+/// A press outside a menu only closes it, unless it falls on something else in the menu bar.
 Person::MenuPress Person::pressWithOpenMenu() {
     if (reach_.menus.contains(at())) return MenuPress::Taken;
     const auto anchor = reach_.menus.anchor();
@@ -156,7 +156,7 @@ void Person::carry(HeldPlace& place) {
         reach_.itemDrag.carryTo(onPrimary(at()).x - place.offset);
 }
 
-/// Its owner may have ended, and macOS puts it down when the displays change.
+/// The item's owner may have ended, and macOS puts the item down when the displays change.
 bool Person::isCarrying(const HeldPlace& place) const {
     const auto* item = reach_.items.find(place.item);
     return place.isCarried && item && item->isCarried;

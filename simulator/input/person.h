@@ -13,9 +13,9 @@
 
 namespace mac_model {
 
-/// The person in front of the Mac: one pointer, its buttons, a keyboard. What a person does reaches surfaces
-/// from front to back, then the menu bar, then the desktop; what it sets off in the program happens when the
-/// main loop turns.
+/// The person in front of the Mac: one pointer, its buttons, a keyboard. The person's input reaches surfaces
+/// from front to back, then the menu bar, then the desktop; its effects in the program happen when the main
+/// loop turns.
 class Person {
   public:
     Person(tavrin::VirtualScheduler& scheduler, Devices& devices, const PressTargets& reach, Typing& typing)
@@ -43,7 +43,7 @@ class Person {
     struct HeldControl {
         SurfaceIdentifier surface;
         ViewPath path;
-        std::size_t kind; // its place among the kinds: another one there is not what was pressed
+        std::size_t kind; // its index among the kinds: a view of another kind there was not pressed
     };
 
     struct HeldCloseButton {

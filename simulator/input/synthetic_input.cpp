@@ -46,7 +46,7 @@ void SyntheticInput::post(PostedKey posted) {
 
 void SyntheticInput::permissionLost() {
     abandonDrags();
-    devices_.pointer.buttons.erase(MouseButton::Left); // by the click that has thrown the switch
+    devices_.pointer.buttons.erase(MouseButton::Left); // the click that turned the switch off has let it go
 }
 
 void SyntheticInput::senderEnded() {
@@ -54,7 +54,7 @@ void SyntheticInput::senderEnded() {
     devices_.cursor.ownerEnded();
 }
 
-/// Nothing more will come of them. A button that is down stays so: macOS releases it for nobody.
+/// The drags don't go on. A button that is down stays down: macOS never releases it itself.
 void SyntheticInput::abandonDrags() {
     if (std::exchange(pressNumber_, std::nullopt)) person_.letGoOfAll();
     windows_.abandonDrag();
@@ -68,7 +68,7 @@ void SyntheticInput::receive(const PostedEvent& posted) {
         enterAtTap(posted.event);
 }
 
-/// Of all keys that a process can be given, only Escape means something here: it closes that process's menu.
+/// Of all keys that a process can be sent, only Escape has an effect here: it closes that process's menu.
 void SyntheticInput::receive(const PostedKey& posted) {
     constexpr int keyCodeField = 9; // kCGKeyboardEventKeycode
     const bool isDown = posted.event.motion == tavrin::KeyMotion::Down;
@@ -141,7 +141,7 @@ void SyntheticInput::dragPointer(const MouseEvent& event) {
     if (faults_.personMovesPointerDuringDrags) world_.after(nudgeDelay, [this] { nudge(); });
 }
 
-/// A release is no drag: what is carried stays where the last drag has brought it.
+/// A release is no drag: a carried item stays where the last drag brought it.
 void SyntheticInput::releaseAtPointer(const MouseEvent& event) {
     devices_.pointer.at = onScreen(event.location);
     const auto pressed = std::exchange(pressNumber_, std::nullopt);

@@ -13,7 +13,7 @@
 
 namespace mac_model {
 
-/// What synthetic events move and press.
+/// The parts that synthetic events move and press.
 struct SyntheticTargets {
     PressTargets reach;
     Devices& devices;
@@ -21,8 +21,9 @@ struct SyntheticTargets {
     WindowInput& windows;
 };
 
-/// Synthetic events among the person's: what enters at a tap moves the one pointer and reaches what lies
-/// there; what names a window reaches that status item. Nobody here knows what the events are for.
+/// Delivers synthetic events among the person's own: an event posted to a tap moves the one pointer and
+/// reaches whatever lies there; an event that names a window reaches that status item. The purpose of the
+/// events isn't known here.
 class SyntheticInput {
   public:
     SyntheticInput(tavrin::VirtualScheduler& scheduler, const SyntheticTargets& targets,
@@ -54,7 +55,7 @@ class SyntheticInput {
 
     std::uint32_t eventCount(tavrin::MouseEventType type) const { return devices_.counts.of(type); }
 
-    /// The process that posts events may do so no longer.
+    /// The process may no longer post events.
     void permissionLost();
     void senderEnded();
 

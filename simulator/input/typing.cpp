@@ -14,8 +14,7 @@ bool Typing::pressKey(std::string_view key, const std::vector<Modifier>& modifie
     return pressKeyInFront(key, modifiers);
 }
 
-/// The monitors belong to the program, whose main loop they run in; what they pass on goes its way after
-/// that.
+/// The monitors run in the program's main loop; a key that they pass on goes on its way after that.
 bool Typing::showToMonitors(std::string_view key, const std::vector<Modifier>& modifiers,
                             const tavrin::KeyPress& stroke) {
     const auto& connection = program_.connection();
@@ -56,7 +55,7 @@ bool Typing::pressKeyInMenu(std::string_view key, const std::vector<Modifier>& m
     return true;
 }
 
-/// Escape closes what any press outside would close; Command-W what has a close button.
+/// Escape closes a surface that any press outside would close, Command-W one that has a close button.
 bool Typing::closeKeySurface(std::string_view key) {
     const auto* surface = surfaces_.key();
     if (!surface) return false;

@@ -16,9 +16,9 @@ std::optional<ViewPath> dragSourceAt(const LaidOutView& root, tavrin::Point);
 /// The innermost view at the point that takes drops.
 std::optional<ViewPath> dropTargetAt(const LaidOutView& root, tavrin::Point);
 
-/// A person's drag of a view that carries a value, from the press on it to the drop. What is carried is kept
-/// by value: the view, its surface and its process may go meanwhile. Near the edge of a Scroll the content
-/// moves on for as long as the pointer stays there.
+/// A person's drag of a view that carries a value, from the press on it to the drop. The drag keeps its own
+/// copy of what is carried, because the view, its surface and its process may go meanwhile. Near the edge of
+/// a Scroll the content moves on for as long as the pointer stays there.
 class ViewDrag {
   public:
     ViewDrag(SurfaceStack& stack, const Pointer& pointer, tavrin::VirtualScheduler& scheduler)

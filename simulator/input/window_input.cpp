@@ -40,7 +40,7 @@ void WindowInput::press(const StatusItemRecord& item, const MouseEvent& event) {
     const bool isOver = press_ && press_->isCarried && !isCarrying();
     const bool isCopy =
         press_ && !isOver && press_->item == item.identifier && number != 0 && press_->number == number;
-    if (isCopy) return; // that came by another way
+    if (isCopy) return; // which came by another way
     if (isCarrying()) reach_.itemDrag.putDown(PutDown::WhereItWas);
     press_ = Press{item.identifier, numbers_.usable(event), event.location, event.location.x - item.frame->x,
                    hasCommand(event)};

@@ -21,14 +21,14 @@ class WindowInput {
     WindowInput(const WindowInput&) = delete;
     WindowInput& operator=(const WindowInput&) = delete;
 
-    /// Nothing comes of it when it was posted to another process than the item's.
+    /// The event is ignored when it was posted to another process than the item's.
     void give(const tavrin::MouseEvent&, std::optional<tavrin::ProcessIdentifier> postedTo);
     void abandonDrag();
 
   private:
     struct Press {
         StatusItemIdentifier item{};
-        std::int64_t number = 0; // of the press event, else 0 when what follows must be ignored
+        std::int64_t number = 0; // of the press event; 0 when later events must be ignored
         tavrin::Point pressedAt;
         double offset = 0; // from the item's left edge to where it was pressed
         bool isCommand = false;

@@ -105,7 +105,7 @@ MacServices Mac::services() {
             .randomness = *randomness_};
 }
 
-/// What one part tells another that doesn't know it.
+/// Passes on the news between parts that don't know each other.
 void Mac::connectParts() {
     followFrontProcess();
     subscriptions_.push_back(processes_.onEnded.subscribe(

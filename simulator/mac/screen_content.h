@@ -12,7 +12,7 @@
 
 namespace mac_model {
 
-/// All that is on the screens besides status items, and the pointer over it.
+/// Everything on the screens besides status items, and the pointer over it.
 struct ScreenContent : Devices {
     ScreenContent(const tavrin::VirtualScheduler& scheduler, ProcessTable& processes, ScreensModel& screens,
                   StatusItemTable& items)

@@ -79,7 +79,7 @@ void Arrangement::storePositions(tavrin::ProcessIdentifier owner) {
     }
 }
 
-/// Its distance from the right edge, as far as that keeps the present order.
+/// The item's distance from the right edge, or more where the present order needs it.
 double Arrangement::positionToStore(const StatusItemRecord& record) const {
     double position = screens_.primary() ? screens_.primary()->frame.maxX() - record.frame->maxX() : 0;
     for (const auto* other : items_.items())
@@ -155,7 +155,7 @@ void Arrangement::arrange() {
     }
     if (hasMoved) {
         arrangedAt_ = scheduler_.now();
-        world_.after(occlusionLag, [] {}); // so that who waits until all is settled waits for this, too
+        world_.after(occlusionLag, [] {}); // so that waiting for everything to settle includes this
     }
     if (hasChanged) items_.onChanged.emit();
 }

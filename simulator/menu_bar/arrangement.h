@@ -13,15 +13,15 @@
 
 namespace mac_model {
 
-/// An item on its way, and the run as it is meanwhile.
+/// An item that is being carried, and the order of the run meanwhile.
 struct CarriedItem {
     StatusItemIdentifier identifier{};
     double x = 0;                            // of its left edge, on the primary screen
     std::vector<StatusItemIdentifier> order; // of the run, from right to left
 };
 
-/// Where the status items stand in the right part of the menu bar. A change shows after `arrangingTime`,
-/// several together; until then the old frames stand. Frames are on the primary screen.
+/// Where the status items stand in the right part of the menu bar. Changes show together after
+/// `arrangingTime`; until then the old frames stand. Frames are on the primary screen.
 class Arrangement {
   public:
     static constexpr tavrin::Seconds arrangingTime{0.02};
@@ -32,29 +32,29 @@ class Arrangement {
     Arrangement(const Arrangement&) = delete;
     Arrangement& operator=(const Arrangement&) = delete;
 
-    /// Arranges anew, because something that bears on it has changed.
+    /// Arranges anew after something that affects the places has changed.
     void refresh();
     void arrangeAfter(tavrin::Seconds);
 
-    /// The item drawn at a point of any screen's menu bar; null where none is or the notch covers it.
+    /// The item drawn at a point of any screen's menu bar; null where there is none or the notch covers it.
     const StatusItemRecord* itemAt(tavrin::Point) const;
     /// Where the item is on that screen's menu bar; none when it has no frame.
     std::optional<tavrin::Rect> frameOn(const ScreenSpec&, const StatusItemRecord&) const;
-    /// What Accessibility says of its place; the place of an item pushed off the screen is uncertain.
+    /// The item's place as Accessibility reports it; for an item pushed off the screen that is uncertain.
     tavrin::Rect accessibilityFrame(const StatusItemRecord&) const;
     /// Whether the item's own process sees it drawn.
     bool isDrawnForOwner(StatusItemIdentifier) const;
-    /// What macOS keeps when the program quits in order: the place of each named item that had none.
+    /// Stores, as macOS does when the program quits in order, the place of each named item that had none.
     void storePositions(tavrin::ProcessIdentifier);
 
-    // For those who move items.
+    // For moving items.
 
     /// The items of the run from right to left.
     std::vector<StatusItemIdentifier> run() const;
-    /// Of the item's place in the run.
+    /// The width of the item's place in the run.
     double widthOf(const StatusItemRecord&) const;
 
-    /// The run stands as this says for as long as something is being carried, from the next arranging on.
+    /// From the next arranging on, the run keeps this order for as long as something is being carried.
     void setCarried(std::optional<CarriedItem> carried) { carried_ = std::move(carried); }
 
     void arrange();

@@ -106,7 +106,7 @@ void ItemDrag::putDown(PutDown where) {
     items_.onChanged.emit();
 }
 
-/// An item that was moved out from behind the notch stays in the run, unless its bundle's never do.
+/// An item that was moved out from behind the notch stays in the run, unless no item of its bundle ever does.
 void ItemDrag::returnBehindNotch(StatusItemRecord& record, bool wasBehindNotch, PutDown where) const {
     const bool isForAll = items_.areAllBehindNotch(record.owner);
     record.isBehindNotch = wasBehindNotch && (where == PutDown::WhereItWas || isForAll);
@@ -118,7 +118,7 @@ bool ItemDrag::hasPosition(const StatusItemRecord& record) const {
     return record.preferredPosition && !isForgotten;
 }
 
-/// Its distance from the right edge where that is more than `above`.
+/// The item's distance from the right edge, but always more than `above`.
 double ItemDrag::positionFor(const StatusItemRecord& record, double above) const {
     const auto* screen = screens_.primary();
     const double distance = screen && record.frame ? screen->frame.maxX() - record.frame->maxX() : 0;

@@ -26,7 +26,7 @@ class ItemDrag {
     /// `x` is its left edge on the primary screen. It changes places with a neighbour over whose middle it
     /// has come; items that macOS holds in place are never passed.
     void carryTo(double x);
-    /// Leaves it where it is, and stores its new place, or sends it back. It stands there after
+    /// Leaves the item where it is and stores its new place, or sends it back. It arrives after
     /// `slidingTime`.
     void putDown(PutDown);
 
@@ -51,7 +51,7 @@ class ItemDrag {
     const ScreensModel& screens_;
     const Behaviour& behaviour_;
     std::optional<Carried> carried_;
-    int dragsSeen_ = 0; // since some are lost
+    int dragsSeen_ = 0; // since `loseDrags` was set
     std::vector<tavrin::Subscription> subscriptions_;
 };
 

@@ -30,8 +30,8 @@ struct StatusItemRecord {
     tavrin::ProcessIdentifier owner = 0;
     ItemOrigin origin = ItemOrigin::DesktopFile;
 
-    /// What it says and opens. The program's items keep their label in `description`, their tool tip in
-    /// `help`.
+    /// The item's texts, and what it opens. The program's items keep their label in `description`, their tool
+    /// tip in `help`.
     StatusItemSpec spec;
     std::string name;  // autosave name
     double length = 0; // as asked for: points or `squareStatusItemLength`

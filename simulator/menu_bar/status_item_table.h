@@ -35,7 +35,7 @@ class StatusItemTable {
     /// Every item, in the order of creation.
     std::vector<const StatusItemRecord*> items() const;
     std::vector<const StatusItemRecord*> itemsOf(tavrin::ProcessIdentifier) const;
-    /// Those with a frame, from left to right.
+    /// The items with a frame, from left to right.
     std::vector<const StatusItemRecord*> fromLeftToRight() const;
     /// Null when there is none; else it holds until the item is removed.
     const StatusItemRecord* find(StatusItemIdentifier) const;
@@ -45,14 +45,14 @@ class StatusItemTable {
     /// Sends a press to the program that owns the item; false for items of other processes.
     bool press(StatusItemIdentifier, tavrin::StatusItemPress);
 
-    /// What the person does: drags every item of the bundle off the menu bar.
+    /// The person drags every item of the bundle off the menu bar.
     std::expected<void, std::string> removeItems(std::string_view bundleIdentifier);
     std::expected<void, std::string> setBehindNotch(std::string_view bundleIdentifier, BehindNotch);
     /// Whether no item of that owner's bundle ever stays in sight beside the notch.
     bool areAllBehindNotch(tavrin::ProcessIdentifier owner) const;
 
-    tavrin::Signal<> onChanged;     // after the items were arranged, or one looks or opens differently
-    tavrin::Signal<> onPlacesStale; // something that bears on the places is different now
+    tavrin::Signal<> onChanged;     // after the items were arranged, or one looks different, opened or closed
+    tavrin::Signal<> onPlacesStale; // something that affects their places has changed
     tavrin::Signal<StatusItemIdentifier> onLeaving; // before it is removed or hidden
 
     // For the program's items. Positions and visibility are kept in `domain` under the item's name.
@@ -69,7 +69,7 @@ class StatusItemTable {
     void setHiddenFromAccessibility(StatusItemIdentifier, bool hidden);
     void setAction(StatusItemIdentifier, std::function<void(tavrin::StatusItemPress)>);
 
-    // For those who place the items.
+    // For placing the items.
 
     StatusItemRecord* change(StatusItemIdentifier);
     /// Under the item's name, for the next launch.

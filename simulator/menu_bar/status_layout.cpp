@@ -21,7 +21,7 @@ Rect inBar(const ScreenSpec& screen, double x, double width) {
     return {x, screen.frame.y + (screen.menuBarHeight - height) / 2, width, height};
 }
 
-/// What a run is sorted by: smaller is further right. Identifiers ascend with creation.
+/// The sort key of a run: smaller is further right. Identifiers ascend with creation.
 auto orderOf(const LayoutItem& item, ZeroPosition zero) {
     constexpr double leftOfAll = std::numeric_limits<double>::infinity();
     const bool isForgotten = item.preferredPosition == 0.0 && zero == ZeroPosition::Leftmost;

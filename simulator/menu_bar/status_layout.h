@@ -17,7 +17,7 @@ namespace mac_model {
 
 enum class StatusItemIdentifier : std::uint64_t { None = 0 };
 
-/// What macOS makes of a longer length.
+/// macOS cuts longer lengths to this one.
 inline constexpr double statusItemLengthMax = 10'000;
 
 enum class HiddenReason { Offscreen, Notch, Dropped, Restricted };

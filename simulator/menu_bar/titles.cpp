@@ -11,7 +11,7 @@ namespace {
 
 constexpr double appleMenuWidth = 44;
 constexpr double titlePadding = 20;
-constexpr double characterWidth = 7.5; // about what the menu bar's font takes
+constexpr double characterWidth = 7.5; // roughly that of the menu bar's font
 constexpr std::size_t titlesBeforeOwn = 2;
 
 double widthOf(const std::string& title) {

@@ -22,7 +22,7 @@ std::vector<MenuTitle> menuTitles(const ApplicationSpec&, const ScreenSpec&);
 /// Where the titles end; the screen's left edge when there is no application.
 double menusEnd(const ApplicationSpec* application, const ScreenSpec&);
 
-/// What the menu under the n-th of these titles holds; empty beyond the last.
+/// The entries of the menu under the n-th of these titles; none beyond the last.
 std::vector<MenuItemSpec> menuUnderTitle(const ApplicationSpec&, std::size_t title);
 
 } // namespace mac_model

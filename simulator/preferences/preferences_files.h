@@ -10,7 +10,7 @@
 
 namespace mac_model {
 
-/// What a profile keeps of one domain.
+/// One domain as a profile keeps it.
 struct StoredDomain {
     tavrin::DefaultsDictionary values;
     std::set<std::string, std::less<>> removed; // keys that the desktop file must not bring back

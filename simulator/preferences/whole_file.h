@@ -12,8 +12,8 @@ namespace mac_model {
 
 [[nodiscard]] std::expected<std::string, std::string> readWholeFile(const std::filesystem::path&);
 
-/// Writes beside the file, flushes to the disk and renames: after a fall of the machine the file holds the
-/// old text or the new one. Its folder must exist.
+/// Writes beside the file, flushes to the disk and renames: after a crash of the machine the file holds
+/// either the old text or the new one. Its folder must exist.
 [[nodiscard]] std::expected<void, std::string> replaceWholeFile(const std::filesystem::path&,
                                                                 std::string_view text);
 

@@ -32,7 +32,7 @@ void Permission::setTrusted(bool trusted) {
     if (uncertainties_.permissionNotice == PermissionNotice::Stale) {
         staleUntil_ = scheduler_.now() + noticeDelay + staleTime;
         world_.after(noticeDelay + staleTime,
-                     [] {}); // so that who waits until all is settled waits for this, too
+                     [] {}); // so that waiting for everything to settle includes this
     }
     onChanged.emit();
     changeOtherEntry();

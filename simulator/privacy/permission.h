@@ -9,8 +9,7 @@
 
 namespace mac_model {
 
-/// The list of applications that may use Accessibility, as far as it is about the program. The choice is kept
-/// in the profile.
+/// The program's entry in the list of applications that may use Accessibility. The profile keeps the choice.
 class Permission {
   public:
     static constexpr tavrin::Seconds noticeDelay{0.1};
@@ -19,9 +18,9 @@ class Permission {
     Permission(tavrin::VirtualScheduler&, PreferencesStore&, const Uncertainties&,
                const std::string& bundleIdentifier, bool isTrustedAtFirst);
 
-    /// What the switch in System Settings shows, and what messages obey.
+    /// The state of the switch in System Settings, which messages obey.
     bool isTrusted() const;
-    /// What a process is told that asks: may lag behind.
+    /// The answer to a process that asks; it may lag behind.
     bool isTrustedAsTold() const;
 
     /// Whether the program had the permission since its process began, and lost it.

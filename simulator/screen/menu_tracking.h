@@ -11,7 +11,7 @@
 
 namespace mac_model {
 
-/// What opened a menu: pressing it again closes the menu.
+/// The status item or title that a menu opened from: pressing it again closes the menu.
 struct MenuAnchor {
     StatusItemIdentifier item = StatusItemIdentifier::None;
     std::optional<std::size_t> title; // in the menu bar
@@ -46,7 +46,7 @@ class MenuTracking {
 
     bool isOpen() const { return session_.has_value(); }
 
-    /// What it was opened from; nothing while no menu is open.
+    /// The anchor of the open menu; none while no menu is open.
     std::optional<MenuAnchor> anchor() const;
 
     bool contains(tavrin::Point) const;
@@ -67,7 +67,7 @@ class MenuTracking {
     /// Opens the submenu of the entry at this path, and those on the way to it.
     void openSubmenuAt(const MenuPath&);
 
-    /// Whose menu it is; 0 while none is open.
+    /// The process that the open menu belongs to; 0 while none is open.
     tavrin::ProcessIdentifier owner() const { return session_ ? session_->request.owner : 0; }
 
     /// The entries whose submenus are open.

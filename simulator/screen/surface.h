@@ -18,8 +18,8 @@
 
 namespace mac_model {
 
-/// From the lowest level to the highest: a surface is in front of all of lower kinds.
-/// A Drag is what is seen of a thing that is being dragged; the pointer never meets it.
+/// From the lowest level to the highest: a surface is in front of all of lower kinds. A Drag is the picture
+/// of a thing that is being dragged; the pointer never meets it.
 enum class SurfaceKind { Window, Alert, Panel, Popover, Menu, Drag };
 inline constexpr std::array<std::string_view, 6> surfaceKindNames{"window",  "alert", "panel",
                                                                   "popover", "menu",  "drag"};

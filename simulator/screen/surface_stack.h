@@ -28,15 +28,15 @@ class SurfaceStack {
     /// Anyone else closes it: `onDismissed` is called.
     void dismiss(SurfaceIdentifier);
     void dismissAllOf(tavrin::ProcessIdentifier owner);
-    /// Dismisses what closes on a press at this point, front-most first, and returns the status items that
-    /// these surfaces belonged to.
+    /// Dismisses the surfaces that close on a press at this point, front-most first, and returns the status
+    /// items that these surfaces belonged to.
     std::vector<StatusItemIdentifier> dismissForPressAt(tavrin::Point);
 
     void raise(SurfaceIdentifier);
     /// When the key surface goes away, the one that was key before it takes its place.
     void makeKey(SurfaceIdentifier);
     /// None while the windows that could be key belong to applications that aren't active; panels and
-    /// popovers are key without that.
+    /// popovers can be key without that.
     Surface* key() const;
     void setActive(tavrin::ProcessIdentifier);
 

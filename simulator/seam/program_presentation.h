@@ -19,7 +19,7 @@ class ProgramPopover;
 StatusItemIdentifier identifierOf(const tavrin::StatusItem&);
 
 /// The program's popovers, windows and menus. Calls into the program are posted to its main thread, and
-/// dropped when by then its process has ended or the thing that they are about was destroyed.
+/// dropped if its process has ended, or the popover, window or menu was destroyed, by then.
 class ProgramPresentation final : public tavrin::Presentation {
   public:
     ProgramPresentation(const MacServices& mac, ProgramHost& host)

@@ -97,7 +97,7 @@ void ProgramRecorders::follow(const tavrin::View& content) {
         hosts_[place] = host;
         maker->update(host->button());
     }
-    // What they call may bring in other content.
+    // Last, because their handlers may replace the content.
     for (const auto& host : gone) host->button().movesFromWindow();
 }
 

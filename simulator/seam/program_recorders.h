@@ -9,9 +9,9 @@
 
 namespace mac_model {
 
-/// The recorders in the content of one surface of the program: they stay while their place in the
-/// tree does, and get the clicks, the changes of focus and the news of the key window. Whoever calls is in
-/// the program's main loop.
+/// The recorders in the content of one surface of the program: they stay while their place in the tree does,
+/// and get the clicks, the changes of focus and the news of the key window. Call it from the program's main
+/// loop.
 class ProgramRecorders {
   public:
     /// `surface` tells which surface shows the content now.

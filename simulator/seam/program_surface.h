@@ -9,8 +9,8 @@
 
 namespace mac_model {
 
-/// What all surfaces of the program have: content with its recorders, which may come before the surface is
-/// shown, and a place on the stack while it is.
+/// The common part of the program's surfaces: content with its recorders, which may be set before the surface
+/// is shown, and a place on the stack while it is shown.
 class ProgramSurface {
   public:
     /// How surfaces of one kind differ.
@@ -19,7 +19,7 @@ class ProgramSurface {
         std::string title = {};
         /// Gives the surface its frame, and this content laid out in it by `showAnew`.
         std::function<void(Surface&, const tavrin::View& content)> layOut;
-        /// It has left the screen while its owner lives.
+        /// Called when it has left the screen while its owner lives.
         std::function<void()> onGone = {};
     };
 
@@ -28,7 +28,7 @@ class ProgramSurface {
         , callbacks_(std::move(callbacks))
         , nature_(std::move(nature)) {}
 
-    /// Nobody is told.
+    /// Takes the surface off the screen without telling anyone.
     ~ProgramSurface() { stack_.remove(identifier_); }
 
     ProgramSurface(const ProgramSurface&) = delete;

@@ -5,8 +5,8 @@
 
 namespace mac_model {
 
-/// How this Mac behaves where Macs differ. Whoever changes what bears on the menu bar calls
-/// `Arrangement::refresh` afterwards.
+/// How this Mac behaves where Macs differ. After a change that affects the menu bar, call
+/// `Arrangement::refresh`.
 struct Behaviour {
     MacOSVersion version;
     Uncertainties uncertainties;

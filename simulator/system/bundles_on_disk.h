@@ -8,7 +8,7 @@
 
 namespace mac_model {
 
-/// The bundles on disk.
+/// The bundles on disk, running or not.
 class BundlesOnDisk {
   public:
     explicit BundlesOnDisk(const std::map<std::string, std::string>& bundles)
@@ -16,7 +16,7 @@ class BundlesOnDisk {
 
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const;
 
-    /// What the bundle with the identifier is called on the disk; none when there is none.
+    /// The name on the disk of the bundle with this identifier; none when there is no such bundle.
     std::optional<std::string> nameOfBundle(std::string_view bundleIdentifier) const;
 
   private:

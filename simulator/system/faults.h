@@ -12,7 +12,7 @@
 
 namespace mac_model {
 
-/// How the window server tells of the windows of a bundle's status items.
+/// How the window server reports the windows of a bundle's status items.
 enum class WindowReport {
     Right,
     Displaced, // 40 points further right than they are
@@ -32,8 +32,8 @@ struct MenuFaults {
     bool ignoresEscape = false; // posted to the process; the person's own isn't
 };
 
-/// What can go wrong on this Mac beside the answers of `Uncertainties`. Faults lie over the truth: clearing
-/// one heals the Mac.
+/// Faults of this Mac, besides the settings of `Uncertainties`. They lie over the truth: clearing one heals
+/// the Mac.
 struct Faults {
     /// After the menu bar was arranged, the program's items report for 0.05 s that they aren't drawn.
     bool occlusionLag = true;

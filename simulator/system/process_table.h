@@ -15,7 +15,7 @@
 
 namespace mac_model {
 
-/// What a process does when it is told to quit: it is gone, or it hears of it and decides.
+/// How a process reacts when it is told to quit: it ends at once, or it is asked and decides.
 enum class Quitting { AtOnce, AfterItsAnswer };
 
 /// A running process. Policy, latency and whether it responds are its application's fields, as they are now.
@@ -43,7 +43,7 @@ class ProcessTable {
                                                                  Quitting = Quitting::AtOnce);
     void end(tavrin::ProcessIdentifier);
 
-    // These mean every process of the bundle; the error is a sentence for the user.
+    // These act on every process of the bundle; the error is a sentence for the user.
     std::expected<void, std::string> quit(std::string_view bundleIdentifier);
     std::expected<void, std::string> hang(std::string_view bundleIdentifier);
     std::expected<void, std::string> resume(std::string_view bundleIdentifier);
@@ -56,7 +56,7 @@ class ProcessTable {
     void activate(tavrin::ProcessIdentifier);
     /// Null when nothing is active.
     const Process* frontmost() const;
-    /// Whose menus the menu bar shows: the regular process that was active last.
+    /// The process whose menus the menu bar shows: the regular one that was active last.
     const Process* menuBarOwner() const;
 
     tavrin::Signal<tavrin::ProcessIdentifier> onLaunched;

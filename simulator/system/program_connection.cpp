@@ -9,8 +9,7 @@ tavrin::Subscription ProgramConnection::relay(tavrin::Signal<>& signal, std::fun
             const auto connection = self.lock();
             if (!connection) return;
             connection->post([kept] {
-                // A copy, because a handler that unsubscribes itself must not destroy the function it runs
-                // in.
+                // A copy, because a handler that unsubscribes itself must not destroy the running function.
                 if (const auto call = *kept) call();
             });
         }));

@@ -10,8 +10,8 @@
 namespace mac_model {
 
 /// One life of the program's process, as the rest of the Mac sees it. It closes before anything of the
-/// program is destroyed: whatever the program's objects do after that (or leave undone, in a crash) reaches
-/// nothing. All that the Mac hands to the program keeps this and asks `isOpen` first.
+/// program is destroyed: nothing that the program's objects do after that (or leave undone, in a crash) has
+/// an effect. Every object that the Mac hands to the program keeps this and asks `isOpen` first.
 class ProgramConnection : public std::enable_shared_from_this<ProgramConnection> {
   public:
     ProgramConnection(tavrin::VirtualScheduler& scheduler, tavrin::ProcessIdentifier process)

@@ -12,12 +12,12 @@ class WorldCalls {
   public:
     explicit WorldCalls(tavrin::VirtualScheduler& scheduler) : scheduler_(scheduler) {}
 
-    /// In the world, whatever the program's main thread does.
+    /// Runs in the world, even while the program's main thread is busy.
     void after(tavrin::Seconds delay, tavrin::Work work) {
         scheduler_.callInWorldAfter(delay, gate_.guarded(std::move(work)));
     }
 
-    /// When the program's main loop turns.
+    /// Runs when the program's main loop turns.
     void post(tavrin::Work work) { scheduler_.post(gate_.guarded(std::move(work))); }
 
   private:

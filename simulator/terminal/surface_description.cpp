@@ -16,7 +16,7 @@ std::string markOf(const json& node) {
     return {};
 }
 
-/// One line for what a person reads or presses; nothing for what only arranges others.
+/// One line for a view that a person reads or presses; nothing for one that only arranges others.
 std::string lineOf(const json& node) {
     const auto role = node.value("role", "");
     if (node.contains("icon")) return {}; // its name stands beside it

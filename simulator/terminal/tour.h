@@ -10,8 +10,8 @@
 
 namespace mac_model {
 
-/// What a step of a tour may go by: the replies to "look", "defaults" and "events", as anyone who drives the
-/// Mac sees them.
+/// Everything that a step of a tour may judge by: the replies to "look", "defaults" and "events", as anyone
+/// who drives the Mac sees them.
 struct Seen {
     nlohmann::json look;
     nlohmann::json defaults; // the program's own domain: key to value

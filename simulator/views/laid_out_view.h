@@ -8,8 +8,8 @@
 
 namespace mac_model {
 
-/// A view with its place on the screen. What is scrolled out of a Scroll keeps its frame, which then lies
-/// outside that of the Scroll.
+/// A view with its place on the screen. A view that is scrolled out of sight keeps its frame, which then lies
+/// outside that of its Scroll.
 struct LaidOutView {
     tavrin::View view;              // its children stand below, laid out
     tavrin::Rect frame;             // screen points

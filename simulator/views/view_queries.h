@@ -22,12 +22,12 @@ tavrin::View viewOf(const LaidOutView&);
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);
 LaidOutView* viewAt(LaidOutView& root, const ViewPath&);
 
-// What a person points at; scrolled-away parts are nowhere.
+// Views under a pointer; parts that are scrolled away are never found.
 
 /// The deepest matching view; later siblings are in front.
 std::optional<ViewPath> deepestAt(const LaidOutView& root, tavrin::Point,
                                   const std::function<bool(const LaidOutView&)>& matches);
-/// The same, unless a control inside it takes a press at the point.
+/// The same, but none when a control inside it takes a press at the point.
 std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, tavrin::Point,
                                          const std::function<bool(const LaidOutView&)>& matches);
 std::optional<ViewPath> controlAt(const LaidOutView& root, tavrin::Point);

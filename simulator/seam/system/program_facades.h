@@ -105,7 +105,7 @@ class ProgramStatusItems final : public tavrin::StatusItems {
     ProgramSide side_;
 };
 
-/// Only for a program that has the framework in its bundle. What it looks for is always up to date.
+/// Only for a program that has the framework in its bundle. A search always finds the program up to date.
 class ProgramUpdater final : public tavrin::Updater {
   public:
     explicit ProgramUpdater(ProgramSide side) : side_(std::move(side)) {}

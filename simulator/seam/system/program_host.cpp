@@ -8,7 +8,7 @@
 
 namespace mac_model {
 
-/// All that one process of the program consists of. The delegate goes before what it uses.
+/// Everything that one process of the program consists of. The delegate goes before what it uses.
 struct ProgramHost::Life {
     std::shared_ptr<ProgramConnection> connection;
     ProgramFacades facades;
@@ -59,7 +59,7 @@ void ProgramHost::launch() {
     mac_.program.connect(connection);
     life_ = std::shared_ptr<Life>(new Life{connection, {{connection, mac_}, *this, *presentation_}, nullptr});
     onStarted.emit();
-    // A delegate of the last life that is still to be destroyed was posted before.
+    // If the last life's delegate is still to be destroyed, that was posted before.
     connection->post([this] { life_->delegate = factory_(life_->facades.platform()); });
     connection->post([this] { life_->delegate->applicationDidFinishLaunching(); });
 }

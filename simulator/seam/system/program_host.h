@@ -45,8 +45,8 @@ class ProgramHost {
     /// The last window has closed; the program may want to quit for that.
     void lastWindowClosed();
 
-    /// What the program that has ended left behind: jobs, timers of the main thread, objects of the platform.
-    /// One sentence each; meaningful once the main loop has turned.
+    /// Everything that the ended program left behind: jobs, timers of the main thread, objects of the
+    /// platform. One sentence each; meaningful once the main loop has turned.
     std::vector<std::string> leftovers() const;
 
     tavrin::Signal<> onStarted;

@@ -51,8 +51,8 @@ struct MacServices {
     tavrin::Randomness& randomness;
 };
 
-/// One life of the program's process and what it can call: all that implements the seam for it keeps this.
-/// Once the connection has closed they change nothing, answer with what is harmless, and call nobody.
+/// One life of the program's process and what it can call: every implementation of the seam keeps this. Once
+/// the connection has closed, calls change nothing, give harmless answers, and call nobody.
 struct ProgramSide {
     std::shared_ptr<ProgramConnection> connection;
     const MacServices& mac;

@@ -17,7 +17,7 @@ class ProgramStatusItem final : public tavrin::StatusItem {
     ProgramStatusItem& operator=(const ProgramStatusItem&) = delete;
     ~ProgramStatusItem() override;
 
-    /// For those who anchor popovers and menus; no living item once the process has ended.
+    /// For anchoring popovers and menus; names no living item once the process has ended.
     StatusItemIdentifier identifier() const { return identifier_; }
 
     void setLength(double length) override;

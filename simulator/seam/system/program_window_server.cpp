@@ -18,7 +18,7 @@ constexpr int menuBarLayer = 24;
 constexpr int statusItemLayer = 25;
 constexpr tavrin::ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
 
-/// The windows of what is on the screen beside the menu bar, from front to back.
+/// The windows of everything on the screen besides the menu bar, from front to back.
 std::vector<tavrin::OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
     std::vector<tavrin::OnScreenWindow> windows;
     for (const auto& surface : surfaces.backToFront() | std::views::reverse)
@@ -44,7 +44,7 @@ bool ProgramWindowServer::isMine(Connection connection) const {
 std::expected<std::int32_t, ProgramWindowServer::Status>
 ProgramWindowServer::windowCount(Connection connection) {
     if (!isMine(connection)) return std::unexpected(failure);
-    // Most processes have some window, be it never on the screen.
+    // Most processes have some window, even if it is never on the screen.
     return static_cast<std::int32_t>(side_.mac.menuBarWindows.all().size() +
                                      side_.mac.processes.processes().size());
 }

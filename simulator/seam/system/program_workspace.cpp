@@ -32,7 +32,7 @@ std::vector<tavrin::RunningApplication> ProgramWorkspace::present() const {
 }
 
 void ProgramWorkspace::updateLater() {
-    // The list is the one of now: what is launched later comes with a turn of its own.
+    // The list is taken now: a later launch is told in a turn of its own.
     side_.connection->post([state = state_, applications = present()] {
         state->applications = applications;
         state->onChanged.emit();

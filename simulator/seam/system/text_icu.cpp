@@ -120,7 +120,7 @@ class IcuText final : public tavrin::Text {
         return folded;
     }
 
-    /// What the character begins with when it is taken apart.
+    /// The first character of the decomposition.
     UChar32 baseOf(UChar32 character) const {
         UnicodeString parts;
         return decomposition_->getDecomposition(character, parts) ? parts.char32At(0) : character;
