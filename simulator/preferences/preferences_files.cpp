@@ -17,6 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 using tavrin::DefaultsDomain;
 
+constexpr std::string_view byHostFolder = "ByHost";
+
 constexpr std::string_view extension = ".json";
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
@@ -95,23 +97,44 @@ std::expected<std::vector<fs::path>, std::string> filesIn(const fs::path& folder
     return files;
 }
 
+/// What a killed process left of a file that it was about to replace.
+bool isLeftover(const fs::path& file) {
+    const auto name = file.filename().string();
+    return name.starts_with('.') && name.find(std::string(extension) + ".") != std::string::npos;
+}
+
+/// Empties the folder of leftovers; the words for the reason when it can't be written to.
+std::expected<void, std::string> makeReady(const fs::path& folder) {
+    std::error_code error;
+    for (const auto& file : filesIn(folder).value_or(std::vector<fs::path>{}))
+        if (isLeftover(file)) fs::remove(file, error);
+    const auto probe = folder / ".writable";
+    auto written = replaceWholeFile(probe, "");
+    fs::remove(probe, error);
+    return written;
+}
+
 } // namespace
 
 std::expected<PreferencesFiles, std::string> PreferencesFiles::open(const fs::path& profile) {
-    const PreferencesFiles files(profile / "Preferences");
+    const auto folder = profile / "Preferences";
     const auto refuse = [&](const std::string& reason) {
         return std::unexpected("The profile folder " + inQuotes(profile.string()) +
                                " can't be used: " + reason + ".");
     };
     std::error_code error;
-    for (const auto host : {Host::Any, Host::Current}) {
-        fs::create_directories(files.folderOf(host), error);
-        if (error) return refuse(error.message());
-        const auto probe = files.folderOf(host) / ".writable";
-        if (auto written = replaceWholeFile(probe, ""); !written) return refuse(written.error());
-        fs::remove(probe, error);
-    }
-    return files;
+    fs::create_directories(folder / byHostFolder, error);
+    if (error) return refuse(error.message());
+    auto lock = FolderLock::take(folder);
+    if (!lock) return refuse(lock.error());
+    if (!*lock) return refuse("another modelled Mac has it open");
+    for (const auto& part : {folder, folder / byHostFolder})
+        if (const auto ready = makeReady(part); !ready) return refuse(ready.error());
+    return PreferencesFiles(folder, std::move(**lock));
+}
+
+fs::path PreferencesFiles::folderOf(Host host) const {
+    return host == Host::Any ? folder_ : folder_ / byHostFolder;
 }
 
 std::expected<std::map<DefaultsDomain, StoredDomain>, std::string> PreferencesFiles::readAll() const {

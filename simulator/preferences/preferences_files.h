@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/defaults.h"
+#include "preferences/whole_file.h"
 
 #include <expected>
 #include <filesystem>
@@ -18,10 +19,12 @@ struct StoredDomain {
 
 /// The preferences in a profile folder: `Preferences/<domain>.json` and `Preferences/ByHost/<domain>.json`,
 /// each an object of values (defaults_json.h) in which {"$removed": true} stands for a removed key. Errors
-/// are one sentence for the user that names the path.
+/// are one sentence for the user that names the path. The profile belongs to this object for as long as it
+/// lives; another that opens it meanwhile is refused.
 class PreferencesFiles {
   public:
-    /// Makes the folders, if need be, and tries whether they can be written to.
+    /// Makes the folders, if need be, takes the profile for this process, and tries whether it can be written
+    /// to.
     static std::expected<PreferencesFiles, std::string> open(const std::filesystem::path& profile);
 
     std::expected<std::map<tavrin::DefaultsDomain, StoredDomain>, std::string> readAll() const;
@@ -30,15 +33,15 @@ class PreferencesFiles {
   private:
     using Host = tavrin::DefaultsDomain::Host;
 
-    explicit PreferencesFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    PreferencesFiles(std::filesystem::path folder, FolderLock lock)
+        : folder_(std::move(folder))
+        , lock_(std::move(lock)) {}
 
-    std::filesystem::path folderOf(Host host) const {
-        return host == Host::Any ? folder_ : folder_ / "ByHost";
-    }
-
+    std::filesystem::path folderOf(Host host) const;
     std::expected<void, std::string> readFolder(Host, std::map<tavrin::DefaultsDomain, StoredDomain>&) const;
 
     std::filesystem::path folder_;
+    FolderLock lock_;
 };
 
 } // namespace mac_model

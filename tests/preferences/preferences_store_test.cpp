@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <limits>
+#include <sys/stat.h>
 
 namespace mac_model {
 
@@ -67,7 +68,7 @@ TEST_F(PreferencesStoreTest, DesktopFileGivesWhatTheProfileNeitherHasNorRemoved)
 }
 
 TEST_F(PreferencesStoreTest, ChangesAreWrittenTogetherAMomentLater) {
-    const auto store = open().value();
+    auto store = open().value();
     const auto file = folder.path() / "Preferences" / "d.json";
     store->set({"d"}, "a", {true});
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -75,6 +76,7 @@ TEST_F(PreferencesStoreTest, ChangesAreWrittenTogetherAMomentLater) {
     EXPECT_TRUE(std::filesystem::exists(file));
     store->set({"d"}, "b", {true});
     store->flush({"d"});
+    store = nullptr;
     EXPECT_EQ(open().value()->keys({"d"}).size(), 2U);
 }
 
@@ -97,7 +99,7 @@ TEST_F(PreferencesStoreTest, UnusableProfileIsRefusedAndLeftAsItIs) {
 }
 
 TEST_F(PreferencesStoreTest, FailedWriteKeepsTheChangesAndIsTriedAgain) {
-    const auto store = open().value();
+    auto store = open().value();
     const auto blocked = folder.path() / "Preferences" / "d.json";
     std::filesystem::create_directories(blocked / "x");
     store->set({"d"}, "a", {true});
@@ -108,7 +110,59 @@ TEST_F(PreferencesStoreTest, FailedWriteKeepsTheChangesAndIsTriedAgain) {
     std::filesystem::remove_all(blocked);
     store->flush();
     EXPECT_FALSE(store->lastWriteError());
+    store = nullptr;
     EXPECT_EQ(open().value()->boolean({"d"}, "a"), true);
+}
+
+TEST_F(PreferencesStoreTest, ProfileBelongsToOneMacAtATime) {
+    auto first = open().value();
+    first->set({"d"}, "a", {true});
+    const auto second = open();
+    ASSERT_FALSE(second);
+    EXPECT_EQ(second.error(), "The profile folder \"" + folder.path().string() +
+                                  "\" can't be used: another modelled Mac has it open.");
+    first = nullptr;
+    EXPECT_EQ(open().value()->boolean({"d"}, "a"), true);
+}
+
+TEST_F(PreferencesStoreTest, LinksAndPipesInTheProfileHarmNothingOutside) {
+    namespace fs = std::filesystem;
+    open().value()->flush();
+    const auto preferences = folder.path() / "Preferences";
+    const auto outside = folder.path() / "outside";
+    std::ofstream(outside) << "precious";
+    for (const auto* name : {".writable", ".writable.new", "linked.json", "linked.json.new"})
+        fs::create_symlink(outside, preferences / name);
+    ASSERT_EQ(::mkfifo((preferences / "piped.json").c_str(), 0600), 0);
+    ASSERT_FALSE(open()) << "a link to what is no JSON is read as a broken file";
+    std::ofstream(outside, std::ios::trunc) << "{\"a\": true}";
+
+    auto store = open().value();
+    EXPECT_EQ(store->boolean({"linked"}, "a"), true);
+    EXPECT_TRUE(store->keys({"piped"}).empty());
+    store->set({"linked"}, "a", {false});
+    store->set({"piped"}, "a", {false});
+    store->flush();
+    EXPECT_EQ(store->lastWriteError(), std::nullopt);
+    store = nullptr;
+    std::ifstream kept(outside);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "{\"a\": true}");
+    store = open().value();
+    EXPECT_EQ(store->boolean({"linked"}, "a"), false);
+    EXPECT_EQ(store->boolean({"piped"}, "a"), false);
+    store = nullptr;
+
+    fs::remove(preferences / ".lock");
+    ASSERT_EQ(::mkfifo((preferences / ".lock").c_str(), 0600), 0);
+    EXPECT_FALSE(open());
+}
+
+TEST_F(PreferencesStoreTest, WhatAKilledMacLeftBesideItsFilesIsClearedAway) {
+    open().value()->flush();
+    const auto leftover = folder.path() / "Preferences" / ".d.json.a1B2c3";
+    std::ofstream(leftover) << "{\"half\": ";
+    EXPECT_TRUE(open());
+    EXPECT_FALSE(std::filesystem::exists(leftover));
 }
 
 } // namespace mac_model
