@@ -28,6 +28,7 @@ bool ToggleShortcutController::update(const HotKeyShortcut& to) {
         if (auto message = conflict(to)) return refuse(std::move(*message));
     registrar_->unregister();
     if (!registrar_->registerShortcut(to)) return refuse(inUse);
+    isTaken_ = false;
     store_.save(to);
     shortcut_.set(to);
     errorMessage_.set(std::nullopt);
@@ -36,6 +37,7 @@ bool ToggleShortcutController::update(const HotKeyShortcut& to) {
 
 void ToggleShortcutController::clear() {
     registrar_->unregister();
+    isTaken_ = false;
     store_.save(std::nullopt);
     shortcut_.set(std::nullopt);
     errorMessage_.set(std::nullopt);
@@ -48,12 +50,18 @@ void ToggleShortcutController::suspend() {
 
 void ToggleShortcutController::resume() {
     if (!std::exchange(isSuspended_, false)) return;
-    // A recording that was given up keeps the message of the attempt before it.
-    if (!registerCurrent()) errorMessage_.set(inUse);
+    // A recording that was given up keeps the message of the attempt before it, unless it was about
+    // this shortcut.
+    const bool wasTaken = isTaken_;
+    if (!registerCurrent())
+        errorMessage_.set(inUse);
+    else if (wasTaken)
+        errorMessage_.set(std::nullopt);
 }
 
 bool ToggleShortcutController::registerCurrent() {
-    return !shortcut() || registrar_->registerShortcut(*shortcut());
+    isTaken_ = shortcut() && !registrar_->registerShortcut(*shortcut());
+    return !isTaken_;
 }
 
 void ToggleShortcutController::registerCurrentShortcut() {

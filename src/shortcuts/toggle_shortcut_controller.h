@@ -53,6 +53,7 @@ class ToggleShortcutController {
     Published<std::optional<HotKeyShortcut>> shortcut_;
     Published<std::optional<std::string>> errorMessage_;
     bool isSuspended_ = false;
+    bool isTaken_ = false; // the present shortcut couldn't be registered when that was tried last
     Signal<> changed_;
     Subscription shortcutChanges_;
     Subscription messageChanges_;

@@ -40,6 +40,10 @@ class HotKeysTest : public MacTest {
         mac->hotKeys().set({shortcut.keyCode(), {Modifier::Option}, true, isExclusive, stopsPresses});
     }
 
+    void giveBack(const HotKeyShortcut& shortcut) {
+        mac->hotKeys().set({shortcut.keyCode(), {Modifier::Option}, false, true, false});
+    }
+
     ToggleShortcutController& makeController() {
         controller = std::make_unique<ToggleShortcutController>(ToggleShortcutStore(platform().defaults),
                                                                 registrars().make(),
@@ -242,6 +246,27 @@ TEST_F(HotKeysTest, SuspendingKeepsTheToggleShortcutFromActing) {
     controller->resume();
     EXPECT_EQ(message(), "That shortcut is in use by another app");
     EXPECT_EQ(controller->shortcut(), optionK) << "it may be free again at the next launch";
+}
+
+TEST_F(HotKeysTest, TheMessageGoesWhenTheShortcutCouldBeRegisteredAgain) {
+    store(storedOptionK);
+    const auto giveUpTyping = [&] {
+        controller->suspend();
+        controller->resume();
+    };
+    take(optionK);
+    makeController();
+    giveUpTyping();
+    EXPECT_EQ(message(), "That shortcut is in use by another app");
+    giveBack(optionK);
+    giveUpTyping();
+    EXPECT_EQ(message(), "none");
+    EXPECT_TRUE(press(optionK));
+
+    take(optionL);
+    EXPECT_FALSE(controller->update(optionL));
+    giveUpTyping();
+    EXPECT_EQ(message(), "That shortcut is in use by another app") << "it is about the other shortcut";
 }
 
 TEST_F(HotKeysTest, AShortcutTakenAtLaunchIsReportedAndKept) {
