@@ -46,13 +46,18 @@ std::string StatusItemPositionDefaults::byHostAutosaveName(std::string_view auto
     return joined(name, byHostSuffix);
 }
 
+bool StatusItemPositionDefaults::hasValue(std::string_view autosaveName) const {
+    return defaults_.value(own_, joined(positionKey, autosaveName)) ||
+           defaults_.value(global_, joined(positionKey, byHostAutosaveName(autosaveName)));
+}
+
 std::optional<double> StatusItemPositionDefaults::preferredPosition(std::string_view autosaveName) const {
     if (const auto own = numberIn(defaults_.value(own_, joined(positionKey, autosaveName)))) return own;
     return numberIn(defaults_.value(global_, joined(positionKey, byHostAutosaveName(autosaveName))));
 }
 
 void StatusItemPositionDefaults::seed(std::string_view autosaveName, Force force, double position) {
-    if (force == Force::No && preferredPosition(autosaveName)) return;
+    if (force == Force::No && hasValue(autosaveName)) return;
     defaults_.set(own_, joined(positionKey, autosaveName), {position});
     defaults_.synchronize(own_);
 }

@@ -27,7 +27,7 @@ class StatusItemPositionDefaults {
     /// number.
     std::optional<double> preferredPosition(std::string_view autosaveName) const;
 
-    /// Stores a position; without force only where none is stored.
+    /// Stores a position; without force only where nothing is stored, not even a value of another type.
     void seed(std::string_view autosaveName, Force force, double position);
 
     /// Deletes all that is kept for the names that `selects` picks.
@@ -38,6 +38,7 @@ class StatusItemPositionDefaults {
     void removeSuperseded(std::span<const std::string> currentAutosaveNames, std::int64_t currentVersion);
 
   private:
+    bool hasValue(std::string_view autosaveName) const;
     void removeIn(const DefaultsDomain& domain, std::string_view nameSuffix,
                   const std::function<bool(std::string_view)>& selects);
 

@@ -28,7 +28,6 @@ TEST(StoredValues, ofTheWrongTypeAreTheDefault) {
         {"Skerrow.hiddenItemIdentifiers", json::array({5, true}), true},
         {"Skerrow.hiddenItemIdentifiers", json{{"a", 1}}, true},
         {"Skerrow.pendingFirstRunHint", "perhaps", true},
-        {"NSStatusItem Preferred Position Skerrow.Main.v1", "left", true},
         {"Skerrow.toggleShortcut", 3, true},
     };
     for (const auto& c : cases) {
@@ -40,6 +39,17 @@ TEST(StoredValues, ofTheWrongTypeAreTheDefault) {
         EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty()) << c.key << ' ' << c.value;
         EXPECT_TRUE(mac.defaults().contains(std::string(mainPosition) + "1")) << c.key << ' ' << c.value;
     }
+}
+
+TEST(StoredValues, aPlaceOfTheWrongTypeIsAPlaceAndStays) {
+    const auto key = std::string(mainPosition) + "1";
+    TavrinMac mac(trustedMac("classic-display", setUp({}, {{key, "left"}})));
+    mac.wait(0.2);
+    EXPECT_EQ(mac.defaults()[key], "left");
+    mac.wait(3);
+    clickControl(mac);
+    mac.wait(2);
+    EXPECT_TRUE(isCollapsed(mac));
 }
 
 TEST(StoredValues, anEmptyChoiceIsNoFreshInstall) {
