@@ -93,9 +93,9 @@ TEST(PinnedActionPolicy, leavesOutWhatIsNoCommand) {
 }
 
 TEST(PinnedActionPolicy, knowsDisruptiveWordsOnlyAsWholeWords) {
-    for (const auto* title :
-         {"Quit", "QUIT Notes", "Log Out…", "Logout", "Sign-Out", "Turn  off", "Shut\tDown", "Éject Disk",
-          "Empty: delete!", "Stop", "Ｓｔｏｐ", "Re-send (send)", "“Publish”", "Don’t stop"})
+    for (const auto* title : {"Quit", "QUIT Notes", "Log Out…", "Logout", "Sign-Out", "Turn  off",
+                              "Shut\tDown", "Éject Disk", "Empty: delete!", "Stop", "Ｓｔｏｐ",
+                              "Re-send (send)", "“Publish”", "Don’t stop", "🗑️Delete", "Stop️⏹"})
         EXPECT_TRUE(PinnedActionPolicy::looksDisruptive({{"Fine", {}}, {title, {}}}, *icu)) << title;
     for (const auto* title : {"Quite", "Stopwatch", "Sign", "Turn on", "Sender", "Clearance", "Unquit", "…",
                               "", "Beenden", "停止", "Turn the page off"})

@@ -1,5 +1,6 @@
 #include "pins/running/pinned_action_policy.h"
 
+#include "base/unicode.h"
 #include "pins/store/menu_title.h"
 #include "platform/accessibility_names.h"
 
@@ -24,21 +25,34 @@ bool isExcluded(std::string_view role) {
     return std::ranges::find(excludedRoles, role) != excludedRoles.end();
 }
 
-/// The bytes of the character at the beginning of the text, which isn't empty.
-std::string_view firstCharacter(std::string_view text) {
-    std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
-    return text.substr(0, length);
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// Marks that stand on characters of any script: combining ones, those around symbols and keycaps, variation
+/// selectors. macOS counts them among the alphanumerics, but an emoji with one begins no word.
+constexpr std::array<Range, 7> commonMarks{{{0x0300, 0x036F},
+                                            {0x1AB0, 0x1AFF},
+                                            {0x1DC0, 0x1DFF},
+                                            {0x20D0, 0x20FF},
+                                            {0xFE00, 0xFE0F},
+                                            {0xFE20, 0xFE2F},
+                                            {0xE0100, 0xE01EF}}};
+
+bool isLetterOrDigit(const Utf8Character& character, const Text& text) {
+    const bool isMark = std::ranges::any_of(commonMarks, [&](const Range& marks) {
+        return character.value >= marks.first && character.value <= marks.last;
+    });
+    return !isMark && !text.keepingAlphanumerics(character.bytes).empty();
 }
 
 /// The letters and digits of a title with single spaces between and around its words.
 std::string wordsOf(std::string_view title, const Text& text) {
     std::string words = " ";
-    while (!title.empty()) {
-        const auto character = firstCharacter(title);
-        title.remove_prefix(character.size());
-        if (!text.keepingAlphanumerics(character).empty())
-            words += character;
+    for (const auto& character : charactersOf(title)) {
+        if (isLetterOrDigit(character, text))
+            words += character.bytes;
         else if (!words.ends_with(' '))
             words += ' ';
     }
