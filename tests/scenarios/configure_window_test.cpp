@@ -66,5 +66,75 @@ TEST(ConfigureWindow, needsNoMouse) {
     EXPECT_FALSE(isStoredAsHidden(mac, wifi));
 }
 
+TEST(ConfigureWindow, offersNoMoveForWhatMacOSKeepsInPlace) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    openConfigure(mac);
+    EXPECT_TRUE(showsPart(mac, "Hide Sound"));
+    for (const auto* fixed : {"Clock", "Control Center"}) {
+        EXPECT_TRUE(mac.shows(fixed)) << fixed;
+        EXPECT_FALSE(showsPart(mac, std::string("Hide ") + fixed)) << fixed;
+    }
+}
+
+TEST(ConfigureWindow, aRightClickOnTheControlLeavesTheWholeBarThere) {
+    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})));
+    mac.wait(3);
+    openConfigure(mac);
+    ASSERT_FALSE(isCollapsed(mac));
+    mac.rightClickItem(tavrinBundle);
+    mac.wait(1);
+    EXPECT_TRUE(mac.shows("Hide Configured Items")) << "the menu tells of the bar that is there";
+    EXPECT_FALSE(isCollapsed(mac));
+    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.wait(1);
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+    EXPECT_FALSE(isCollapsed(mac));
+    EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "true");
+}
+
+TEST(ConfigureWindow, openedAgainWhileItClosesStillRestoresTheCollapsedBar) {
+    const auto collapsed = setUp({}, {{"Skerrow.shouldStartCollapsed", true}});
+    for (const double pause : {0.02, 0.07}) {
+        TavrinMac mac(trustedMac("classic-display", collapsed));
+        mac.wait(3);
+        openConfigure(mac);
+        mac.done({{"do", "key"}, {"key", "escape"}});
+        mac.wait(pause);
+        mac.done({{"do", "start"}}); // asks for the window again before the bar has been restored
+        mac.wait(1);
+        EXPECT_TRUE(mac.shows("Menu Bar Items"));
+        mac.done({{"do", "key"}, {"key", "escape"}});
+        mac.wait(1);
+        EXPECT_TRUE(isCollapsed(mac)) << pause;
+    }
+}
+
+TEST(ConfigureWindow, cannotRefreshWhileItemsAreBeingPlaced) {
+    TavrinMac mac(controlInMidBar({wifi, sound}));
+    mac.wait(2);
+    apply(mac);
+    mac.wait(0.5);
+    ASSERT_TRUE(mac.shows("Stop"));
+    EXPECT_EQ(mac.find("Refresh menu bar items").at(0).value("enabled", true), false);
+    waitForApply(mac);
+}
+
+TEST(ConfigureWindow, aRefreshDuringAScanScansOnceMore) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    openConfigure(mac);
+    mac.set("latency", {{"com.sample.sensors", 0.3}});
+    mac.press("Refresh menu bar items");
+    mac.wait(0.1);
+    mac.set("launch", {{"bundleIdentifier", "org.example.late"},
+                       {"name", "Late"},
+                       {"policy", "accessory"},
+                       {"statusItems", {{{"title", "Late"}, {"width", 40}, {"opens", "nothing"}}}}});
+    mac.press("Refresh menu bar items");
+    mac.wait(5);
+    EXPECT_TRUE(showsPart(mac, "Hide Late"));
+}
+
 } // namespace
 } // namespace mac_model

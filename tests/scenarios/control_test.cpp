@@ -126,5 +126,30 @@ TEST(FirstRunHint, isOwedUntilClosedOnce) {
     EXPECT_TRUE(mac.shows(hint));
 }
 
+TEST(Control, theCheckBoxForUpdatesInTheSettingsTicks) {
+    auto options = trustedMac("classic-display", setUp());
+    options.changes["updater"] = "manual";
+    TavrinMac mac(options);
+    mac.wait(2);
+    mac.rightClickItem(tavrinBundle);
+    mac.press("Settings…");
+    mac.wait(1);
+    for (const bool isTicked : {true, false}) {
+        mac.press("Automatically update Tavrin");
+        mac.wait(0.1);
+        EXPECT_EQ(mac.find("Automatically update Tavrin").at(0).value("checked", false), isTicked);
+        EXPECT_EQ(mac.mac().updater()->checksAutomatically(), isTicked);
+    }
+}
+
+TEST(FirstRunHint, aRightClickSettlesOneThatIsOwed) {
+    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.pendingFirstRunHint", true}})));
+    mac.wait(3);
+    ASSERT_FALSE(mac.shows(hint)) << "nothing is hidden yet";
+    mac.rightClickItem(tavrinBundle);
+    EXPECT_FALSE(menuTexts(mac).empty());
+    EXPECT_EQ(storedText(mac, "Skerrow.pendingFirstRunHint"), "false");
+}
+
 } // namespace
 } // namespace mac_model

@@ -1,4 +1,4 @@
-#include "scenarios/acts.h"
+#include "scenarios/applying_acts.h"
 
 #include <gtest/gtest.h>
 
@@ -205,6 +205,43 @@ TEST(Hiding, aControlThatMacOSTakesAwayBringsTheFullBarBack) {
     clickControl(mac);
     mac.wait(3);
     EXPECT_TRUE(isCollapsed(mac));
+}
+
+TEST(Hiding, aChangeOfTheDisplaysLooksAfterTheControlAgain) {
+    TavrinMac mac(trustedMac("two-displays", setUp()));
+    mac.wait(2);
+    clickControl(mac);
+    mac.wait(3);
+    ASSERT_TRUE(isCollapsed(mac));
+    mac.set("dropsOwnersOfLongItems", true);
+    mac.set("screens", json::array({{{"frame", {0, 0, 1512, 982}}}}));
+    mac.wait(3);
+    EXPECT_FALSE(isCollapsed(mac));
+    EXPECT_TRUE(showsPart(mac, "macOS removed Tavrin’s own control while hiding items"));
+}
+
+TEST(Hiding, aControlThatIsGoneForAMomentOnlyIsLeftHidden) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    mac.set("dropsOwnersOfLongItems", true);
+    clickControl(mac);
+    mac.wait(0.7);
+    mac.set("dropsOwnersOfLongItems", false);
+    mac.wait(3);
+    EXPECT_TRUE(isCollapsed(mac)) << "the second look finds it";
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+}
+
+TEST(Hiding, accessThatEndsDuringTheScanRefusesTheHide) {
+    TavrinMac mac(trustedMac("classic-display", setUp()));
+    mac.wait(2);
+    mac.set("latency", {{"com.sample.sensors", 0.3}});
+    clickControl(mac);
+    mac.wait(0.15);
+    mac.set("trusted", false);
+    mac.wait(3);
+    EXPECT_TRUE(mac.shows(needsScan));
+    EXPECT_FALSE(isCollapsed(mac));
 }
 
 } // namespace
