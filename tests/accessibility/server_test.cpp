@@ -74,7 +74,7 @@ class AccessibilityServerTest : public MacTest {
     }
 };
 
-TEST_F(AccessibilityServerTest, TreeLeadsThroughGroupsToItemsMenusAndBack) {
+TEST_F(AccessibilityServerTest, treeLeadsThroughGroupsToItemsMenusAndBack) {
     bootAndStart(talkative());
     const auto extras = elementAt(application(501), "AXExtrasMenuBar");
     EXPECT_EQ(children(extras).size(), 1U) << "the other item is in no tree";
@@ -104,7 +104,7 @@ TEST_F(AccessibilityServerTest, TreeLeadsThroughGroupsToItemsMenusAndBack) {
         Error::AttributeUnsupported);
 }
 
-TEST_F(AccessibilityServerTest, ErrorsFollowTheUncertainAnswers) {
+TEST_F(AccessibilityServerTest, errorsFollowTheUncertainAnswers) {
     for (const bool isOther : {false, true}) {
         auto desktop = talkative();
         if (isOther) desktop.model.emptyExtras = EmptyExtras::Unsupported;
@@ -129,7 +129,7 @@ TEST_F(AccessibilityServerTest, ErrorsFollowTheUncertainAnswers) {
     }
 }
 
-TEST_F(AccessibilityServerTest, MessagesCostTheReceiversTimeAndTheReferencesTimeout) {
+TEST_F(AccessibilityServerTest, messagesCostTheReceiversTimeAndTheReferencesTimeout) {
     bootAndStart(talkative());
     const auto hasty = application(501);
     ax().setMessagingTimeout(hasty, Seconds{0.5});
@@ -153,7 +153,7 @@ TEST_F(AccessibilityServerTest, MessagesCostTheReceiversTimeAndTheReferencesTime
     EXPECT_EQ(failure(501, "AXRole"), Error::InvalidElement);
 }
 
-TEST_F(AccessibilityServerTest, ClosingAMenuEndsItsElementsLife) {
+TEST_F(AccessibilityServerTest, closingAMenuEndsItsElementsLife) {
     bootAndStart(talkative());
     const auto item = firstDown(elementAt(application(501), "AXExtrasMenuBar"), 3);
     const auto menu = firstDown(item, 1);
@@ -166,7 +166,7 @@ TEST_F(AccessibilityServerTest, ClosingAMenuEndsItsElementsLife) {
     EXPECT_NE(firstDown(item, 1), menu);
 }
 
-TEST_F(AccessibilityServerTest, ActionsReachTheScreenWhenTheyCan) {
+TEST_F(AccessibilityServerTest, actionsReachTheScreenWhenTheyCan) {
     bootAndStart(talkative());
     const auto isOpen = [&](int process) { return mac->statusItems().itemsOf(process).front()->isOpen; };
     const auto item = firstDown(elementAt(application(501), "AXExtrasMenuBar"), 3);
@@ -185,7 +185,7 @@ TEST_F(AccessibilityServerTest, ActionsReachTheScreenWhenTheyCan) {
     EXPECT_EQ(chosen.front().path, std::vector<std::string>{"Sync Now"});
 }
 
-TEST_F(AccessibilityServerTest, TrustMayLagBehindItsNotice) {
+TEST_F(AccessibilityServerTest, trustMayLagBehindItsNotice) {
     for (const auto notice : {PermissionNotice::Prompt, PermissionNotice::Stale}) {
         auto desktop = talkative();
         desktop.accessibilityTrusted = false;

@@ -15,7 +15,7 @@ std::vector<std::byte> bytesOf(std::string_view text) {
 
 } // namespace
 
-TEST(Base64, IsThatOfTheStandard) {
+TEST(Base64, isThatOfTheStandard) {
     const std::pair<std::string_view, std::string_view> cases[] = {{"", ""},
                                                                    {"f", "Zg=="},
                                                                    {"fo", "Zm8="},
@@ -29,7 +29,7 @@ TEST(Base64, IsThatOfTheStandard) {
     }
 }
 
-TEST(Base64, AnythingElseIsRefused) {
+TEST(Base64, anythingElseIsRefused) {
     for (const auto* text :
          {"Z", "Zg", "Zg=", "Zg===", "====", "Zg==Zg==", "Zm9v\n", "Zm_v", "Zm9\xC3", "=Zm9"})
         EXPECT_FALSE(bytesFromBase64(text)) << text;

@@ -6,7 +6,7 @@
 
 namespace tavrin {
 
-TEST(OwnerGate, WorkIsDroppedWithItsOwner) {
+TEST(OwnerGate, workIsDroppedWithItsOwner) {
     int ran = 0;
     std::optional<OwnerGate> gate(std::in_place);
     const auto pass = gate->pass();
@@ -25,7 +25,7 @@ TEST(OwnerGate, WorkIsDroppedWithItsOwner) {
     EXPECT_EQ(ran, 2);
 }
 
-TEST(OwnerGate, FollowsAnOwnerThatMoves) {
+TEST(OwnerGate, followsAnOwnerThatMoves) {
     OwnerGate first;
     const auto pass = first.pass();
     {

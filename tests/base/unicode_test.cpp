@@ -29,7 +29,7 @@ std::string asTheJsonLibraryReadsIt(const std::string& bytes) {
 
 } // namespace
 
-TEST(Unicode, TextComesBackWithReplacementsForWhatIsNoCharacter) {
+TEST(Unicode, textComesBackWithReplacementsForWhatIsNoCharacter) {
     const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {allLengths, allLengths},
@@ -58,7 +58,7 @@ TEST(Unicode, TextComesBackWithReplacementsForWhatIsNoCharacter) {
     }
 }
 
-TEST(Unicode, TheLibrariesOfTheModelledMacGiveTheSameAnswer) {
+TEST(Unicode, theLibrariesOfTheModelledMacGiveTheSameAnswer) {
     const std::string_view likely = "a\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC2\xE0\xE2\xED\xF0\xF4\xF5\xFF";
     std::mt19937 draw(20);
     for (int run = 0; run < 3000; ++run) {
@@ -69,7 +69,7 @@ TEST(Unicode, TheLibrariesOfTheModelledMacGiveTheSameAnswer) {
     }
 }
 
-TEST(Unicode, CharactersKnowTheirBytes) {
+TEST(Unicode, charactersKnowTheirBytes) {
     const std::string text = allLengths + "\xE2\x82" + "z\xFF";
     std::string together;
     for (const auto& character : charactersOf(text)) together += character.bytes;
@@ -82,7 +82,7 @@ TEST(Unicode, CharactersKnowTheirBytes) {
     EXPECT_FALSE(charactersOf("\uFFFD").front().isBroken); // a replacement that somebody else has made
 }
 
-TEST(Unicode, TheFrontOfATextPartsNoCharacter) {
+TEST(Unicode, theFrontOfATextPartsNoCharacter) {
     EXPECT_EQ(frontWithin(0, "é"), "");
     EXPECT_EQ(frontWithin(1, "é"), "");
     EXPECT_EQ(frontWithin(4, "aé€z"), "aé");
@@ -91,7 +91,7 @@ TEST(Unicode, TheFrontOfATextPartsNoCharacter) {
     EXPECT_EQ(frontWithin(2, "\x80\x80\x80"), "\x80\x80");
 }
 
-TEST(Unicode, SurrogatesPair) {
+TEST(Unicode, surrogatesPair) {
     using Units = std::vector<std::uint16_t>;
     EXPECT_EQ(utf16From("é😀"), (Units{0xE9, 0xD83D, 0xDE00}));
     EXPECT_EQ(utf8From(Units{0xDE00, 'a', 0xD83D}), "\uFFFDa\uFFFD");

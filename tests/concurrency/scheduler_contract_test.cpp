@@ -11,7 +11,7 @@ template <class S>
 using SchedulerContract = SchedulerFixture<S>;
 TYPED_TEST_SUITE(SchedulerContract, Schedulers);
 
-TYPED_TEST(SchedulerContract, MainWorkRunsByDueTimeThenByPosting) {
+TYPED_TEST(SchedulerContract, mainWorkRunsByDueTimeThenByPosting) {
     auto& scheduler = this->scheduler;
     const auto tell = [&](std::string line) { return [this, line] { this->trace.add(line); }; };
     scheduler.callAfter(3ms, tell("late"));
@@ -25,7 +25,7 @@ TYPED_TEST(SchedulerContract, MainWorkRunsByDueTimeThenByPosting) {
     EXPECT_EQ(this->trace.lines(), (Lines{"first", "second", "third", "early", "late"}));
 }
 
-TYPED_TEST(SchedulerContract, RepeatingTimerKeepsItsStateAndMayCancelItself) {
+TYPED_TEST(SchedulerContract, repeatingTimerKeepsItsStateAndMayCancelItself) {
     auto& scheduler = this->scheduler;
     auto timer = TimerIdentifier::None;
     auto token = std::make_shared<int>(0);
@@ -42,7 +42,7 @@ TYPED_TEST(SchedulerContract, RepeatingTimerKeepsItsStateAndMayCancelItself) {
     scheduler.cancelTimer(TimerIdentifier::None);
 }
 
-TYPED_TEST(SchedulerContract, DroppedTimersMayCancelEachOther) {
+TYPED_TEST(SchedulerContract, droppedTimersMayCancelEachOther) {
     auto& scheduler = this->scheduler;
     auto first = TimerIdentifier::None;
     auto second = TimerIdentifier::None;
@@ -60,7 +60,7 @@ TYPED_TEST(SchedulerContract, DroppedTimersMayCancelEachOther) {
     EXPECT_EQ(this->trace.lines(), Lines{});
 }
 
-TYPED_TEST(SchedulerContract, QueueRunsOnePieceAfterTheOtherOffTheMainThread) {
+TYPED_TEST(SchedulerContract, queueRunsOnePieceAfterTheOtherOffTheMainThread) {
     auto& scheduler = this->scheduler;
     const auto queue = scheduler.makeSerialQueue("org.example.queue");
     EXPECT_EQ(queue->label(), "org.example.queue");
@@ -77,7 +77,7 @@ TYPED_TEST(SchedulerContract, QueueRunsOnePieceAfterTheOtherOffTheMainThread) {
     EXPECT_EQ(this->trace.lines(), (Lines{"a", "a", "b", "b", "c", "c", "main"}));
 }
 
-TYPED_TEST(SchedulerContract, DyingQueueDropsWhatHasNotBegunAndFinishesWhatHas) {
+TYPED_TEST(SchedulerContract, dyingQueueDropsWhatHasNotBegunAndFinishesWhatHas) {
     auto& scheduler = this->scheduler;
     auto queue = scheduler.makeSerialQueue("org.example.dying");
     auto& dying = *queue;
@@ -99,7 +99,7 @@ TYPED_TEST(SchedulerContract, DyingQueueDropsWhatHasNotBegunAndFinishesWhatHas) 
     EXPECT_EQ(this->trace.lines(), (Lines{"finished", "gone"}));
 }
 
-TYPED_TEST(SchedulerContract, ConcurrentPerformRunsEachShareOnceWhateverTheyThrow) {
+TYPED_TEST(SchedulerContract, concurrentPerformRunsEachShareOnceWhateverTheyThrow) {
     auto& scheduler = this->scheduler;
     const auto queue = scheduler.makeSerialQueue("org.example.caller");
     std::multiset<std::size_t> shares;
@@ -122,7 +122,7 @@ TYPED_TEST(SchedulerContract, ConcurrentPerformRunsEachShareOnceWhateverTheyThro
     EXPECT_EQ(this->faults.lines(), Lines(20, "even"));
 }
 
-TYPED_TEST(SchedulerContract, ExceptionsOfWorkAreReported) {
+TYPED_TEST(SchedulerContract, exceptionsOfWorkAreReported) {
     auto& scheduler = this->scheduler;
     const auto queue = scheduler.makeSerialQueue("org.example.faults");
     scheduler.post([] { throw std::runtime_error("posted"); });
@@ -134,7 +134,7 @@ TYPED_TEST(SchedulerContract, ExceptionsOfWorkAreReported) {
     EXPECT_EQ(this->trace.lines(), Lines{"goes on"});
 }
 
-TYPED_TEST(SchedulerContract, DyingSchedulerDropsWorkThatPostsAsItGoes) {
+TYPED_TEST(SchedulerContract, dyingSchedulerDropsWorkThatPostsAsItGoes) {
     auto owner = std::make_unique<TypeParam>();
     auto& dying = *owner;
     auto departure = std::make_shared<Departure>([&] {
@@ -147,7 +147,7 @@ TYPED_TEST(SchedulerContract, DyingSchedulerDropsWorkThatPostsAsItGoes) {
     EXPECT_EQ(this->trace.lines(), Lines{"dropped"});
 }
 
-TEST(ThreadScheduler, StopsFromAnyThreadAndForgetsNoStop) {
+TEST(ThreadScheduler, stopsFromAnyThreadAndForgetsNoStop) {
     ThreadScheduler scheduler;
     const auto queue = scheduler.makeSerialQueue("org.example.stopping");
     int ran = 0;
@@ -168,7 +168,7 @@ TEST(ThreadScheduler, StopsFromAnyThreadAndForgetsNoStop) {
     EXPECT_EQ(ran, 2);
 }
 
-TEST(ThreadScheduler, SettlesInSpiteOfRepeatingTimersButNotOfBusyQueues) {
+TEST(ThreadScheduler, settlesInSpiteOfRepeatingTimersButNotOfBusyQueues) {
     ThreadScheduler scheduler;
     scheduler.callEvery(1h, [] {});
     EXPECT_TRUE(scheduler.settle(1h));

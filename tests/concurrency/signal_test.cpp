@@ -8,7 +8,7 @@
 namespace tavrin {
 namespace {
 
-TEST(PublishedSignal, HandlersMaySubscribeAndUnsubscribeAnyone) {
+TEST(PublishedSignal, handlersMaySubscribeAndUnsubscribeAnyone) {
     Signal<std::string> signal;
     std::string heard;
     Subscription own;
@@ -28,7 +28,7 @@ TEST(PublishedSignal, HandlersMaySubscribeAndUnsubscribeAnyone) {
     EXPECT_FALSE(own);
 }
 
-TEST(PublishedSignal, HandlersKeepTheirState) {
+TEST(PublishedSignal, handlersKeepTheirState) {
     Signal<> signal;
     int last = 0;
     const auto subscription = signal.subscribe([&last, count = 0]() mutable { last = ++count; });
@@ -37,7 +37,7 @@ TEST(PublishedSignal, HandlersKeepTheirState) {
     EXPECT_EQ(last, 2);
 }
 
-TEST(PublishedSignal, DestroyedInAHandlerItCallsNobodyElse) {
+TEST(PublishedSignal, destroyedInAHandlerItCallsNobodyElse) {
     auto published = std::make_unique<Published<std::string>>("old");
     std::string heard;
     const auto first = published->subscribe([&](const std::string& value) {
@@ -51,7 +51,7 @@ TEST(PublishedSignal, DestroyedInAHandlerItCallsNobodyElse) {
     second.cancel();
 }
 
-TEST(PublishedSignal, OnlyChangesAreTold) {
+TEST(PublishedSignal, onlyChangesAreTold) {
     Published<int> published(1);
     std::vector<int> heard;
     auto subscription = published.subscribe([&](int value) { heard.push_back(value); });
@@ -61,7 +61,7 @@ TEST(PublishedSignal, OnlyChangesAreTold) {
     EXPECT_EQ(heard, (std::vector{2, 1}));
 }
 
-TEST(PublishedSignal, ValueSetInAHandlerSupersedesTheOneBeingTold) {
+TEST(PublishedSignal, valueSetInAHandlerSupersedesTheOneBeingTold) {
     Published<int> published(0);
     std::vector<int> heard;
     const auto correcting = published.subscribe([&](int value) {

@@ -60,7 +60,7 @@ Task<> telling(Trace* trace, std::function<Task<bool>()> wait) {
     if (!isCutShortAgain || !isAware) trace->add("not cancelled");
 }
 
-TYPED_TEST(TaskContract, EveryWaitEndsInsideTheDeathOfItsOwner) {
+TYPED_TEST(TaskContract, everyWaitEndsInsideTheDeathOfItsOwner) {
     auto awaited = start(this->scheduler, sleepForever());
 
     struct Case {
@@ -96,7 +96,7 @@ TYPED_TEST(TaskContract, EveryWaitEndsInsideTheDeathOfItsOwner) {
               (Lines{"abandoned", "abandoned", "late result dropped", "late result dropped"}));
 }
 
-TYPED_TEST(TaskContract, CancelledBeforeItBeginsItNeverDoes) {
+TYPED_TEST(TaskContract, cancelledBeforeItBeginsItNeverDoes) {
     const auto owning = [](Trace* trace, Departure) -> Task<> {
         trace->add("begun");
         co_return;
@@ -118,7 +118,7 @@ Task<> restart(Job<>* own, Scheduler* scheduler, Trace* trace) {
     if (isAware && wake == Wake::CutShort) trace->add("old goes on, cancelled");
 }
 
-TYPED_TEST(TaskContract, ReplacedWhileItWaitsOrRuns) {
+TYPED_TEST(TaskContract, replacedWhileItWaitsOrRuns) {
     auto job = start(this->scheduler, telling(&this->trace, cutShortSleeping));
     this->turn();
     job = start(this->scheduler, restart(&job, &this->scheduler, &this->trace));
@@ -132,7 +132,7 @@ TYPED_TEST(TaskContract, ReplacedWhileItWaitsOrRuns) {
                                           "old gone", "cut short", "tidied up"}));
 }
 
-TYPED_TEST(TaskContract, JobMayDestroyItsOwner) {
+TYPED_TEST(TaskContract, jobMayDestroyItsOwner) {
     using Owner = std::unique_ptr<Job<>>;
     const auto destroying = [](Owner* owner, Trace* trace) -> Task<> {
         (void)co_await sleepFor(1ms);
@@ -147,7 +147,7 @@ TYPED_TEST(TaskContract, JobMayDestroyItsOwner) {
     EXPECT_EQ(this->scheduler.tasksAlive(), 0U);
 }
 
-TYPED_TEST(TaskContract, DyingQueueEndsTheWaitForWorkItDrops) {
+TYPED_TEST(TaskContract, dyingQueueEndsTheWaitForWorkItDrops) {
     std::atomic<bool> isDropped = false;
     auto departure = std::make_shared<Departure>([&] { isDropped = true; });
     this->queue->post([&] {
@@ -163,7 +163,7 @@ TYPED_TEST(TaskContract, DyingQueueEndsTheWaitForWorkItDrops) {
     EXPECT_FALSE(job.isRunning());
 }
 
-TYPED_TEST(TaskContract, ExceptionsStayInTheirJob) {
+TYPED_TEST(TaskContract, exceptionsStayInTheirJob) {
     const auto throwing = [](std::string what) -> Task<int> {
         (void)co_await sleepFor(1ms);
         throw std::runtime_error(what);
@@ -202,7 +202,7 @@ Task<std::string> answer(Seconds delay) {
     co_return wake == Wake::Due ? "answer" : "tidied up";
 }
 
-TYPED_TEST(TaskContract, SeveralAwaitOneResult) {
+TYPED_TEST(TaskContract, severalAwaitOneResult) {
     auto& scheduler = this->scheduler;
     auto awaited = start(scheduler, answer(2ms));
     auto first = start(scheduler, await(&this->trace, "first", &awaited));
@@ -220,7 +220,7 @@ TYPED_TEST(TaskContract, SeveralAwaitOneResult) {
               (Lines{"second: none", "first: answer", "third: answer", "late: answer", "of nothing: none"}));
 }
 
-TYPED_TEST(TaskContract, WaitersOfACancelledJobGoOnInATurnOfTheirOwn) {
+TYPED_TEST(TaskContract, waitersOfACancelledJobGoOnInATurnOfTheirOwn) {
     auto awaited = start(this->scheduler, answer(1h));
     auto waiter = start(this->scheduler, await(&this->trace, "waiter", &awaited));
     auto other = start(this->scheduler, await(&this->trace, "other", &awaited));
@@ -232,7 +232,7 @@ TYPED_TEST(TaskContract, WaitersOfACancelledJobGoOnInATurnOfTheirOwn) {
     EXPECT_EQ(this->trace.lines(), (Lines{"cancelled", "other: none", "waiter: none"}));
 }
 
-TYPED_TEST(TaskContract, ManyWaitsThatDoNotSuspendNeedNoStack) {
+TYPED_TEST(TaskContract, manyWaitsThatDoNotSuspendNeedNoStack) {
     const auto child = []() -> Task<int> { co_return 1; };
     const auto looping = [](auto makeChild, Trace* trace) -> Task<> {
         int sum = 0;

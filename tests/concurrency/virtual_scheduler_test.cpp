@@ -19,7 +19,7 @@ class VirtualSchedulerTest : public SchedulerFixture<VirtualScheduler> {
     }
 };
 
-TEST_F(VirtualSchedulerTest, TimeMovesOnlyAsFarAsItIsTold) {
+TEST_F(VirtualSchedulerTest, timeMovesOnlyAsFarAsItIsTold) {
     scheduler.callAfter(10ms, telling("due"));
     scheduler.callAfter(11ms, telling("not due"));
     scheduler.callAfter(-1s, telling("overdue"));
@@ -32,7 +32,7 @@ TEST_F(VirtualSchedulerTest, TimeMovesOnlyAsFarAsItIsTold) {
     EXPECT_FALSE(scheduler.nextDue());
 }
 
-TEST_F(VirtualSchedulerTest, QueueThatSpendsTimeInterleavesWithTheMainThread) {
+TEST_F(VirtualSchedulerTest, queueThatSpendsTimeInterleavesWithTheMainThread) {
     const auto queue = scheduler.makeSerialQueue("org.example.slow");
     const auto other = scheduler.makeSerialQueue("org.example.other");
     queue->post([this] {
@@ -49,7 +49,7 @@ TEST_F(VirtualSchedulerTest, QueueThatSpendsTimeInterleavesWithTheMainThread) {
                                     "ended@5", "next@5"}));
 }
 
-TEST_F(VirtualSchedulerTest, BlockedMainThreadStopsNeitherTheWorldNorTheQueues) {
+TEST_F(VirtualSchedulerTest, blockedMainThreadStopsNeitherTheWorldNorTheQueues) {
     const auto queue = scheduler.makeSerialQueue("org.example.going");
     scheduler.callAfter(1ms, telling("main"));
     const auto world = scheduler.callInWorldAfter(2ms, [this] {
@@ -69,7 +69,7 @@ TEST_F(VirtualSchedulerTest, BlockedMainThreadStopsNeitherTheWorldNorTheQueues) 
     EXPECT_EQ(trace.lines(), (Lines{"world@2", "queue@3", "main@10", "from the queue@10"}));
 }
 
-TEST_F(VirtualSchedulerTest, ConcurrentPerformTakesAsLongAsItsLongestLane) {
+TEST_F(VirtualSchedulerTest, concurrentPerformTakesAsLongAsItsLongestLane) {
     const auto queue = scheduler.makeSerialQueue("org.example.wide");
     queue->post([this] {
         scheduler.concurrentPerform(8, [this](std::size_t share) { scheduler.spend(share * Seconds(1ms)); });
@@ -86,7 +86,7 @@ TEST_F(VirtualSchedulerTest, ConcurrentPerformTakesAsLongAsItsLongestLane) {
     EXPECT_EQ(trace.lines(), (Lines{"main@3", "eight@7", "nine@27", "nested@30"}));
 }
 
-TEST_F(VirtualSchedulerTest, SettlesUnlessSomethingLastsLongerThanTheLimit) {
+TEST_F(VirtualSchedulerTest, settlesUnlessSomethingLastsLongerThanTheLimit) {
     const auto repeating = scheduler.callEvery(1s, telling("tick"));
     scheduler.callAfter(2500ms, telling("last"));
     EXPECT_TRUE(scheduler.settle(30s));
@@ -102,7 +102,7 @@ TEST_F(VirtualSchedulerTest, SettlesUnlessSomethingLastsLongerThanTheLimit) {
     EXPECT_EQ(trace.lines().size(), 3U);
 }
 
-TEST_F(VirtualSchedulerTest, DyingQueueFinishesItsPieceWithoutTimePassing) {
+TEST_F(VirtualSchedulerTest, dyingQueueFinishesItsPieceWithoutTimePassing) {
     auto queue = scheduler.makeSerialQueue("org.example.dying");
     queue->post([this] {
         scheduler.concurrentPerform(10, [this](std::size_t share) {
@@ -204,7 +204,7 @@ class RandomProgram {
     std::array<Job<>, 3> jobs_;
 };
 
-TEST(VirtualSchedulerRuns, AreAlikeToTheLastEventForOneSeed) {
+TEST(VirtualSchedulerRuns, areAlikeToTheLastEventForOneSeed) {
     for (const unsigned seed : {1U, 2U, 3U}) {
         const auto lines = RandomProgram(seed).lines();
         EXPECT_GT(lines.size(), 400U) << "seed " << seed;

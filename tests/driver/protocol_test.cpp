@@ -15,7 +15,7 @@ bool has(const std::string& text, std::string_view part) { return text.find(part
 
 } // namespace
 
-TEST(Protocol, RefusesBadLinesAndGoesOn) {
+TEST(Protocol, refusesBadLinesAndGoesOn) {
     TavrinMac mac;
 
     struct Case {
@@ -76,7 +76,7 @@ TEST(Protocol, RefusesBadLinesAndGoesOn) {
     EXPECT_TRUE(mac.look()["surfaces"].size() == 1) << "a refused menu stays open";
 }
 
-TEST(Protocol, SetChangesAllOrNothing) {
+TEST(Protocol, setChangesAllOrNothing) {
     TavrinMac mac;
     const auto before = mac.look();
     const std::vector<json> refused{
@@ -105,7 +105,7 @@ TEST(Protocol, SetChangesAllOrNothing) {
     EXPECT_TRUE(mac.itemsOf("org.example.notes").empty());
 }
 
-TEST(Protocol, PressFindsOneControl) {
+TEST(Protocol, pressFindsOneControl) {
     TavrinMac mac;
     EXPECT_TRUE(has(mac.refused({{"do", "press"}, {"text", "Close the Moon"}}), "Open System Settings"));
     EXPECT_TRUE(
@@ -121,7 +121,7 @@ TEST(Protocol, PressFindsOneControl) {
     EXPECT_EQ(mac.surfacesOf("com.apple.controlcenter").size(), 1U);
 }
 
-TEST(Protocol, ExamplesOfTheDocumentationWork) {
+TEST(Protocol, examplesOfTheDocumentationWork) {
     std::ifstream file(std::string(TAVRIN_SOURCE_DIR) + "/docs/driving.md");
     std::ostringstream whole;
     whole << file.rdbuf();
@@ -149,7 +149,7 @@ TEST(Protocol, ExamplesOfTheDocumentationWork) {
         EXPECT_TRUE(has(whole.str(), "| `" + setting.get<std::string>())) << setting;
 }
 
-TEST(Protocol, PromptTakesShortForms) {
+TEST(Protocol, promptTakesShortForms) {
     const std::vector<std::pair<std::string, json>> forms{
         {"look", {{"do", "look"}}},
         {"  press Open System Settings ", {{"do", "press"}, {"text", "Open System Settings"}}},
@@ -168,7 +168,7 @@ TEST(Protocol, PromptTakesShortForms) {
         EXPECT_FALSE(parsePromptLine(line)) << line;
 }
 
-TEST(Protocol, OptionsNameOneMode) {
+TEST(Protocol, optionsNameOneMode) {
     using Arguments = std::vector<std::string_view>;
     const std::filesystem::path desktops = std::string(TAVRIN_SOURCE_DIR) + "/simulator/desktops";
     const Arguments good{"--stdio", "--desktop", "two-displays", "--profile", "p", "--seed", "7"};
@@ -182,7 +182,7 @@ TEST(Protocol, OptionsNameOneMode) {
         EXPECT_FALSE(parseSimulatorOptions(bad, desktops));
 }
 
-TEST(Protocol, TourEndsAtTheFirstOutcomeThatIsNotSeen) {
+TEST(Protocol, tourEndsAtTheFirstOutcomeThatIsNotSeen) {
     TavrinMac mac;
     const json wait{{"do", "wait"}, {"seconds", 1}};
     const auto expecting = [&](bool holds) {
@@ -196,7 +196,7 @@ TEST(Protocol, TourEndsAtTheFirstOutcomeThatIsNotSeen) {
     EXPECT_FALSE(has(out.str(), "4. Step"));
 }
 
-TEST(Protocol, MenuBarDrawingTellsWhatIsHidden) {
+TEST(Protocol, menuBarDrawingTellsWhatIsHidden) {
     TavrinMac mac;
     mac.finishOnboarding();
     const auto collapsed = drawMenuBar(mac.look());

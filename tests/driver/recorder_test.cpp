@@ -69,7 +69,7 @@ class Recorder : public ::testing::Test {
 
     std::size_t beeps() {
         std::size_t count = 0;
-        for (const auto& event : mac.done({{"do", "events"}})["events"]) count += event["type"] == "beep";
+        for (const auto& event : mac.events()["events"]) count += event["type"] == "beep";
         return count;
     }
 
@@ -80,7 +80,7 @@ class Recorder : public ::testing::Test {
 
 } // namespace
 
-TEST_F(Recorder, ShowsWhatItIsAbout) {
+TEST_F(Recorder, showsWhatItIsAbout) {
     EXPECT_EQ(title("First"), "Record Shortcut");
     shortcuts["First"] = HotKeyShortcut(49, tavrin::commandKeyFlag | tavrin::shiftKeyFlag);
     show({"First", "Second"});
@@ -95,7 +95,7 @@ TEST_F(Recorder, ShowsWhatItIsAbout) {
     EXPECT_EQ(title("First"), "⇧⌘Space");
 }
 
-TEST_F(Recorder, TakesAKeyWithControlOptionOrCommand) {
+TEST_F(Recorder, takesAKeyWithControlOptionOrCommand) {
     struct Case {
         std::string key;
         Modifiers modifiers;
@@ -130,7 +130,7 @@ TEST_F(Recorder, TakesAKeyWithControlOptionOrCommand) {
     EXPECT_FALSE(mac.surfacesOf(tavrinBundle).empty()) << "no key went on to the window";
 }
 
-TEST_F(Recorder, IsPressedByTheKeyboardToo) {
+TEST_F(Recorder, isPressedByTheKeyboardToo) {
     for (int i = 0; i < 3; ++i) key("tab");
     EXPECT_EQ(node("First")["focused"], true);
     key("space");
@@ -142,7 +142,7 @@ TEST_F(Recorder, IsPressedByTheKeyboardToo) {
     key("escape");
 }
 
-TEST_F(Recorder, EndsWhenSomethingElseGetsTheKeyboard) {
+TEST_F(Recorder, endsWhenSomethingElseGetsTheKeyboard) {
     const std::vector<std::pair<std::string, std::function<void()>>> ends{
         {"another recorder", [&] { mac.press("Second"); }},
         {"a view that takes the focus", [&] { mac.done({{"do", "click"}, {"text", "Row"}}); }},
@@ -177,7 +177,7 @@ TEST_F(Recorder, EndsWhenSomethingElseGetsTheKeyboard) {
     }
 }
 
-TEST_F(Recorder, AButtonThatTakesNoFocusLeavesItRecording) {
+TEST_F(Recorder, aButtonThatTakesNoFocusLeavesItRecording) {
     mac.press("First");
     mac.press("Plain");
     EXPECT_EQ(takeLog(), Log{"pressed"});
@@ -186,7 +186,7 @@ TEST_F(Recorder, AButtonThatTakesNoFocusLeavesItRecording) {
     EXPECT_EQ(takeLog(), Log{"First 40 4"});
 }
 
-TEST_F(Recorder, RecordsInAPanel) {
+TEST_F(Recorder, recordsInAPanel) {
     probe.window.reset();
     const auto panel = probe.platform->presentation.makePanel();
     panel->setContent(content({"First"}));
@@ -203,7 +203,7 @@ TEST_F(Recorder, RecordsInAPanel) {
     EXPECT_EQ(takeLog(), Log{"First cancelled"}) << "the panel has closed";
 }
 
-TEST_F(Recorder, DoesNotSeeWhatIsAHotKey) {
+TEST_F(Recorder, doesNotSeeWhatIsAHotKey) {
     const auto registered = probe.platform->hotKeys.registerHotKey(40, tavrin::carbonOptionKey, {1, 1});
     ASSERT_TRUE(registered);
     mac.press("First");
@@ -212,7 +212,7 @@ TEST_F(Recorder, DoesNotSeeWhatIsAHotKey) {
     EXPECT_EQ(title("First"), "Type shortcut…");
 }
 
-TEST_F(Recorder, IsOfTheLayout) {
+TEST_F(Recorder, isOfTheLayout) {
     mac.set("keyboardLayout", "french");
     mac.press("First");
     key("a", {"command"});

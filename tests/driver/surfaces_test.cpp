@@ -54,7 +54,7 @@ class Surfaces : public ::testing::Test {
 
 } // namespace
 
-TEST_F(Surfaces, PopoverClosesBeforeThePressOutsideActs) {
+TEST_F(Surfaces, popoverClosesBeforeThePressOutsideActs) {
     showPopover(PopoverBehavior::Transient);
     const auto popover = mac.surfacesOf(tavrinBundle).at(0);
     const auto item = mac.itemsOf(tavrinBundle).at(0)["frame"];
@@ -79,7 +79,7 @@ TEST_F(Surfaces, PopoverClosesBeforeThePressOutsideActs) {
     EXPECT_EQ(takeLog(), Log{"popover closed"});
 }
 
-TEST_F(Surfaces, PopoverStaysOnTheScreenAndWithItsItem) {
+TEST_F(Surfaces, popoverStaysOnTheScreenAndWithItsItem) {
     showPopover(PopoverBehavior::ApplicationDefined);
     const auto before = mac.surfacesOf(tavrinBundle).at(0);
     probe.popover->setContent(tavrin::row({tavrin::text("x")}, {.width = 4000}));
@@ -93,15 +93,15 @@ TEST_F(Surfaces, PopoverStaysOnTheScreenAndWithItsItem) {
     EXPECT_EQ(takeLog(), Log{"popover closed"});
 }
 
-TEST_F(Surfaces, NothingReachesAProgramThatIsGone) {
+TEST_F(Surfaces, nothingReachesAProgramThatIsGone) {
     openWindow();
     showPopover(PopoverBehavior::Transient);
-    mac.done({{"do", "crash"}});
+    mac.crash();
     mac.settle();
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
     EXPECT_EQ(takeLog(), Log{});
 
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.settle();
     showPopover(PopoverBehavior::Transient);
     probe.popover.reset(); // closes without telling
@@ -110,18 +110,18 @@ TEST_F(Surfaces, NothingReachesAProgramThatIsGone) {
     EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Surfaces, WindowTakesKeysAndCloses) {
+TEST_F(Surfaces, windowTakesKeysAndCloses) {
     openWindow();
     const auto window = mac.surfacesOf(tavrinBundle).at(0);
     EXPECT_TRUE(window["key"]);
     EXPECT_EQ(window["title"], "Probe Window");
-    mac.done({{"do", "key"}, {"key", "return"}});
+    mac.key("return");
     EXPECT_EQ(takeLog(), Log{"done"});
-    mac.done({{"do", "start"}});
+    mac.start();
     EXPECT_EQ(takeLog(), Log{"reopened with windows"});
     mac.done({{"do", "click"}, {"at", {20, 700}}}); // another application is active then
     EXPECT_FALSE(mac.surfacesOf(tavrinBundle).at(0)["key"]);
-    mac.done({{"do", "key"}, {"key", "return"}});
+    mac.key("return");
     EXPECT_EQ(takeLog(), Log{});
 
     const double x = window["frame"][0];
@@ -141,7 +141,7 @@ TEST_F(Surfaces, WindowTakesKeysAndCloses) {
     EXPECT_EQ(takeLog(), (Log{"window closed", "last window closed"}));
 }
 
-TEST_F(Surfaces, MenuOfTheProgramTracksUntilChosen) {
+TEST_F(Surfaces, menuOfTheProgramTracksUntilChosen) {
     popUpMenu();
     EXPECT_TRUE(mac.find("First").at(0)["checked"]);
     EXPECT_NE(mac.refused({{"do", "press"}, {"text", "Second"}}).find("disabled"), std::string::npos);
@@ -163,15 +163,15 @@ TEST_F(Surfaces, MenuOfTheProgramTracksUntilChosen) {
     EXPECT_EQ(takeLog(), (Log{"third", "first"}));
 }
 
-TEST_F(Surfaces, OtherApplicationsOpenTheirMenus) {
+TEST_F(Surfaces, otherApplicationsOpenTheirMenus) {
     mac.done({{"do", "menu"}, {"path", {"Finder", "About Finder"}}});
     mac.done({{"do", "menu"}, {"path", {"View", "Sort By", "Kind"}}});
     mac.done({{"do", "menu"}, {"path", {"Notes Agent", "Sync Now"}}});
-    const auto chosen = mac.done({{"do", "events"}})["chosen"];
+    const auto chosen = mac.events()["chosen"];
     ASSERT_EQ(chosen.size(), 3U);
     EXPECT_EQ(chosen[1]["path"], (json{"Sort By", "Kind"}));
     EXPECT_EQ(chosen[2]["owner"], "org.example.notes");
-    EXPECT_TRUE(mac.done({{"do", "events"}})["chosen"].empty());
+    EXPECT_TRUE(mac.events()["chosen"].empty());
 
     mac.clickItem("org.example.notes");
     EXPECT_TRUE(mac.itemsOf("org.example.notes").at(0)["open"]);
@@ -188,7 +188,7 @@ TEST_F(Surfaces, OtherApplicationsOpenTheirMenus) {
     EXPECT_NE(mac.look()["menus"][1]["title"], "Finder");
 }
 
-TEST_F(Surfaces, SystemSettingsGrantAndRevoke) {
+TEST_F(Surfaces, systemSettingsGrantAndRevoke) {
     auto& workspace = probe.platform->workspace;
     EXPECT_FALSE(workspace.openUrl("https://example.org"));
     EXPECT_TRUE(
@@ -206,7 +206,7 @@ TEST_F(Surfaces, SystemSettingsGrantAndRevoke) {
     EXPECT_TRUE(mac.mac().processes().withBundle("com.apple.systempreferences").empty());
 }
 
-TEST_F(Surfaces, PointerAndCursor) {
+TEST_F(Surfaces, pointerAndCursor) {
     mac.done({{"do", "move"}, {"at", {20, 500}}});
     EXPECT_EQ(probe.platform->events.pointerLocation(), (tavrin::Point{20, 500}));
     auto& cursor = mac.modelled().content().cursor;
@@ -214,7 +214,7 @@ TEST_F(Surfaces, PointerAndCursor) {
     cursor.hide(tavrin::Seconds{1});
     cursor.show(tavrin::Seconds{2});
     EXPECT_FALSE(mac.look()["pointer"]["visible"]);
-    EXPECT_EQ(mac.done({{"do", "events"}})["events"].size(), 3U);
+    EXPECT_EQ(mac.events()["events"].size(), 3U);
 }
 
 } // namespace mac_model

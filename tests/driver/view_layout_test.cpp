@@ -77,7 +77,7 @@ View randomView(std::mt19937& random, int depth) {
 
 } // namespace
 
-TEST(ViewLayout, KeepsRandomTreesInsideAndApart) {
+TEST(ViewLayout, keepsRandomTreesInsideAndApart) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         std::mt19937 random(seed);
         auto root = column({randomView(random, 4)}, {.padding = 10});
@@ -86,7 +86,7 @@ TEST(ViewLayout, KeepsRandomTreesInsideAndApart) {
     }
 }
 
-TEST(ViewLayout, WrapsTextToTheWidthThatIsOffered) {
+TEST(ViewLayout, wrapsTextToTheWidthThatIsOffered) {
     const auto wide = measured(text(sentence), 1000);
     const auto narrow = measured(text(sentence), 150);
     EXPECT_EQ(wide.height, lineHeightOf(TextStyle::Body));
@@ -109,7 +109,7 @@ TEST(ViewLayout, WrapsTextToTheWidthThatIsOffered) {
         EXPECT_EQ(wrapped(text, TextStyle::Body, 75), lines) << text;
 }
 
-TEST(ViewLayout, NarrowsTextBeforeControls) {
+TEST(ViewLayout, narrowsTextBeforeControls) {
     const auto laid =
         shown(row({text(sentence), button("Open System Settings", [] {})}, {.spacing = 8}), 320);
     const auto free = measured(button("Open System Settings", [] {}), 1000);
@@ -119,7 +119,7 @@ TEST(ViewLayout, NarrowsTextBeforeControls) {
     EXPECT_LE(laid.frame.width, 320);
 }
 
-TEST(ViewLayout, SharesRoomAndPlaces) {
+TEST(ViewLayout, sharesRoomAndPlaces) {
     const auto spread = laidOut(row({text("Name"), spacer(), checkbox("", false, nullptr)}, {.padding = 10}),
                                 {100, 50, 300, 40});
     EXPECT_EQ(spread.children[2].frame.maxX(), 390);
@@ -131,7 +131,7 @@ TEST(ViewLayout, SharesRoomAndPlaces) {
     EXPECT_NEAR(centred.children[1].frame.midX(), 100, 0.5);
 }
 
-TEST(ViewLayout, ScrollsWhatIsTooTall) {
+TEST(ViewLayout, scrollsWhatIsTooTall) {
     std::vector<View> rows;
     for (int i = 0; i < 40; ++i) rows.push_back(button("Row " + std::to_string(i), [] {}));
     const auto list = scroll(column(std::move(rows)), 200);

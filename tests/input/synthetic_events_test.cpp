@@ -144,7 +144,7 @@ TEST_F(SyntheticEvents, theFlagOnThePressMakesACommandDrag) {
 TEST_F(SyntheticEvents, areLoggedAndMoveThePointer) {
     const auto place = frameOf("org.b").middle();
     const auto number = nextNumber();
-    (void)mac_.done({{"do", "events"}});
+    (void)mac_.events();
     post(event(MouseEventType::LeftDown, place, number));
     EXPECT_EQ(heldButtons(), json({"left"}));
     EXPECT_EQ(events().pointerLocation(), place);
@@ -152,7 +152,7 @@ TEST_F(SyntheticEvents, areLoggedAndMoveThePointer) {
     post(event(MouseEventType::LeftUp, place, number));
     events().hideCursor();
     EXPECT_EQ(mac_.look()["pointer"]["visible"], false);
-    const auto logged = mac_.done({{"do", "events"}})["events"];
+    const auto logged = mac_.events()["events"];
     ASSERT_EQ(logged.size(), 3U);
     const auto expected = json{{"time", logged[0]["time"]}, {"type", "leftMouseDown"}, {"tap", "hid"},
                                {"at", {place.x, place.y}},  {"flags", 0x100000},       {"clickState", 1},
@@ -268,11 +268,11 @@ TEST_F(SyntheticEvents, meetFaults) {
 
 TEST_F(SyntheticEvents, needPermission) {
     mac_.set("trusted", false);
-    (void)mac_.done({{"do", "events"}});
+    (void)mac_.events();
     dragBy("org.b", 41);
     EXPECT_EQ(order(), "CBAT");
     EXPECT_EQ(events().pointerLocation(), home_);
-    EXPECT_TRUE(mac_.done({{"do", "events"}})["events"].empty());
+    EXPECT_TRUE(mac_.events()["events"].empty());
 }
 
 TEST_F(SyntheticEvents, leaveTheBarInOrderWhenADragEndsEarly) {
@@ -288,13 +288,13 @@ TEST_F(SyntheticEvents, leaveTheBarInOrderWhenADragEndsEarly) {
         Ending{"item's owner quits", [this] { mac_.set("quit", "org.b"); }},
         Ending{"program crashes", [this] {
                    events().hideCursor();
-                   mac_.done({{"do", "crash"}});
+                   mac_.crash();
                }}};
     for (const bool isByWindow : {false, true})
         for (const auto& [name, end] : endings) {
             if (mac_.itemsOf("org.b").empty()) mac_.set("launch", json::parse(desktop)["applications"][2]);
             mac_.set("screens", json::parse(desktop)["screens"]);
-            if (!probe_.platform) mac_.done({{"do", "start"}});
+            if (!probe_.platform) mac_.start();
             mac_.wait(1);
             const auto from = frameOf("org.b").middle();
             if (isByWindow) address("org.b", 502);

@@ -22,7 +22,7 @@ class StatusItemTableTest : public MacTest {
     }
 };
 
-TEST_F(StatusItemTableTest, ItemTakesTheStoredPlaceOfItsNameInEitherForm) {
+TEST_F(StatusItemTableTest, itemTakesTheStoredPlaceOfItsNameInEitherForm) {
     bootAndStart(withNeighbours());
     storePosition("Main_Item", 150);
     const auto main = makeItem("Main_Item", tavrin::squareStatusItemLength);
@@ -42,7 +42,7 @@ TEST_F(StatusItemTableTest, ItemTakesTheStoredPlaceOfItsNameInEitherForm) {
     EXPECT_EQ(makeItem("unknown", 10)->frame()->x, 1512 - 30 - 26 - 40 - 10);
 }
 
-TEST_F(StatusItemTableTest, LengthIsCappedAndShowsAfterTheBarWasArranged) {
+TEST_F(StatusItemTableTest, lengthIsCappedAndShowsAfterTheBarWasArranged) {
     bootAndStart(withNeighbours());
     storePosition("spacer", 150);
     const auto spacer = makeItem("spacer", 0);
@@ -64,7 +64,7 @@ TEST_F(StatusItemTableTest, LengthIsCappedAndShowsAfterTheBarWasArranged) {
     EXPECT_EQ(mac->arrangement().accessibilityFrame(*hidden), (tavrin::Rect{-1, 3, 40, 24}));
 }
 
-TEST_F(StatusItemTableTest, OwnerSeesItsItemUndrawnForAMomentAfterArranging) {
+TEST_F(StatusItemTableTest, ownerSeesItsItemUndrawnForAMomentAfterArranging) {
     bootAndStart(withNeighbours());
     const auto item = platform().statusItems.create(20);
     EXPECT_EQ(item->frame(), std::nullopt) << "no window yet";
@@ -75,7 +75,7 @@ TEST_F(StatusItemTableTest, OwnerSeesItsItemUndrawnForAMomentAfterArranging) {
     EXPECT_TRUE(item->isDrawn());
 }
 
-TEST_F(StatusItemTableTest, RemovalForgetsThePositionUnlessMacOSKeepsIt) {
+TEST_F(StatusItemTableTest, removalForgetsThePositionUnlessMacOSKeepsIt) {
     for (const auto removal : {Removal::ForgetsPosition, Removal::KeepsPosition}) {
         auto desktop = withNeighbours();
         desktop.model.removal = removal;
@@ -100,7 +100,7 @@ TEST_F(StatusItemTableTest, RemovalForgetsThePositionUnlessMacOSKeepsIt) {
     }
 }
 
-TEST_F(StatusItemTableTest, PressReachesTheProgramWhenItsLoopTurns) {
+TEST_F(StatusItemTableTest, pressReachesTheProgramWhenItsLoopTurns) {
     bootAndStart(withNeighbours());
     const auto item = makeItem("x", 20);
     int presses = 0;
@@ -116,7 +116,7 @@ TEST_F(StatusItemTableTest, PressReachesTheProgramWhenItsLoopTurns) {
     EXPECT_FALSE(mac->statusItems().press(mac->arrangement().itemAt({1500, 0})->identifier, {}));
 }
 
-TEST_F(StatusItemTableTest, BehindTheNotchLastsUntilTheItemIsMadeAnewOrForGood) {
+TEST_F(StatusItemTableTest, behindTheNotchLastsUntilTheItemIsMadeAnewOrForGood) {
     auto desktop = withNeighbours();
     desktop.screens[0].leftMenuBarArea = tavrin::Rect{0, 0, 663, 38};
     desktop.screens[0].rightMenuBarArea = tavrin::Rect{849, 0, 663, 38};
@@ -133,7 +133,7 @@ TEST_F(StatusItemTableTest, BehindTheNotchLastsUntilTheItemIsMadeAnewOrForGood) 
     EXPECT_FALSE(mac->statusItems().setBehindNotch("org.example.none", BehindNotch::AllItems));
 }
 
-TEST_F(StatusItemTableTest, ScreensMayVanishWhileTheyAreRearranged) {
+TEST_F(StatusItemTableTest, screensMayVanishWhileTheyAreRearranged) {
     bootAndStart(withNeighbours());
     const auto item = makeItem("x", 20);
     std::vector<std::size_t> seen;

@@ -45,7 +45,7 @@ ScreenSpec notched() {
 
 } // namespace
 
-TEST(StatusLayout, RunFollowsPositionsWithNewItemsAtTheLeftAndFixedOnesAtTheRight) {
+TEST(StatusLayout, runFollowsPositionsWithNewItemsAtTheLeftAndFixedOnesAtTheRight) {
     auto bar = Bar().add(10).add(20, 300).add(30, 0).add(40, 300).add(50).add(60, 900).add(70, 5);
     bar.items[5].isFixed = true;
     bar.items[6].isFixed = true;
@@ -56,12 +56,12 @@ TEST(StatusLayout, RunFollowsPositionsWithNewItemsAtTheLeftAndFixedOnesAtTheRigh
     EXPECT_EQ(bar.places(), "800 850 770 810 720 940 870");
 }
 
-TEST(StatusLayout, FullBarDropsWhatMeetsTheMenus) {
+TEST(StatusLayout, fullBarDropsWhatMeetsTheMenus) {
     EXPECT_EQ(Bar().add(400, 1).add(395, 2).add(30, 3).add(30, 4).places(),
               "600 205 175:dropped 145:dropped");
 }
 
-TEST(StatusLayout, NotchHidesWhatItCoversButNotASliver) {
+TEST(StatusLayout, notchHidesWhatItCoversButNotASliver) {
     auto bar = Bar().add(440, 1).add(40, 2).add(90, 3).add(20, 4);
     bar.screen = notched();
     EXPECT_EQ(bar.places(), "560 520 430 410");
@@ -75,7 +75,7 @@ TEST(StatusLayout, NotchHidesWhatItCoversButNotASliver) {
     EXPECT_EQ(bar.places(), "900 524:notch 870") << "the others close up";
 }
 
-TEST(StatusLayout, LongItemPushesItsLeftNeighboursOffTheScreen) {
+TEST(StatusLayout, longItemPushesItsLeftNeighboursOffTheScreen) {
     auto bar = Bar().add(100, 1).add(5000, 2).add(30, 3);
     EXPECT_EQ(bar.places(), "900 -4100 -4130:offscreen");
 
@@ -85,7 +85,7 @@ TEST(StatusLayout, LongItemPushesItsLeftNeighboursOffTheScreen) {
     EXPECT_EQ(bar.places(), "2900 230 200");
 }
 
-TEST(StatusLayout, AgentOfMacOS27DropsALongItemWhole) {
+TEST(StatusLayout, agentOfMacOS27DropsALongItemWhole) {
     auto bar = Bar().add(100, 1).add(500, 2).add(30, 3);
     bar.rules.version = {27, 0};
     EXPECT_EQ(bar.places(), "900 900:dropped 870");
@@ -93,19 +93,19 @@ TEST(StatusLayout, AgentOfMacOS27DropsALongItemWhole) {
     EXPECT_EQ(bar.places(), "900 401 371") << "shorter than half the screen, it pushes";
 }
 
-TEST(StatusLayout, FaultHidesTheOwnersOtherItems) {
+TEST(StatusLayout, faultHidesTheOwnersOtherItems) {
     auto bar = Bar().add(26, 1, 7).add(5000, 2, 7).add(30, 0.5, 8);
     bar.rules.dropsOwnersOfLongItems = true;
     EXPECT_EQ(bar.places(), "944:dropped -4056 970");
 }
 
-TEST(StatusLayout, RestrictedItemWaitsBelowTheScreen) {
+TEST(StatusLayout, restrictedItemWaitsBelowTheScreen) {
     auto bar = Bar().add(26, 1).add(30, 2);
     bar.items[0].isRestricted = true;
     EXPECT_EQ(bar.places(), "-1:restricted 970");
 }
 
-TEST(StatusLayout, OtherScreensShowTheItemAsFarFromTheirRightEdge) {
+TEST(StatusLayout, otherScreensShowTheItemAsFarFromTheirRightEdge) {
     const auto other = screenSpec({1000, -200, 1600, 900}, 24);
     const auto frame = frameOnScreen({900, 3, 26, 24}, screenSpec({0, 0, 1000, 800}), other);
     EXPECT_EQ(frame, (tavrin::Rect{2500, -200, 26, 24}));

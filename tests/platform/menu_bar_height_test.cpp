@@ -4,7 +4,7 @@
 
 namespace tavrin {
 
-TEST(MenuBarHeight, FollowsWhatTheScreenReserves) {
+TEST(MenuBarHeight, followsWhatTheScreenReserves) {
     const std::pair<MenuBarHeightFacts, double> cases[] = {
         {{.reservedAtTop = 25, .notchHeight = 0, .mainMenuHeight = 24}, 24},
         {{.reservedAtTop = 38, .notchHeight = 32, .mainMenuHeight = 37}, 37},

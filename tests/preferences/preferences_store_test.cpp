@@ -1,5 +1,6 @@
 #include "preferences/defaults_json.h"
 #include "support/mac_fixture.h"
+#include "support/temporary_folder.h"
 
 #include <fstream>
 #include <limits>
@@ -29,7 +30,7 @@ class PreferencesStoreTest : public testing::Test {
 
 } // namespace
 
-TEST_F(PreferencesStoreTest, EveryKindOfValueSurvivesUnchanged) {
+TEST_F(PreferencesStoreTest, everyKindOfValueSurvivesUnchanged) {
     const DefaultsData bytes{std::byte{0}, std::byte{255}, std::byte{62}, std::byte{63}};
     const DefaultsDictionary values{
         {"true", {true}},
@@ -55,7 +56,7 @@ TEST_F(PreferencesStoreTest, EveryKindOfValueSurvivesUnchanged) {
     EXPECT_EQ(store->value({thisHost.name, DefaultsDomain::Host::Any}, "k"), std::nullopt);
 }
 
-TEST_F(PreferencesStoreTest, DesktopFileGivesWhatTheProfileNeitherHasNorRemoved) {
+TEST_F(PreferencesStoreTest, desktopFileGivesWhatTheProfileNeitherHasNorRemoved) {
     desktop.defaults["d"] = {{"kept", 1}, {"changed", 1}, {"removed", 1}};
     auto store = open().value();
     store->set({"d"}, "changed", {std::int64_t{2}});
@@ -67,7 +68,7 @@ TEST_F(PreferencesStoreTest, DesktopFileGivesWhatTheProfileNeitherHasNorRemoved)
     EXPECT_EQ(store->number({"d"}, "changed"), 2);
 }
 
-TEST_F(PreferencesStoreTest, ChangesAreWrittenTogetherAMomentLater) {
+TEST_F(PreferencesStoreTest, changesAreWrittenTogetherAMomentLater) {
     auto store = open().value();
     const auto file = folder.path() / "Preferences" / "d.json";
     store->set({"d"}, "a", {true});
@@ -80,7 +81,7 @@ TEST_F(PreferencesStoreTest, ChangesAreWrittenTogetherAMomentLater) {
     EXPECT_EQ(open().value()->keys({"d"}).size(), 2U);
 }
 
-TEST_F(PreferencesStoreTest, UnusableProfileIsRefusedAndLeftAsItIs) {
+TEST_F(PreferencesStoreTest, unusableProfileIsRefusedAndLeftAsItIs) {
     const auto file = folder.path() / "Preferences" / "d.json";
     {
         const auto made = open();
@@ -98,7 +99,7 @@ TEST_F(PreferencesStoreTest, UnusableProfileIsRefusedAndLeftAsItIs) {
     EXPECT_NE(refused.error().find(file.string()), std::string::npos) << refused.error();
 }
 
-TEST_F(PreferencesStoreTest, FailedWriteKeepsTheChangesAndIsTriedAgain) {
+TEST_F(PreferencesStoreTest, failedWriteKeepsTheChangesAndIsTriedAgain) {
     auto store = open().value();
     const auto blocked = folder.path() / "Preferences" / "d.json";
     std::filesystem::create_directories(blocked / "x");
@@ -114,7 +115,7 @@ TEST_F(PreferencesStoreTest, FailedWriteKeepsTheChangesAndIsTriedAgain) {
     EXPECT_EQ(open().value()->boolean({"d"}, "a"), true);
 }
 
-TEST_F(PreferencesStoreTest, ProfileBelongsToOneMacAtATime) {
+TEST_F(PreferencesStoreTest, profileBelongsToOneMacAtATime) {
     auto first = open().value();
     first->set({"d"}, "a", {true});
     const auto second = open();
@@ -125,7 +126,7 @@ TEST_F(PreferencesStoreTest, ProfileBelongsToOneMacAtATime) {
     EXPECT_EQ(open().value()->boolean({"d"}, "a"), true);
 }
 
-TEST_F(PreferencesStoreTest, LinksAndPipesInTheProfileHarmNothingOutside) {
+TEST_F(PreferencesStoreTest, linksAndPipesInTheProfileHarmNothingOutside) {
     namespace fs = std::filesystem;
     open().value()->flush();
     const auto preferences = folder.path() / "Preferences";
@@ -157,7 +158,7 @@ TEST_F(PreferencesStoreTest, LinksAndPipesInTheProfileHarmNothingOutside) {
     EXPECT_FALSE(open());
 }
 
-TEST_F(PreferencesStoreTest, WhatAKilledMacLeftBesideItsFilesIsClearedAway) {
+TEST_F(PreferencesStoreTest, whatAKilledMacLeftBesideItsFilesIsClearedAway) {
     open().value()->flush();
     const auto leftover = folder.path() / "Preferences" / ".d.json.a1B2c3";
     std::ofstream(leftover) << "{\"half\": ";

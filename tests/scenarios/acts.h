@@ -25,6 +25,14 @@ inline json setUp(std::vector<std::string> hidden = {}, json more = json::object
     return stored;
 }
 
+/// A Mac on which Tavrin has had this long: two seconds are enough to find its places and to scan, three or
+/// four to hide as well and to show the hint.
+inline TavrinMac started(TavrinMacOptions options, double seconds = 2) {
+    TavrinMac mac(std::move(options));
+    mac.wait(seconds);
+    return mac;
+}
+
 inline bool isCollapsed(TavrinMac& mac) { return mac.control().value("symbol", "") == "chevron.right.2"; }
 
 inline void clickControl(TavrinMac& mac) { mac.clickItem(tavrinBundle); }
@@ -54,7 +62,7 @@ inline json othersItems(TavrinMac& mac) {
 /// Closes the hint of the first run and the window that opens for it.
 inline void answerHint(TavrinMac& mac) {
     clickControlAndWait(mac);
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     mac.wait(1);
 }
 

@@ -4,8 +4,7 @@ namespace mac_model {
 namespace {
 
 TEST(Applying, movesWhatIsOnTheWrongSideAndHides) {
-    TavrinMac mac(controlInMidBar({wifi, sound}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi, sound}));
     openConfigure(mac);
     EXPECT_TRUE(showsPart(mac, " items will move"));
     mac.press("Apply and Hide");
@@ -29,18 +28,16 @@ TEST(Applying, movesWhatIsOnTheWrongSideAndHides) {
 }
 
 TEST(Applying, whenEverythingIsInPlacePostsNothing) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(4);
+    auto mac = started(trustedMac("classic-display"), 4);
     answerHint(mac);
-    mac.done({{"do", "events"}});
+    mac.events();
     applyAndWait(mac);
     EXPECT_TRUE(isCollapsed(mac));
-    EXPECT_TRUE(mac.done({{"do", "events"}})["events"].empty());
+    EXPECT_TRUE(mac.events()["events"].empty());
 }
 
 TEST(Applying, whileHiddenRevealsFirst) {
-    TavrinMac mac(controlInMidBar({wifi}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi}));
     applyAndWait(mac);
     ASSERT_TRUE(isCollapsed(mac));
     openConfigure(mac);
@@ -52,8 +49,7 @@ TEST(Applying, whileHiddenRevealsFirst) {
 }
 
 TEST(Applying, refusedDragsAreTriedAgainAndThenReported) {
-    TavrinMac mac(controlInMidBar({wifi, sound, spotlight}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi, sound, spotlight}));
     openConfigure(mac);
     for (const auto& item : {"Show Sound", "Show Spotlight"}) mac.press(item);
     mac.set("refuseDrags", "com.apple.controlcenter");
@@ -72,19 +68,17 @@ TEST(Applying, refusedDragsAreTriedAgainAndThenReported) {
 }
 
 TEST(Applying, needsAccess) {
-    TavrinMac mac(controlInMidBar({wifi}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi}));
     openConfigure(mac);
     mac.set("trusted", false);
     mac.press("Apply and Hide");
     EXPECT_TRUE(mac.shows("Grant Accessibility access before applying this configuration."));
     mac.wait(2);
-    EXPECT_TRUE(mac.done({{"do", "events"}})["events"].empty());
+    EXPECT_TRUE(mac.events()["events"].empty());
 }
 
 TEST(Applying, aRunInWhichDragsGetLostStillPlacesEveryItem) {
-    TavrinMac mac(crowdOnTheVisibleSide(20));
-    mac.wait(2);
+    auto mac = started(crowdOnTheVisibleSide(20));
     openConfigure(mac);
     EXPECT_TRUE(mac.shows("20 items will move"));
     mac.set("loseDrags", 10);

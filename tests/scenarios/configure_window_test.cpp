@@ -6,8 +6,7 @@ namespace mac_model {
 namespace {
 
 TEST(ConfigureWindow, rowsMoveByDragMenuAndKeyboard) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(4);
+    auto mac = started(trustedMac("classic-display"), 4);
     answerHint(mac);
     openConfigure(mac);
     ASSERT_TRUE(isStoredAsHidden(mac, wifi));
@@ -22,8 +21,7 @@ TEST(ConfigureWindow, rowsMoveByDragMenuAndKeyboard) {
 
 TEST(ConfigureWindow, staysOnTheScreenWithManyItemsAndLongNames) {
     const std::string longName = "An application whose maker could not stop when it came to finding a name ";
-    TavrinMac mac(crowdOnTheVisibleSide(100, longName));
-    mac.wait(3);
+    auto mac = started(crowdOnTheVisibleSide(100, longName), 3);
     openConfigure(mac);
     ASSERT_TRUE(mac.shows("Menu Bar Items"));
     const auto surface = mac.surfacesOf(tavrinBundle).back();
@@ -39,18 +37,16 @@ TEST(ConfigureWindow, staysOnTheScreenWithManyItemsAndLongNames) {
 }
 
 TEST(ConfigureWindow, tellsThatThereIsNothing) {
-    TavrinMac mac(crowdOnTheVisibleSide(0));
-    mac.wait(3);
+    auto mac = started(crowdOnTheVisibleSide(0), 3);
     openConfigure(mac);
     EXPECT_TRUE(mac.shows("No supported menu bar items found"));
 }
 
 TEST(ConfigureWindow, needsNoMouse) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(4);
+    auto mac = started(trustedMac("classic-display"), 4);
     answerHint(mac);
     openConfigure(mac);
-    const auto key = [&](const std::string& name) { mac.done({{"do", "key"}, {"key", name}}); };
+    const auto key = [&](const std::string& name) { mac.key(name); };
     const auto focused = [&]() -> std::string {
         std::string found;
         const std::function<void(const json&)> visit = [&](const json& node) {
@@ -67,8 +63,7 @@ TEST(ConfigureWindow, needsNoMouse) {
 }
 
 TEST(ConfigureWindow, offersNoMoveForWhatMacOSKeepsInPlace) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openConfigure(mac);
     EXPECT_TRUE(showsPart(mac, "Hide Sound"));
     for (const auto* fixed : {"Clock", "Control Center"}) {
@@ -78,15 +73,14 @@ TEST(ConfigureWindow, offersNoMoveForWhatMacOSKeepsInPlace) {
 }
 
 TEST(ConfigureWindow, aRightClickOnTheControlLeavesTheWholeBarThere) {
-    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})), 3);
     openConfigure(mac);
     ASSERT_FALSE(isCollapsed(mac));
     mac.rightClickItem(tavrinBundle);
     mac.wait(1);
     EXPECT_TRUE(mac.shows("Hide Configured Items")) << "the menu tells of the bar that is there";
     EXPECT_FALSE(isCollapsed(mac));
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     mac.wait(1);
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
     EXPECT_FALSE(isCollapsed(mac));
@@ -96,23 +90,21 @@ TEST(ConfigureWindow, aRightClickOnTheControlLeavesTheWholeBarThere) {
 TEST(ConfigureWindow, openedAgainWhileItClosesStillRestoresTheCollapsedBar) {
     const auto collapsed = setUp({}, {{"Skerrow.shouldStartCollapsed", true}});
     for (const double pause : {0.02, 0.07}) {
-        TavrinMac mac(trustedMac("classic-display", collapsed));
-        mac.wait(3);
+        auto mac = started(trustedMac("classic-display", collapsed), 3);
         openConfigure(mac);
-        mac.done({{"do", "key"}, {"key", "escape"}});
+        mac.key("escape");
         mac.wait(pause);
-        mac.done({{"do", "start"}}); // asks for the window again before the bar has been restored
+        mac.start(); // asks for the window again before the bar has been restored
         mac.wait(1);
         EXPECT_TRUE(mac.shows("Menu Bar Items"));
-        mac.done({{"do", "key"}, {"key", "escape"}});
+        mac.key("escape");
         mac.wait(1);
         EXPECT_TRUE(isCollapsed(mac)) << pause;
     }
 }
 
 TEST(ConfigureWindow, cannotRefreshWhileItemsAreBeingPlaced) {
-    TavrinMac mac(controlInMidBar({wifi, sound}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi, sound}));
     apply(mac);
     mac.wait(0.5);
     ASSERT_TRUE(mac.shows("Stop"));
@@ -121,8 +113,7 @@ TEST(ConfigureWindow, cannotRefreshWhileItemsAreBeingPlaced) {
 }
 
 TEST(ConfigureWindow, aRefreshDuringAScanScansOnceMore) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openConfigure(mac);
     mac.set("latency", {{"com.sample.sensors", 0.3}});
     mac.press("Refresh menu bar items");

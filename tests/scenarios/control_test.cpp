@@ -17,8 +17,7 @@ std::vector<std::string> menuTexts(TavrinMac& mac) {
 }
 
 TEST(Control, looksAndSaysWhatAClickWillDo) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     EXPECT_EQ(mac.control()["help"], "Tavrin: click to hide configured items; right-click to configure");
     EXPECT_EQ(mac.control()["symbol"], "chevron.left.2");
     clickControlAndWait(mac);
@@ -28,9 +27,8 @@ TEST(Control, looksAndSaysWhatAClickWillDo) {
 
 TEST(Control, theMenuHasItsEntriesInOrderAndFollowsTheState) {
     for (const bool collapsed : {false, true}) {
-        TavrinMac mac(
-            trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", collapsed}})));
-        mac.wait(3);
+        auto mac = started(
+            trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", collapsed}})), 3);
         mac.rightClickItem(tavrinBundle);
         EXPECT_EQ(isCollapsed(mac), collapsed) << "a right click never toggles";
         const auto texts = menuTexts(mac);
@@ -59,8 +57,7 @@ TEST(Control, theMenuHasItsEntriesInOrderAndFollowsTheState) {
 }
 
 TEST(Control, theMenuReachesTheWindowsAndQuits) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     const auto choose = [&](const std::string& title) {
         mac.rightClickItem(tavrinBundle);
         mac.press(title);
@@ -80,8 +77,7 @@ TEST(Control, theMenuReachesTheWindowsAndQuits) {
 TEST(Control, switchesAutomaticUpdatesOfABundledUpdater) {
     auto options = trustedMac("classic-display", setUp());
     options.changes["updater"] = "automatic";
-    TavrinMac mac(options);
-    mac.wait(2);
+    auto mac = started(options);
     for (const bool wasAutomatic : {true, false}) {
         mac.rightClickItem(tavrinBundle);
         EXPECT_EQ(mac.find("Automatically Update Tavrin").at(0).value("checked", false), wasAutomatic);
@@ -92,8 +88,7 @@ TEST(Control, switchesAutomaticUpdatesOfABundledUpdater) {
 }
 
 TEST(FirstRunHint, aClickOnTheControlOpensTheConfigureWindowInstead) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display"), 3);
     ASSERT_TRUE(mac.shows(hint));
     EXPECT_EQ(storedText(mac, "Skerrow.pendingFirstRunHint"), "true");
     clickControl(mac);
@@ -107,8 +102,7 @@ TEST(FirstRunHint, aClickOnTheControlOpensTheConfigureWindowInstead) {
 }
 
 TEST(FirstRunHint, aClickElsewhereOnlyClosesIt) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display"), 3);
     mac.done({{"do", "click"}, {"at", {700, 600}}});
     mac.wait(1);
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
@@ -118,10 +112,9 @@ TEST(FirstRunHint, aClickElsewhereOnlyClosesIt) {
 }
 
 TEST(FirstRunHint, isOwedUntilClosedOnce) {
-    TavrinMac mac(trustedMac("classic-display"));
-    mac.wait(3);
-    mac.done({{"do", "crash"}});
-    mac.done({{"do", "start"}});
+    auto mac = started(trustedMac("classic-display"), 3);
+    mac.crash();
+    mac.start();
     mac.wait(3);
     EXPECT_TRUE(mac.shows(hint));
 }
@@ -129,8 +122,7 @@ TEST(FirstRunHint, isOwedUntilClosedOnce) {
 TEST(Control, theCheckBoxForUpdatesInTheSettingsTicks) {
     auto options = trustedMac("classic-display", setUp());
     options.changes["updater"] = "manual";
-    TavrinMac mac(options);
-    mac.wait(2);
+    auto mac = started(options);
     mac.rightClickItem(tavrinBundle);
     mac.press("Settings…");
     mac.wait(1);
@@ -143,8 +135,7 @@ TEST(Control, theCheckBoxForUpdatesInTheSettingsTicks) {
 }
 
 TEST(FirstRunHint, aRightClickSettlesOneThatIsOwed) {
-    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.pendingFirstRunHint", true}})));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display", setUp({}, {{"Skerrow.pendingFirstRunHint", true}})), 3);
     ASSERT_FALSE(mac.shows(hint)) << "nothing is hidden yet";
     mac.rightClickItem(tavrinBundle);
     EXPECT_FALSE(menuTexts(mac).empty());

@@ -59,11 +59,11 @@ TEST_P(HidingOnEveryMac, hidesRevealsAndLeavesNothingBehind) {
     EXPECT_TRUE(isCollapsed(mac));
     EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "true");
 
-    mac.done({{"do", "terminate"}});
+    mac.terminate();
     mac.wait(1);
     EXPECT_EQ(othersItems(mac), before);
     EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{});
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.wait(4);
     EXPECT_TRUE(isCollapsed(mac)) << "the choice survives a restart";
 }
@@ -90,8 +90,7 @@ TEST(Hiding, isRefusedWhileItemsStandOnTheVisibleSide) {
         {wrongSide,
          "Couldn’t hide yet: 2 items are still on the visible side. Apply the configuration first."}};
     for (const auto& [hidden, message] : cases) {
-        TavrinMac mac(withControlInMidBar(hidden));
-        mac.wait(2);
+        auto mac = started(withControlInMidBar(hidden));
         const auto before = othersItems(mac);
         clickControlAndWait(mac);
         EXPECT_TRUE(mac.shows(message));
@@ -101,28 +100,26 @@ TEST(Hiding, isRefusedWhileItemsStandOnTheVisibleSide) {
 
         // Choosing to show the items after all makes the way free.
         for (std::size_t i = 0; i < hidden.size(); ++i) mac.press(i == 0 ? "Show Wi-Fi" : "Show Sound");
-        mac.done({{"do", "key"}, {"key", "escape"}});
+        mac.key("escape");
         clickControlAndWait(mac);
         EXPECT_TRUE(isCollapsed(mac));
     }
 }
 
 TEST(Hiding, quickClicksHideOnceAndTheNewestRequestWins) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     mac.set("latency", {{"com.sample.sensors", 0.2}});
     clickControl(mac);
     clickControl(mac);
     EXPECT_FALSE(isCollapsed(mac)) << "the scan of the second request is still running";
     mac.wait(5);
     EXPECT_TRUE(isCollapsed(mac));
-    EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+    EXPECT_EQ(mac.stats()["tasks"], 0);
 }
 
 TEST(Hiding, aHungApplicationCostsOneTimeoutAndNothingElse) {
     const auto hidingTime = [](int hungCount) {
-        TavrinMac mac(trustedMac("classic-display", setUp()));
-        mac.wait(2);
+        auto mac = started(trustedMac("classic-display", setUp()));
         const char* bundles[]{"com.sample.sensors", "org.example.rooms", "org.example.notes"};
         for (int i = 0; i < hungCount; ++i) mac.set("hang", bundles[i]);
         clickControl(mac);
@@ -142,8 +139,7 @@ TEST(Hiding, revokedAccessRefusesTheNextHideUntilGrantedAgain) {
         for (const char* notice : {"prompt", "stale"}) {
             auto options = trustedMac("classic-display", setUp());
             options.model = {{"revokedAccess", revoked}, {"permissionNotice", notice}};
-            TavrinMac mac(options);
-            mac.wait(2);
+            auto mac = started(options);
             mac.set("trusted", false);
             mac.wait(1);
             const auto before = othersItems(mac);
@@ -154,7 +150,7 @@ TEST(Hiding, revokedAccessRefusesTheNextHideUntilGrantedAgain) {
             mac.set("trusted", true);
             mac.wait(4);
             EXPECT_FALSE(mac.shows("Grant access to load menu bar apps"));
-            mac.done({{"do", "key"}, {"key", "escape"}});
+            mac.key("escape");
             clickControlAndWait(mac);
             EXPECT_TRUE(isCollapsed(mac)) << revoked << ' ' << notice;
             mac.set("trusted", false);
@@ -165,8 +161,7 @@ TEST(Hiding, revokedAccessRefusesTheNextHideUntilGrantedAgain) {
 }
 
 TEST(Hiding, theSpacerFollowsTheWidestScreen) {
-    TavrinMac mac(trustedMac("two-displays", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("two-displays", setUp()));
     clickControlAndWait(mac);
     EXPECT_EQ(spacerLength(mac), 5120);
     auto screens = mac.look()["screens"];
@@ -190,8 +185,7 @@ TEST(Hiding, theSpacerFollowsTheWidestScreen) {
 }
 
 TEST(Hiding, aControlThatMacOSTakesAwayBringsTheFullBarBack) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     mac.set("dropsOwnersOfLongItems", true);
     clickControl(mac);
     mac.wait(3);
@@ -201,15 +195,14 @@ TEST(Hiding, aControlThatMacOSTakesAwayBringsTheFullBarBack) {
         mac.shows("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. "
                   "Move the app to the Applications folder, relaunch it, and try again."));
     mac.set("dropsOwnersOfLongItems", false);
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     clickControl(mac);
     mac.wait(3);
     EXPECT_TRUE(isCollapsed(mac));
 }
 
 TEST(Hiding, aChangeOfTheDisplaysLooksAfterTheControlAgain) {
-    TavrinMac mac(trustedMac("two-displays", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("two-displays", setUp()));
     clickControl(mac);
     mac.wait(3);
     ASSERT_TRUE(isCollapsed(mac));
@@ -221,8 +214,7 @@ TEST(Hiding, aChangeOfTheDisplaysLooksAfterTheControlAgain) {
 }
 
 TEST(Hiding, aControlThatIsGoneForAMomentOnlyIsLeftHidden) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     mac.set("dropsOwnersOfLongItems", true);
     clickControl(mac);
     mac.wait(0.7);
@@ -233,8 +225,7 @@ TEST(Hiding, aControlThatIsGoneForAMomentOnlyIsLeftHidden) {
 }
 
 TEST(Hiding, accessThatEndsDuringTheScanRefusesTheHide) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     mac.set("latency", {{"com.sample.sensors", 0.3}});
     clickControl(mac);
     mac.wait(0.15);

@@ -13,8 +13,7 @@ class InterruptedApply : public testing::TestWithParam<Interruption> {};
 
 TEST_P(InterruptedApply, leavesThePointerFreeAndTheChoiceWhole) {
     for (const double moment : {0.3, 0.58, 0.7, 1.3}) {
-        TavrinMac mac(controlInMidBar({wifi, sound}, "classic-display"));
-        mac.wait(2);
+        auto mac = started(controlInMidBar({wifi, sound}, "classic-display"));
         apply(mac);
         const auto before = mac.look()["pointer"]["at"];
         mac.wait(moment);
@@ -24,7 +23,7 @@ TEST_P(InterruptedApply, leavesThePointerFreeAndTheChoiceWhole) {
         const auto isClick = GetParam().command["do"] != "set" && mac.look()["pointer"]["at"] == clickedAt;
         expectPointerIsFree(mac, isClick ? clickedAt : before); // where it was when the gesture began
         EXPECT_EQ(storedHidden(mac).size(), 2u);
-        EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+        EXPECT_EQ(mac.stats()["tasks"], 0);
         mac.command({{"do", "terminate"}}); // refused when that is what has interrupted it
         mac.wait(2);
         EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{}) << moment;
@@ -45,8 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Applying, losesNothingWhenADisplayIsUnplugged) {
     for (const double moment : {0.3, 0.7, 0.9, 2.0}) {
-        TavrinMac mac(controlInMidBar({wifi, sound}, "two-displays"));
-        mac.wait(2);
+        auto mac = started(controlInMidBar({wifi, sound}, "two-displays"));
         apply(mac);
         const auto before = mac.look()["pointer"]["at"];
         mac.wait(moment);
@@ -57,13 +55,12 @@ TEST(Applying, losesNothingWhenADisplayIsUnplugged) {
         EXPECT_FALSE(isRightOfControl(mac, "Wi-Fi")) << moment;
         // Its two items have one identifier, so that neither can be told from the other.
         EXPECT_TRUE(showsPart(mac, "Couldn’t apply 2 changes:\\nShow File Sync ")) << moment;
-        EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+        EXPECT_EQ(mac.stats()["tasks"], 0);
     }
 }
 
 TEST(Applying, aHandOnTheMouseCostsAttemptsAndNoMore) {
-    TavrinMac mac(controlInMidBar({wifi, sound}));
-    mac.wait(2);
+    auto mac = started(controlInMidBar({wifi, sound}));
     mac.set("personMovesPointerDuringDrags", true);
     apply(mac);
     const auto before = mac.look()["pointer"]["at"];
@@ -74,8 +71,7 @@ TEST(Applying, aHandOnTheMouseCostsAttemptsAndNoMore) {
 }
 
 TEST(Applying, tellsOfAnItemWhoseOwnerQuitsWhileItIsDragged) {
-    TavrinMac mac(crowdOnTheVisibleSide(3));
-    mac.wait(2);
+    auto mac = started(crowdOnTheVisibleSide(3));
     apply(mac);
     const auto before = mac.look()["pointer"]["at"];
     const auto isCarried = [&] {

@@ -1,4 +1,5 @@
 #include "scenarios/acts.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ TEST(Lifetime, quittingInMidHideLeavesTheBarWhole) {
         mac.set("hang", "com.sample.sensors");
         clickControl(mac);
         mac.wait(moment);
-        mac.done({{"do", "terminate"}});
+        mac.terminate();
         mac.wait(3);
         EXPECT_FALSE(mac.mac().program().isRunning());
         EXPECT_EQ(othersItems(mac), before);
@@ -46,11 +47,11 @@ TEST(Lifetime, aCrashAtAnyMomentLosesNoItemAndNoChoice) {
         mac.wait(0.05 * step);
         if (step > 30) clickControl(mac);
         const auto choice = storedText(mac, "Skerrow.shouldStartCollapsed");
-        mac.done({{"do", "crash"}});
+        mac.crash();
         mac.wait(1);
         EXPECT_EQ(othersItems(mac), before) << step;
         EXPECT_EQ(mac.mac().program().leftovers(), nothing) << step;
-        mac.done({{"do", "start"}});
+        mac.start();
         mac.wait(4);
         EXPECT_EQ(isCollapsed(mac), choice == "true") << step;
     }
@@ -61,31 +62,28 @@ TEST(Lifetime, whatWasChosenOutlivesTheWholeMac) {
     auto options = trustedMac("classic-display");
     options.profile = folder.path();
     {
-        TavrinMac mac(options);
-        mac.wait(4);
+        auto mac = started(options, 4);
         answerHint(mac);
         EXPECT_TRUE(isCollapsed(mac));
     }
-    TavrinMac mac(options);
-    mac.wait(4);
+    auto mac = started(options, 4);
     EXPECT_TRUE(isCollapsed(mac));
     EXPECT_FALSE(mac.shows("Your menu bar items are tucked away here. Click to choose which ones show."));
 }
 
 TEST(Lifetime, launchingAgainOpensTheConfigureWindow) {
-    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})), 3);
     ASSERT_TRUE(isCollapsed(mac));
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.wait(0.5);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u);
     EXPECT_FALSE(isCollapsed(mac)) << "the window shows the whole menu bar";
     EXPECT_EQ(storedText(mac, "Skerrow.shouldStartCollapsed"), "true");
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.wait(0.5);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u);
 
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     mac.wait(0.05);
     EXPECT_FALSE(isCollapsed(mac));
     mac.wait(0.1);
@@ -94,13 +92,12 @@ TEST(Lifetime, launchingAgainOpensTheConfigureWindow) {
 }
 
 TEST(Lifetime, reopeningTwiceWhileCollapsedStillRestores) {
-    TavrinMac mac(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})));
-    mac.wait(3);
-    mac.done({{"do", "start"}});
-    mac.done({{"do", "start"}});
+    auto mac = started(trustedMac("classic-display", setUp({}, {{"Skerrow.shouldStartCollapsed", true}})), 3);
+    mac.start();
+    mac.start();
     mac.wait(1);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u);
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     mac.wait(1);
     EXPECT_TRUE(isCollapsed(mac));
 }
@@ -109,11 +106,11 @@ TEST(Lifetime, idleAndTrustedNothingTicks) {
     for (const auto& desktop : shippedDesktops) {
         TavrinMac mac(trustedMac(desktop, setUp({}, {{"Skerrow.shouldStartCollapsed", true}})));
         mac.wait(10);
-        const auto before = mac.done({{"do", "stats"}});
+        const auto before = mac.stats();
         EXPECT_EQ(before["timers"], 0) << desktop;
         EXPECT_EQ(before["tasks"], 0) << desktop;
         mac.wait(3600);
-        EXPECT_EQ(mac.done({{"do", "stats"}})["messages"], before["messages"]);
+        EXPECT_EQ(mac.stats()["messages"], before["messages"]);
     }
 }
 

@@ -27,7 +27,7 @@ TEST(Onboarding, saysWhatToDoAndShowsNothingElse) {
     }
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["title"], "Welcome to Tavrin");
     EXPECT_TRUE(mac.itemsOf(tavrinBundle).empty());
-    EXPECT_TRUE(mac.done({{"do", "stats"}})["messages"].empty());
+    EXPECT_TRUE(mac.stats()["messages"].empty());
 }
 
 TEST(Onboarding, theSwitchInSystemSettingsStartsTavrinAfterItsFarewell) {
@@ -50,7 +50,7 @@ TEST(Onboarding, theSwitchInSystemSettingsStartsTavrinAfterItsFarewell) {
         mac.wait(3);
         EXPECT_TRUE(isCollapsed(mac));
         answerHint(mac);
-        EXPECT_EQ(mac.done({{"do", "stats"}})["timers"], 0) << "trusted, nothing is polled";
+        EXPECT_EQ(mac.stats()["timers"], 0) << "trusted, nothing is polled";
     }
 }
 
@@ -61,13 +61,13 @@ TEST(Onboarding, manyChangesOfTheListAreLookedAtOnce) {
         mac.mac().permission().changeOtherEntry();
         mac.wait(0.06);
     }
-    EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 1);
+    EXPECT_EQ(mac.stats()["tasks"], 1);
 }
 
 TEST(Onboarding, quittingEndsAtOnce) {
     TavrinMac mac(untrusted());
     mac.wait(1);
-    mac.done({{"do", "terminate"}});
+    mac.terminate();
     EXPECT_FALSE(mac.mac().program().isRunning());
     EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{});
 }
@@ -80,10 +80,10 @@ TEST(Onboarding, closedByHandItComesBackWhenTavrinIsLaunchedAgain) {
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
     EXPECT_TRUE(mac.itemsOf(tavrinBundle).empty()) << "no item before there is access";
     EXPECT_TRUE(mac.mac().program().isRunning());
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.wait(0.5);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u);
-    mac.done({{"do", "start"}});
+    mac.start();
     mac.wait(0.5);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u) << "it is brought to the front, not opened twice";
     mac.press("close button");

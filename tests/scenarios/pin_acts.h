@@ -15,6 +15,8 @@ namespace mac_model {
 
 /// Words for scenarios with pinned actions.
 
+using Strings = std::vector<std::string>;
+
 inline const std::string notesBundle = "org.example.notes";
 inline const std::string editorBundle = "org.example.editor";
 
@@ -143,7 +145,7 @@ inline std::vector<std::string> chosenIn(const json& reply) {
 }
 
 /// Those since the last call.
-inline std::vector<std::string> chosen(TavrinMac& mac) { return chosenIn(mac.done({{"do", "events"}})); }
+inline std::vector<std::string> chosen(TavrinMac& mac) { return chosenIn(mac.events()); }
 
 inline std::ptrdiff_t countOf(const json& reply, const std::string& type) {
     return std::ranges::count_if(reply["events"], [&](const auto& event) { return event["type"] == type; });

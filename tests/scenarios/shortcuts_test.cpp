@@ -38,8 +38,7 @@ void record(TavrinMac& mac, const std::string& name, const std::vector<std::stri
 }
 
 TEST(ToggleShortcut, hidesAndRevealsFromAnyApplication) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     for (const auto& place : {json{700, 600}, json{30, 12}}) {
         mac.done({{"do", "click"}, {"at", place}});
         pressUsualAndWait(mac);
@@ -58,8 +57,7 @@ TEST(ToggleShortcut, isTheStoredOneAndNoneBeforeAccess) {
         trustedMac("classic-display",
                    setUp({}, {{shortcutKey, {{"enabled", true}, {"keyCode", 40}, {"modifiers", 0x180000}}}}));
     options.changes["accessibilityTrusted"] = false;
-    TavrinMac mac(options);
-    mac.wait(2);
+    auto mac = started(options);
     EXPECT_EQ(mac.done({{"do", "key"}, {"key", "k"}, {"modifiers", {"option", "command"}}})["handled"],
               false);
     mac.set("trusted", true);
@@ -72,8 +70,7 @@ TEST(ToggleShortcut, isTheStoredOneAndNoneBeforeAccess) {
 }
 
 TEST(ToggleShortcut, isRecordedInTheSettingsAndOutlivesARestart) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openSettings(mac);
     EXPECT_EQ(shownShortcut(mac), "⌃⌥H");
     EXPECT_TRUE(mac.shows("Press a key with Control, Option or Command. Esc cancels."));
@@ -83,8 +80,8 @@ TEST(ToggleShortcut, isRecordedInTheSettingsAndOutlivesARestart) {
               (json{{"enabled", true}, {"keyCode", 40}, {"modifiers", 0x180000}}));
     pressUsualAndWait(mac);
     EXPECT_FALSE(isCollapsed(mac)) << "the old one is free";
-    mac.done({{"do", "crash"}});
-    mac.done({{"do", "start"}});
+    mac.crash();
+    mac.start();
     mac.wait(3);
     key(mac, "k", {"option", "command"});
     mac.wait(2);
@@ -92,8 +89,7 @@ TEST(ToggleShortcut, isRecordedInTheSettingsAndOutlivesARestart) {
 }
 
 TEST(ToggleShortcut, canBeChangedWhileTheItemsAreHidden) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     pressUsualAndWait(mac);
     openSettings(mac);
     record(mac, "k", {"control", "option"});
@@ -104,8 +100,7 @@ TEST(ToggleShortcut, canBeChangedWhileTheItemsAreHidden) {
 }
 
 TEST(ToggleShortcut, doesNotActWhileANewOneIsTypedAndCanBeTypedAgain) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openSettings(mac);
     record(mac, "h", {"control", "option"});
     mac.wait(2);
@@ -126,8 +121,7 @@ TEST(ToggleShortcut, doesNotActWhileANewOneIsTypedAndCanBeTypedAgain) {
 
 TEST(ToggleShortcut, isRefusedWhereAPinHasIt) {
     const json stored{{"hotKey", {{"keyCode", 40}, {"modifiers", 0x180000}}}};
-    TavrinMac mac(macWithPins({pin("Sync", {"Sync Now"}, stored)}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("Sync", {"Sync Now"}, stored)}));
     openSettings(mac);
     record(mac, "k", {"option", "command"});
     EXPECT_TRUE(mac.shows("Already used by the pin \"Sync\"."));
@@ -135,8 +129,7 @@ TEST(ToggleShortcut, isRefusedWhereAPinHasIt) {
 }
 
 TEST(ToggleShortcut, oneThatAnotherAppHasIsRefusedAndTheOldOneStays) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     mac.set("hotKeyTaken", {{"key", "k"}, {"modifiers", {"option", "command"}}});
     openSettings(mac);
     record(mac, "k", {"option", "command"});
@@ -157,8 +150,7 @@ TEST(ToggleShortcut, oneThatIsTakenAtLaunchSaysSo) {
     auto options = trustedMac("classic-display", setUp());
     options.changes["hotKeysTaken"] = {
         {{"keyCode", 4}, {"modifiers", {"control", "option"}}, {"stopsPresses", true}}};
-    TavrinMac mac(options);
-    mac.wait(2);
+    auto mac = started(options);
     pressUsualAndWait(mac);
     EXPECT_FALSE(isCollapsed(mac));
     openSettings(mac);
@@ -167,8 +159,7 @@ TEST(ToggleShortcut, oneThatIsTakenAtLaunchSaysSo) {
 }
 
 TEST(ToggleShortcut, canBeSwitchedOff) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openSettings(mac);
     mac.press("Clear");
     EXPECT_EQ(shownShortcut(mac), "Record Shortcut");
@@ -183,8 +174,7 @@ TEST(ToggleShortcut, canBeSwitchedOff) {
 TEST(Settings, areUsedByTheKeyboardAlone) {
     auto options = trustedMac("classic-display", setUp());
     options.changes["updater"] = "manual";
-    TavrinMac mac(options);
-    mac.wait(2);
+    auto mac = started(options);
     const auto focused = [&](const std::string& text) {
         const auto nodes = mac.find(text);
         return !nodes.empty() && nodes.back().value("focused", false);
@@ -208,8 +198,7 @@ TEST(Settings, areUsedByTheKeyboardAlone) {
 }
 
 TEST(Settings, leadToTheAccessibilitySettingsWhileAccessIsMissing) {
-    TavrinMac mac(trustedMac("classic-display", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("classic-display", setUp()));
     openSettings(mac);
     EXPECT_FALSE(mac.shows("Open Accessibility Settings"));
     mac.set("trusted", false);

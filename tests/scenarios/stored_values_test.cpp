@@ -33,8 +33,7 @@ TEST(StoredValues, ofTheWrongTypeAreTheDefault) {
     for (const auto& c : cases) {
         auto stored = setUp({}, {{"Skerrow.shouldStartCollapsed", true}});
         stored[c.key] = c.value;
-        TavrinMac mac(trustedMac("classic-display", stored));
-        mac.wait(3);
+        auto mac = started(trustedMac("classic-display", stored), 3);
         EXPECT_EQ(isCollapsed(mac), c.startsCollapsed) << c.key << ' ' << c.value;
         EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty()) << c.key << ' ' << c.value;
         EXPECT_TRUE(mac.defaults().contains(std::string(mainPosition) + "1")) << c.key << ' ' << c.value;
@@ -53,8 +52,7 @@ TEST(StoredValues, aPlaceOfTheWrongTypeIsAPlaceAndStays) {
 }
 
 TEST(StoredValues, anEmptyChoiceIsNoFreshInstall) {
-    TavrinMac mac(trustedMac("classic-display", {{"Skerrow.hiddenItemIdentifiers", json::array()}}));
-    mac.wait(3);
+    auto mac = started(trustedMac("classic-display", {{"Skerrow.hiddenItemIdentifiers", json::array()}}), 3);
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u) << "the configure window is owed";
     EXPECT_EQ(mac.defaults()["Skerrow.hiddenItemIdentifiers"], json::array());
     EXPECT_EQ(mac.defaults()["Skerrow.didPresentInitialConfiguration"], true);
@@ -74,8 +72,7 @@ TEST(StoredValues, earlierVersionsOfTheItemsPlacesAreTidiedAway) {
                                                  {"Skerrow.rescuedItemIdentifiers", json::array({"x"})}}));
     options.changes["defaults"]["byHost"][".GlobalPreferences"] = {
         {std::string(mainPosition) + "2_v6", 9}, {"NSStatusItem Preferred Position Other_v6", 9}};
-    TavrinMac mac(options);
-    mac.wait(3);
+    auto mac = started(options, 3);
     std::vector<std::string> places;
     for (const auto& [key, value] : mac.defaults().items())
         if (key.starts_with("NSStatusItem")) places.push_back(key);
@@ -100,8 +97,7 @@ TEST(StoredValues, theSeparatorOfOlderReleasesPassesItsPlaceToTheControl) {
         } else {
             changes["defaults"][tavrinBundle][std::string(separatorPosition) + "1"] = seat;
         }
-        TavrinMac mac(options);
-        mac.wait(3);
+        auto mac = started(options, 3);
         EXPECT_EQ(mac.defaults()[std::string(mainPosition) + "1"], seat);
         EXPECT_EQ(mac.defaults()[std::string(spacerPosition) + "1"], seat + 0.01);
         EXPECT_FALSE(mac.defaults().contains(std::string(separatorPosition) + "1"));
@@ -121,8 +117,7 @@ TEST(Repair, aControlBehindTheNotchStartsOverUnderAFreshName) {
 }
 
 TEST(Repair, aControlThatStaysBehindTheNotchIsReportedAfterOneRepair) {
-    TavrinMac mac(trustedMac("notched-laptop", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("notched-laptop", setUp()));
     mac.rightClickItem(tavrinBundle);
     mac.set("behindNotch", {{tavrinBundle, "allItems"}});
     mac.press("Hide Configured Items");
@@ -136,8 +131,7 @@ TEST(Repair, aControlThatStaysBehindTheNotchIsReportedAfterOneRepair) {
 }
 
 TEST(Repair, twoCallersShareOneRebuild) {
-    TavrinMac mac(trustedMac("notched-laptop", setUp()));
-    mac.wait(2);
+    auto mac = started(trustedMac("notched-laptop", setUp()));
     mac.rightClickItem(tavrinBundle);
     mac.set("behindNotch", {{tavrinBundle, "presentItems"}});
     mac.press("Hide Configured Items");

@@ -107,13 +107,13 @@ TEST(Storm, whateverHappensTavrinSettlesAndHidesAgain) {
         auto& mac = storm.mac();
         ASSERT_FALSE(mac.control().is_null()) << storm.trace().substr(storm.trace().size() - 2000);
         mac.settle();
-        const auto stats = mac.done({{"do", "stats"}});
+        const auto stats = mac.stats();
         EXPECT_EQ(stats["tasks"], 0);
         if (isCollapsed(mac)) clickControlAndWait(mac);
         clickControl(mac);
         mac.wait(4);
         EXPECT_TRUE(isCollapsed(mac));
-        mac.done({{"do", "terminate"}});
+        mac.terminate();
         mac.wait(3);
         EXPECT_FALSE(mac.mac().program().isRunning());
         EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{});

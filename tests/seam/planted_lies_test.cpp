@@ -364,7 +364,7 @@ void expectCaught(std::string_view family, const std::vector<std::string_view>& 
         EXPECT_EQ(self.on(promise).outcome, Outcome::Failed) << promise << "\n" << self.report.str();
 }
 
-TEST(PlantedLies, OfTheScheduler) {
+TEST(PlantedLies, ofTheScheduler) {
     expectCaught<SwapsPostedWork>("scheduler",
                                   {"Posted work runs on the main thread in the order of posting."});
     expectCaught<ForgetsToCancel>("scheduler", {"A cancelled timer never fires."});
@@ -372,14 +372,14 @@ TEST(PlantedLies, OfTheScheduler) {
         "scheduler", {"Concurrent shares run once each, and all have ended when the call returns."});
 }
 
-TEST(PlantedLies, OfText) {
+TEST(PlantedLies, ofText) {
     expectCaught<MindsCase>(
         "text", {"Folding takes away case and diacritics and reads invalid bytes as U+FFFD.",
                  "Folding width, too, is the same in every locale and leaves other scripts their marks.",
                  "Comparing takes no account of case, but of accents.", "Text services work on any thread."});
 }
 
-TEST(PlantedLies, OfScreens) {
+TEST(PlantedLies, ofScreens) {
     expectCaught<CountsFromBelow>(
         "screens",
         {"The menu bar's parts beside a notch lie at the top edge, left and right of it.",
@@ -387,7 +387,7 @@ TEST(PlantedLies, OfScreens) {
         "two-displays");
 }
 
-TEST(PlantedLies, OfTheWorkspace) {
+TEST(PlantedLies, ofTheWorkspace) {
     expectCaught<ListsBackwards>(
         "workspace", {"The running applications contain this process once, with its bundle identifier.",
                       "No process is listed twice.", "Applications that stay keep their order in the list.",
@@ -395,7 +395,7 @@ TEST(PlantedLies, OfTheWorkspace) {
                       "Icons are pictures of 32 × 32 pixels, and who isn't there has none."});
 }
 
-TEST(PlantedLies, OfTheWindowServer) {
+TEST(PlantedLies, ofTheWindowServer) {
     expectCaught<WritesTooFar>("window server",
                                {"The menu bar has windows, and no more than there are in all.",
                                 "A list of windows is written no further than it has room.",
@@ -403,7 +403,7 @@ TEST(PlantedLies, OfTheWindowServer) {
                                 "The place of a window that doesn't exist is an error."});
 }
 
-TEST(PlantedLies, OfAccessibility) {
+TEST(PlantedLies, ofAccessibility) {
     expectCaught<MixesUpAnswers>("accessibility",
                                  {"The program reads itself, and values keep their types.",
                                   "An attribute that an element lacks is unsupported or without a value.",
@@ -414,7 +414,7 @@ TEST(PlantedLies, OfAccessibility) {
                                   "Positions of items in the menu bar are counted from the top left."});
 }
 
-TEST(PlantedLies, OfDefaults) {
+TEST(PlantedLies, ofDefaults) {
     expectCaught<StoresCarelessly>(
         "defaults",
         {"Booleans, integers, reals, texts, data, arrays and dictionaries come back as they were stored.",
@@ -422,7 +422,7 @@ TEST(PlantedLies, OfDefaults) {
          "What was removed is gone.", "A later value replaces an earlier one of any kind."});
 }
 
-TEST(PlantedLies, OfEvents) {
+TEST(PlantedLies, ofEvents) {
     expectCaught<PostsToAll>("events",
                              {"An event source keeps the settings it was made with.",
                               "A prepared event holds what it was made of.", "Counts of events never fall.",
@@ -432,13 +432,13 @@ TEST(PlantedLies, OfEvents) {
                               "An event for one process leaves the pointer where it is."});
 }
 
-TEST(PlantedLies, OfHotKeys) {
+TEST(PlantedLies, ofHotKeys) {
     expectCaught<HasAnyKey>("hot keys", {"The system's own shortcuts are listed with their keys.",
                                          "A hot key is had once, and is free when its registration has gone.",
                                          "Handlers of presses are installed and removed."});
 }
 
-TEST(PlantedLies, OfStatusItems) {
+TEST(PlantedLies, ofStatusItems) {
     expectCaught<MisplacesItems>(
         "status items",
         {"A new item is in the menu bar with the length it was given, counted from the top left.",
@@ -446,7 +446,7 @@ TEST(PlantedLies, OfStatusItems) {
          "Label and tool tip reach Accessibility, and a hidden item is not found there."});
 }
 
-TEST(PlantedLies, OfPresentation) {
+TEST(PlantedLies, ofPresentation) {
     expectCaught<TellsTwice>("presentation",
                              {"A popover shows at its item, and tells once that it has closed.",
                               "A popover can be shown again, whatever its behaviour was at first.",

@@ -8,7 +8,7 @@ using Log = std::vector<std::string>;
 
 class ProgramHostTest : public MacTest {};
 
-TEST_F(ProgramHostTest, LaunchReopenAndQuitInOrder) {
+TEST_F(ProgramHostTest, launchReopenAndQuitInOrder) {
     bootAndStart(plainDesktop());
     const auto first = platform().application.processIdentifier();
     mac->program().start();
@@ -23,7 +23,7 @@ TEST_F(ProgramHostTest, LaunchReopenAndQuitInOrder) {
     EXPECT_NE(platform().application.processIdentifier(), first);
 }
 
-TEST_F(ProgramHostTest, QuitPutOffWaitsForTheReplyAndIsAskedAnew) {
+TEST_F(ProgramHostTest, quitPutOffWaitsForTheReplyAndIsAskedAnew) {
     bootAndStart(plainDesktop());
     program.reply = tavrin::TerminateReply::Later;
     platform().application.terminate();
@@ -43,7 +43,7 @@ TEST_F(ProgramHostTest, QuitPutOffWaitsForTheReplyAndIsAskedAnew) {
     EXPECT_EQ(program.platform, nullptr);
 }
 
-TEST_F(ProgramHostTest, NothingTheProgramDoesAfterItsEndReachesTheMac) {
+TEST_F(ProgramHostTest, nothingTheProgramDoesAfterItsEndReachesTheMac) {
     auto desktop = plainDesktop();
     desktop.applications = {applicationSpec("org.example.a", 501, {itemSpec("a", 30, 100)})};
     bootAndStart(desktop);
@@ -73,7 +73,7 @@ TEST_F(ProgramHostTest, NothingTheProgramDoesAfterItsEndReachesTheMac) {
     EXPECT_EQ(mac->program().leftovers(), Log{});
 }
 
-TEST_F(ProgramHostTest, LeftoversAreNamed) {
+TEST_F(ProgramHostTest, leftoversAreNamed) {
     bootAndStart(plainDesktop());
     const auto forgotten = makeItem("x", 20);
     const auto timer = scheduler.callEvery(tavrin::Seconds{1}, [] {});
@@ -84,7 +84,7 @@ TEST_F(ProgramHostTest, LeftoversAreNamed) {
     scheduler.cancelTimer(timer);
 }
 
-TEST_F(ProgramHostTest, QuitStoresThePlacesOfNamedItems) {
+TEST_F(ProgramHostTest, quitStoresThePlacesOfNamedItems) {
     auto desktop = plainDesktop();
     desktop.applications = {applicationSpec("org.example.a", 501, {itemSpec("a", 30, 100)})};
     bootAndStart(desktop);
@@ -98,7 +98,7 @@ TEST_F(ProgramHostTest, QuitStoresThePlacesOfNamedItems) {
     EXPECT_EQ(storedPosition("y"), 101) << "left of what stands right of it";
 }
 
-TEST_F(ProgramHostTest, ActivationAndProcessListReachTheProgramWhenItsLoopTurns) {
+TEST_F(ProgramHostTest, activationAndProcessListReachTheProgramWhenItsLoopTurns) {
     bootAndStart(plainDesktop());
     int activations = 0;
     const auto watch = platform().application.onDidBecomeActive([&] { ++activations; });

@@ -15,7 +15,7 @@ using tavrin::seam_check::Outcome;
 using tavrin::seam_check::Scope;
 using tavrin::seam_check::Verdict;
 
-TEST(SeamContract, TheModelledMacKeepsEveryPromise) {
+TEST(SeamContract, theModelledMacKeepsEveryPromise) {
     for (const auto& desktop : shippedDesktops)
         for (const bool isTrusted : {true, false}) {
             SCOPED_TRACE(desktop + (isTrusted ? ", trusted" : ", not trusted"));
@@ -35,7 +35,7 @@ TEST(SeamContract, TheModelledMacKeepsEveryPromise) {
         }
 }
 
-TEST(SeamContract, UnlessAskedItChangesNothing) {
+TEST(SeamContract, unlessAskedItChangesNothing) {
     SelfCheck self;
     self.scope = Scope::ReadingOnly;
     const auto mac = runOnMac(self);
@@ -46,7 +46,7 @@ TEST(SeamContract, UnlessAskedItChangesNothing) {
     EXPECT_TRUE(self.report.str().contains("--changes runs it."));
 }
 
-TEST(SeamContract, PromisesAreSentencesOfTheirOwn) {
+TEST(SeamContract, promisesAreSentencesOfTheirOwn) {
     std::set<std::string_view> promises;
     for (const auto& check : tavrin::seam_check::allChecks()) {
         EXPECT_TRUE(promises.insert(check.promise).second) << check.promise;
@@ -67,7 +67,7 @@ Task<Verdict> neverEnds(Platform) {
 
 Verdict isFine(const Platform&) { return tavrin::seam_check::passed("Fine."); }
 
-TEST(SeamContract, ChecksThatBreakOrHangAreFailuresAndTheRestGoesOn) {
+TEST(SeamContract, checksThatBreakOrHangAreFailuresAndTheRestGoesOn) {
     SelfCheck self;
     self.checks = {tavrin::seam_check::reads("test", "Breaks.", fails),
                    tavrin::seam_check::changes("test", "Hangs.", neverEnds),
@@ -82,7 +82,7 @@ TEST(SeamContract, ChecksThatBreakOrHangAreFailuresAndTheRestGoesOn) {
         << self.report.str();
 }
 
-TEST(SeamContract, OptionsAreTakenOrRefusedWithASentence) {
+TEST(SeamContract, optionsAreTakenOrRefusedWithASentence) {
     using tavrin::seam_check::parseOptions;
     EXPECT_EQ(parseOptions({})->scope, Scope::ReadingOnly);
     EXPECT_EQ(parseOptions({"--changes"})->scope, Scope::WithChanges);

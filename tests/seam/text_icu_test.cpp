@@ -4,7 +4,7 @@
 
 namespace mac_model {
 
-TEST(IcuText, FollowsTheSystemsRules) {
+TEST(IcuText, followsTheSystemsRules) {
     const auto text = makeIcuText();
     const auto compare = [&](auto left, auto right) { return text->compareIgnoringCase(left, right); };
     EXPECT_EQ(compare("wi-fi", "WI-FI"), std::strong_ordering::equal);

@@ -76,7 +76,7 @@ const tavrin::DefaultsValue storedOptionK{tavrin::DefaultsDictionary{
 
 } // namespace
 
-TEST_F(HotKeysTest, RegistrarsHearTheirOwnKeysAndShareThemWithOthers) {
+TEST_F(HotKeysTest, registrarsHearTheirOwnKeysAndShareThemWithOthers) {
     const auto first = registrars().make();
     const auto second = registrars().make();
     first->onPress = [&] { log.push_back("first"); };
@@ -98,7 +98,7 @@ TEST_F(HotKeysTest, RegistrarsHearTheirOwnKeysAndShareThemWithOthers) {
     EXPECT_TRUE(log.empty());
 }
 
-TEST_F(HotKeysTest, AKeyThatAnotherProcessHasExclusivelyIsRefused) {
+TEST_F(HotKeysTest, aKeyThatAnotherProcessHasExclusivelyIsRefused) {
     const auto registrar = registrars().make();
     take(optionK);
     EXPECT_FALSE(registrar->registerShortcut(optionK));
@@ -108,7 +108,7 @@ TEST_F(HotKeysTest, AKeyThatAnotherProcessHasExclusivelyIsRefused) {
     EXPECT_TRUE(press(optionK)) << "who has it keeps it";
 }
 
-TEST_F(HotKeysTest, EventsOfOtherSignaturesGoOnToTheirHandlers) {
+TEST_F(HotKeysTest, eventsOfOtherSignaturesGoOnToTheirHandlers) {
     auto& hotKeys = platform().hotKeys;
     const auto other = hotKeys.installPressHandler([&](const tavrin::HotKeyIdentifier& identifier) {
         log.push_back("other " + std::to_string(identifier.identifier));
@@ -124,7 +124,7 @@ TEST_F(HotKeysTest, EventsOfOtherSignaturesGoOnToTheirHandlers) {
     EXPECT_EQ(log, (Log{"other 1", "registrar"}));
 }
 
-TEST_F(HotKeysTest, NothingIsHeardOfAKeyOnceItsRegistrarIsGone) {
+TEST_F(HotKeysTest, nothingIsHeardOfAKeyOnceItsRegistrarIsGone) {
     auto registrar = registrars().make();
     registrar->onPress = [&] { log.push_back("pressed"); };
     ASSERT_TRUE(registrar->registerShortcut(optionK));
@@ -135,7 +135,7 @@ TEST_F(HotKeysTest, NothingIsHeardOfAKeyOnceItsRegistrarIsGone) {
     EXPECT_FALSE(press(optionK));
 }
 
-TEST_F(HotKeysTest, WhatIsStoredBecomesAUsableShortcut) {
+TEST_F(HotKeysTest, whatIsStoredBecomesAUsableShortcut) {
     using tavrin::DefaultsDictionary;
     using tavrin::DefaultsValue;
     const auto number = [](std::int64_t value) { return DefaultsValue{value}; };
@@ -187,7 +187,7 @@ TEST_F(HotKeysTest, WhatIsStoredBecomesAUsableShortcut) {
     }
 }
 
-TEST_F(HotKeysTest, ANewToggleShortcutReplacesTheOldOne) {
+TEST_F(HotKeysTest, aNewToggleShortcutReplacesTheOldOne) {
     makeController();
     EXPECT_EQ(stored(), std::nullopt) << "the default isn't written";
     press(usual);
@@ -203,7 +203,7 @@ TEST_F(HotKeysTest, ANewToggleShortcutReplacesTheOldOne) {
     EXPECT_EQ(controller->shortcut(), std::nullopt);
 }
 
-TEST_F(HotKeysTest, ARefusedToggleShortcutLeavesTheOldOneInForce) {
+TEST_F(HotKeysTest, aRefusedToggleShortcutLeavesTheOldOneInForce) {
     makeController();
     Log asked;
     controller->conflict = [&](const HotKeyShortcut& shortcut) -> std::optional<std::string> {
@@ -233,7 +233,7 @@ TEST_F(HotKeysTest, ARefusedToggleShortcutLeavesTheOldOneInForce) {
     EXPECT_EQ(asked, (Log{"40", "37"})) << "the same shortcut is no conflict";
 }
 
-TEST_F(HotKeysTest, SuspendingKeepsTheToggleShortcutFromActing) {
+TEST_F(HotKeysTest, suspendingKeepsTheToggleShortcutFromActing) {
     makeController();
     controller->suspend();
     EXPECT_FALSE(press(usual));
@@ -248,7 +248,7 @@ TEST_F(HotKeysTest, SuspendingKeepsTheToggleShortcutFromActing) {
     EXPECT_EQ(controller->shortcut(), optionK) << "it may be free again at the next launch";
 }
 
-TEST_F(HotKeysTest, TheMessageGoesWhenTheShortcutCouldBeRegisteredAgain) {
+TEST_F(HotKeysTest, theMessageGoesWhenTheShortcutCouldBeRegisteredAgain) {
     store(storedOptionK);
     const auto giveUpTyping = [&] {
         controller->suspend();
@@ -269,7 +269,7 @@ TEST_F(HotKeysTest, TheMessageGoesWhenTheShortcutCouldBeRegisteredAgain) {
     EXPECT_EQ(message(), "That shortcut is in use by another app") << "it is about the other shortcut";
 }
 
-TEST_F(HotKeysTest, AShortcutTakenAtLaunchIsReportedAndKept) {
+TEST_F(HotKeysTest, aShortcutTakenAtLaunchIsReportedAndKept) {
     store(storedOptionK);
     take(optionK);
     makeController();
@@ -279,7 +279,7 @@ TEST_F(HotKeysTest, AShortcutTakenAtLaunchIsReportedAndKept) {
     EXPECT_TRUE(press(optionL));
 }
 
-TEST_F(HotKeysTest, OfTheSystemsShortcutsTheEnabledAndCompleteOnesCount) {
+TEST_F(HotKeysTest, ofTheSystemsShortcutsTheEnabledAndCompleteOnesCount) {
     mac->hotKeys().symbolicHotKeys = {
         {true, 49, 0x100},        {false, 50, 0x100}, {std::nullopt, 51, 0x100}, {true, std::nullopt, 0x100},
         {true, 52, std::nullopt}, {true, 20, 0x1B00}, {true, -1, 0x100},         {true, 0xFFFF, 0},

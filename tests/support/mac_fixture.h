@@ -110,25 +110,6 @@ inline DesktopFile plainDesktop() {
     return desktop;
 }
 
-/// A folder that is gone at the end of the test.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "tavrin-test-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
-    }
-
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-
-    const std::filesystem::path& path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
-
 class MacTest : public testing::Test {
   protected:
     static constexpr auto programBundle = "org.example.program";

@@ -3,7 +3,6 @@
 #include "app/app_delegate.h"
 #include "desktop/desktop_loader.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
@@ -115,17 +114,6 @@ std::string shippedDesktop(const std::string& name) {
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
-}
-
-TemporaryFolder::TemporaryFolder() {
-    auto pattern = (std::filesystem::temp_directory_path() / "tavrin-test-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder can be made");
-    path_ = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
 }
 
 } // namespace mac_model

@@ -59,6 +59,20 @@ class TavrinMac {
 
     void settle() { done({{"do", "settle"}}); }
 
+    void key(const std::string& name) { done({{"do", "key"}, {"key", name}}); }
+
+    // Tavrin's life: launched, or reopened while it runs; asked to quit; gone at once.
+    void start() { done({{"do", "start"}}); }
+
+    void terminate() { done({{"do", "terminate"}}); }
+
+    void crash() { done({{"do", "crash"}}); }
+
+    /// What was posted and chosen since the last call.
+    json events() { return done({{"do", "events"}}); }
+
+    json stats() { return done({{"do", "stats"}}); }
+
     void set(const std::string& key, json value) { done({{"do", "set"}, {key, std::move(value)}}); }
 
     /// Everything in the tree of open surfaces whose text is this; empty when there is nothing.
@@ -90,19 +104,5 @@ class TavrinMac {
 std::string shippedDesktop(const std::string& name);
 inline const std::vector<std::string> shippedDesktops{"notched-laptop", "classic-display", "two-displays",
                                                       "macos-27"};
-
-/// A folder of its own for one test, removed at its end.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
-
-    const std::filesystem::path& path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 } // namespace mac_model

@@ -23,7 +23,7 @@ std::string pictureIn(const DragPreview& preview) {
 
 } // namespace
 
-TEST(DragPreview, ShowsTheFirstPictureAndTheLabel) {
+TEST(DragPreview, showsTheFirstPictureAndTheLabel) {
     struct Case {
         View dragged;
         std::string picture;

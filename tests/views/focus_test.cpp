@@ -38,7 +38,7 @@ FocusPlaces places(const View& view) { return focusPlacesOf(view); }
 
 } // namespace
 
-TEST(Focus, IsTakenByWhatAPersonCanUse) {
+TEST(Focus, isTakenByWhatAPersonCanUse) {
     struct Case {
         std::string what;
         View view;
@@ -67,7 +67,7 @@ TEST(Focus, IsTakenByWhatAPersonCanUse) {
     }
 }
 
-TEST(Focus, TabGoesRoundThroughEverything) {
+TEST(Focus, tabGoesRoundThroughEverything) {
     const auto all = places(lists(1, 1));
     const std::vector<ViewPath> order{{1, 0, 0, 0}, {1, 0, 0, 0, 1}, {1, 0, 1, 0}, {1, 0, 1, 0, 1}, {2}};
     At at;
@@ -79,7 +79,7 @@ TEST(Focus, TabGoesRoundThroughEverything) {
     EXPECT_EQ(focusBeside(places(text("Words")), std::nullopt, FocusStep::Next), std::nullopt);
 }
 
-TEST(Focus, UpAndDownStayInTheList) {
+TEST(Focus, upAndDownStayInTheList) {
     struct Case {
         At from;
         At down;
@@ -106,7 +106,7 @@ TEST(Focus, UpAndDownStayInTheList) {
     EXPECT_EQ(focusInList(places(lists(0, 0)), ViewPath{2}, FocusStep::Next), std::nullopt);
 }
 
-TEST(Focus, GoesToTheNearestByPlaceWhenItsViewIsGone) {
+TEST(Focus, goesToTheNearestByPlaceWhenItsViewIsGone) {
     struct Case {
         std::string what;
         View tree;
@@ -126,7 +126,7 @@ TEST(Focus, GoesToTheNearestByPlaceWhenItsViewIsGone) {
     for (const auto& c : cases) EXPECT_EQ(focusNear(places(c.tree), c.from), c.to) << c.what;
 }
 
-TEST(Focus, GoesBackToWhereItWasPut) {
+TEST(Focus, goesBackToWhereItWasPut) {
     KeptFocus focus;
     EXPECT_EQ(focus.settleIn(places(lists(1, 1))), std::nullopt) << "nobody has put it anywhere";
 
