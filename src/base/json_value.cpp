@@ -27,14 +27,14 @@ constexpr CharacterSet plainCharacters = [] {
     return set;
 }();
 
-/// The same, except for what is escaped though it needn't be.
+/// The same without the characters that are escaped though they needn't be.
 constexpr CharacterSet unescapedCharacters = [] {
     auto set = plainCharacters;
     set['/'] = false;
     return set;
 }();
 
-/// How many of the text's first characters are of the set.
+/// The number of characters at the text's front that are of the set.
 std::size_t countOfFirst(std::string_view text, const CharacterSet& set) {
     const auto isOther = [&set](char character) { return !set[static_cast<unsigned char>(character)]; };
     return static_cast<std::size_t>(std::ranges::find_if(text, isOther) - text.begin());
@@ -169,7 +169,7 @@ class Parser {
         return true;
     }
 
-    /// After "\u".
+    /// Reads what follows "\u".
     bool readCodeUnits(std::string& into) {
         const auto first = readHexadecimal();
         if (!first || (*first & 0xFC00) == 0xDC00) return false;

@@ -10,7 +10,7 @@
 
 namespace tavrin {
 
-/// A number that is no integer of 64 bits. What it is exactly, nobody has asked yet.
+/// A number that is no integer of 64 bits. Its value isn't kept, because nothing has needed it yet.
 struct JsonOtherNumber {};
 
 struct JsonMember;
@@ -32,8 +32,9 @@ struct JsonMember {
 /// Deeper nesting than this is refused, which bounds the stack that reading takes.
 inline constexpr std::size_t jsonDepthMax = 512;
 
-/// None for what is no JSON (RFC 8259), in which invalid UTF-8, a lone surrogate in an escape and anything
-/// after the value have no place. A byte order mark is skipped. 4.0 and 4e0 are integers as well. Any thread.
+/// Reads a JSON text; none for what is no JSON (RFC 8259), in which invalid UTF-8, a lone surrogate in an
+/// escape and anything after the value have no place. A byte order mark is skipped. 4.0 and 4e0 are integers
+/// as well. Any thread.
 std::optional<JsonValue> parseJson(std::string_view text);
 
 /// Appends the text as a JSON string, with "/" escaped. Bytes that are no UTF-8 become U+FFFD.

@@ -5,9 +5,8 @@
 
 namespace tavrin {
 
-/// Work that was handed out for later refers to its owner; it is dropped when by then the owner has gone. The
-/// gate is a field of that owner, and closes with it. It says nothing about when or where the work runs. One
-/// thread.
+/// Drops work that was handed out for later when its owner, to whom it refers, has gone by then. The gate is
+/// a field of that owner and closes with it. It says nothing about when or where the work runs. One thread.
 class OwnerGate {
   public:
     /// Tells whether the owner is still there. May be kept longer than the gate.
@@ -15,7 +14,7 @@ class OwnerGate {
       public:
         bool isOpen() const { return !open_.expired(); }
 
-        /// The work, as far as the owner is there when it is called.
+        /// Gives the work back as one that does nothing when the owner has gone by the time it is called.
         template <class Work>
         auto guarded(Work work) const {
             return [pass = *this, work = std::move(work)] {

@@ -8,8 +8,8 @@ bool isWithin(char32_t value, char32_t least, char32_t greatest) {
     return value >= least && value <= greatest;
 }
 
-/// How a character begins that takes several bytes. The limits of its second byte keep out overlong forms,
-/// surrogates and what lies beyond U+10FFFF.
+/// The first byte of a character that takes several, and what may follow it. The limits of its second byte
+/// keep out overlong forms, surrogates and what lies beyond U+10FFFF.
 struct Beginning {
     std::size_t following = 0; // bytes; 0 for a byte that begins nothing
     char32_t bits = 0;

@@ -36,7 +36,7 @@ std::string_view frontWithin(std::size_t bytesMax, std::string_view utf8);
 
 void appendCharacter(std::string& utf8, char32_t character);
 
-/// A system that keeps text as UTF-16 meets the program's UTF-8 here. An unpaired surrogate is a U+FFFD.
+/// Conversions for systems that keep text as UTF-16. An unpaired surrogate becomes U+FFFD.
 std::vector<std::uint16_t> utf16From(std::string_view utf8);
 std::string utf8From(std::span<const std::uint16_t> utf16);
 

@@ -16,7 +16,7 @@ struct DueKey {
     auto operator<=>(const DueKey&) const = default;
 };
 
-/// Work whose copies share one state, as a timer needs that stays listed while its work runs.
+/// Makes work whose copies share one state: a timer that stays listed while its work runs needs that.
 inline Work sharedWork(Work work) {
     return [shared = std::make_shared<Work>(std::move(work))] { (*shared)(); };
 }

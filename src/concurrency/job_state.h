@@ -17,7 +17,7 @@ class Waiter {
     ~Waiter() = default;
 };
 
-/// What all the coroutines of one job share.
+/// The state that all coroutines of one job share.
 class JobState : public std::enable_shared_from_this<JobState> {
   public:
     explicit JobState(Scheduler& jobScheduler);
@@ -32,7 +32,7 @@ class JobState : public std::enable_shared_from_this<JobState> {
     bool isFinished() const { return isFinished_; }
 
     /// Ends the job: one that has not begun never does, one that waits is resumed at once and has ended when
-    /// this returns, one that is running (it cancels itself) goes on to its end without waiting any more.
+    /// this returns, one that is running (it cancels itself) goes on to its end without any further wait.
     void cancel();
 
     void startWaiting(Waiter& waiter) { waiter_ = &waiter; }

@@ -39,8 +39,8 @@ class [[nodiscard]] Subscription {
 };
 
 /// Calls its handlers in the order of their subscription. A handler may subscribe, unsubscribe anyone and
-/// destroy the signal: those unsubscribed are not called any more, those added are called from the next
-/// emission on, and a destroyed signal calls nobody. Main thread.
+/// destroy the signal: those unsubscribed are no longer called, those added are called from the next emission
+/// on, and a destroyed signal calls nobody. Main thread.
 template <class... Arguments>
 class Signal {
   public:

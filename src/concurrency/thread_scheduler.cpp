@@ -78,7 +78,7 @@ class ThreadQueue final : public SerialQueue {
 
 ThreadScheduler::~ThreadScheduler() {
     assert(queuesAlive_ == 0 && "queues end before their scheduler");
-    // What the dropped work owns may post and cancel while it is destroyed.
+    // Dropped work may own objects that post and cancel while they are destroyed.
     timers_.clear();
     while (!events_.empty()) std::exchange(events_, {}).clear();
 }

@@ -32,7 +32,7 @@ VirtualScheduler::VirtualScheduler() = default;
 
 VirtualScheduler::~VirtualScheduler() {
     assert(lanes_.empty() && "queues end before their scheduler");
-    // What the dropped work owns may post and cancel while it is destroyed.
+    // Dropped work may own objects that post and cancel while they are destroyed.
     timers_.clear();
     while (!events_.empty()) std::exchange(events_, {}).clear();
 }

@@ -83,12 +83,12 @@ class VirtualScheduler final : public Scheduler {
         std::unique_ptr<BatonThread> thread;
         Lane parent = mainLane; // the lane that waits for this one inside concurrentPerform
         bool isBusy = false;
-        bool hurries = false; // its queue ends: waits cost nothing any more and nothing more begins
+        bool hurries = false; // its queue ends: waits no longer cost anything, and nothing new begins
     };
 
     TimerIdentifier addTimer(Seconds delay, Event event);
     void add(Seconds delay, Event event);
-    /// Runs, one after the other, what `select` chooses until that is nothing.
+    /// Runs the pieces of work that `select` chooses, one after the other, until it chooses none.
     using Selection = std::function<Events::iterator()>;
     void runWhileSelected(Selection select);
     Events::iterator nextRunnable();
@@ -97,7 +97,7 @@ class VirtualScheduler final : public Scheduler {
     Events::node_type take(Events::iterator next);
     bool isBlocked(const Event& event) const;
     void run(Events::iterator next);
-    /// Spares handing the baton back and forth when nothing else runs before the lane does.
+    /// Lets the lane go on without handing the baton back and forth when nothing else runs before it.
     bool goesOnAtOnce(Lane lane);
     void postOn(Lane lane, Work work);
     void runOnThread(QueueLane& lane, Event& event);

@@ -187,7 +187,7 @@ class [[nodiscard]] RunOnAwaiter final : public Waiter {
 
 /// `co_await runOn(queue, function)`: runs `function(const AbandonFlag&)` on the queue and gives its result,
 /// or none when the wait was cut short (the flag is raised and the late result is dropped on the main thread)
-/// or the queue was destroyed before the function began. What the function throws, the wait throws. The
+/// or the queue was destroyed before the function began. The wait throws what the function throws. The
 /// function owns all it uses, or uses what outlives the queue; it is gone before the wait ends: destroyed on
 /// the queue's thread when it has run.
 template <class Function>

@@ -10,7 +10,7 @@ namespace tavrin {
 
 enum class TerminateReply { Now, Later };
 
-/// What the system asks of the program.
+/// The system's requests to the program.
 class ApplicationDelegate {
   public:
     virtual ~ApplicationDelegate() = default;

@@ -76,7 +76,7 @@ class EventSource {
     EventSourceSettings settings_;
 };
 
-/// All there is to decide about an event of the left mouse button.
+/// The properties that make up an event of the left mouse button.
 struct MouseEvent {
     MouseEventType type = MouseEventType::Moved;
     Point location;

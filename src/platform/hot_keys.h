@@ -47,8 +47,7 @@ struct SymbolicHotKey {
     bool operator==(const SymbolicHotKey&) const = default;
 };
 
-/// Carbon's hot keys: keys that reach this process whatever application is active. No consent is needed. Main
-/// thread, where the handlers run, too.
+/// Carbon's hot keys: keys that reach this process whatever application is active. No consent is needed.
 class HotKeys {
   public:
     enum class Handling { Handled, NotHandled };

@@ -16,7 +16,7 @@ struct MenuItem {
     bool isChecked = false;
     bool isSeparator = false;
     std::optional<IconOfApplication> icon; // 16 points
-    std::function<void()> action;          // main thread, after the menu has closed
+    std::function<void()> action;          // called after the menu has closed
 
     static MenuItem separator() {
         MenuItem item;

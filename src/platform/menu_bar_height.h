@@ -2,7 +2,7 @@
 
 namespace tavrin {
 
-/// What AppKit says about the top of a screen, in points.
+/// AppKit's facts about the top of a screen, in points.
 struct MenuBarHeightFacts {
     double reservedAtTop = 0;  // between the tops of `frame` and of `visibleFrame`
     double notchHeight = 0;    // `safeAreaInsets.top`

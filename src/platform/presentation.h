@@ -32,8 +32,7 @@ class Popover {
     virtual bool isShown() const = 0;
 };
 
-/// A titled window, closable and of the size of its content. Destroying it closes it without telling. Main
-/// thread.
+/// A titled window, closable and of the size of its content. Destroying it closes it without telling.
 class Window {
   public:
     virtual ~Window() = default;
@@ -55,7 +54,7 @@ class Panel {
     virtual bool isShown() const = 0;
 };
 
-/// What an alert asks. Return presses the first button, Escape one that is called "Cancel".
+/// The question of an alert. Return presses the first button, Escape one that is called "Cancel".
 struct AlertQuestion {
     std::string messageText;
     std::string informativeText;
@@ -70,7 +69,7 @@ class Alert {
     virtual void bringToFront() = 0;
 };
 
-/// Where Tavrin's views meet the screen.
+/// Puts Tavrin's views on the screen.
 class Presentation {
   public:
     virtual ~Presentation() = default;

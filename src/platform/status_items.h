@@ -25,8 +25,8 @@ struct TemplateImage {
 
 enum class StatusItemPress { Left, Right };
 
-/// One status item of this process. Destroying it removes it from the menu bar, and with that macOS forgets
-/// its preferred position.
+/// One status item of this process. Destroying it removes it from the menu bar; macOS then forgets its
+/// preferred position.
 class StatusItem {
   public:
     virtual ~StatusItem() = default;

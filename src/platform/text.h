@@ -16,7 +16,7 @@ class Text {
     /// Localized comparison in which letter case does not count.
     virtual std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view right) const = 0;
 
-    /// Without differences of case and of diacritics.
+    /// The text without differences of case and of diacritics.
     virtual std::string foldingCaseAndDiacritics(std::string_view text) const = 0;
 
     /// Also without differences of width (half-width kana, full-width letters), and the same in every locale.
@@ -31,7 +31,7 @@ class Text {
     /// Only the characters that are letters, marks or numbers.
     virtual std::string keepingAlphanumerics(std::string_view text) const = 0;
 
-    /// Without white space and line breaks at both ends.
+    /// The text without white space and line breaks at both ends.
     virtual std::string trimmed(std::string_view text) const = 0;
 };
 

@@ -15,11 +15,11 @@ namespace WindowServerMenuBar {
 using Connection = std::int32_t;
 using WindowNumber = std::uint32_t;
 
-/// What a function of the window server answers; 0 is success.
+/// The answer of a function of the window server; 0 is success.
 using Status = std::int32_t;
 
-/// The window server's private functions, one call each, with nothing judged: counts and rectangles come as
-/// the system gives them, in points with the origin at the top left. Cheap; main thread.
+/// The window server's private functions, one call each. They judge nothing: counts and rectangles come as
+/// the system gives them, in points with the origin at the top left. Cheap.
 class Functions {
   public:
     virtual ~Functions() = default;
@@ -43,7 +43,7 @@ class Functions {
 
 /// A window as the window server lists it.
 struct OnScreenWindow {
-    /// Where open menus lie, and what hangs from status items (kCGPopUpMenuWindowLevelKey).
+    /// The layer of open menus and of what hangs from status items (kCGPopUpMenuWindowLevelKey).
     static constexpr int popUpMenuLayer = 101;
 
     std::uint32_t number = 0;

@@ -43,7 +43,7 @@ class Workspace {
     virtual std::optional<std::string> bundleIdentifierAt(std::string_view path) const = 0;
 
     /// The application's icon as a PNG of 32 × 32 pixels for 16 × 16 points; none when there is no such
-    /// process or no icon of it. Main thread.
+    /// process or no icon of it.
     virtual std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier process) const = 0;
 
     /// The same for the application that is installed under the bundle identifier, running or not.

@@ -21,7 +21,7 @@ std::vector<Check> keyboardChecks();
 std::vector<Check> statusItemsChecks();
 std::vector<Check> presentationChecks();
 
-/// What the others stand on comes first.
+/// The checks that the others rely on come first.
 std::vector<Check> allChecks();
 
 } // namespace tavrin::seam_check

@@ -26,13 +26,13 @@ inline Verdict skipped(std::string reason) { return {Outcome::Skipped, std::move
 /// preferences domain of its own, shows something for a moment, posts an event that moves nothing.
 enum class Effect { Reads, Changes };
 
-/// One promise of the platform, and how to see whether this system keeps it. What `seen` says names no
-/// application, file or text of the user, so that a report can be sent to anybody.
+/// One promise of the platform, and how to see whether this system keeps it. `seen` names no application,
+/// file or text of the user, so that a report can be sent to anybody.
 struct Check {
     std::string_view family;
     std::string_view promise; // a sentence, unique among all checks
     Effect effect = Effect::Reads;
-    /// Main thread; every wait in it is bounded and ends when its job is cancelled.
+    /// Every wait in it is bounded and ends when its job is cancelled.
     std::function<Task<Verdict>(Platform)> body;
 };
 

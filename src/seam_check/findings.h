@@ -7,7 +7,7 @@
 
 namespace tavrin::seam_check {
 
-/// Gathers what is not as promised, so that one check tells of all of it.
+/// Gathers broken promises, so that one check tells of all of them.
 class Findings {
   public:
     void expect(bool isKept, const std::string& complaint) {

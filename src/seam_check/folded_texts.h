@@ -9,10 +9,10 @@ struct TextCase {
     std::string_view expected;
 };
 
-/// What folding case, diacritics and width without a locale makes of a text, on every system. Core Foundation
-/// takes marks only off bases below U+0510 (Latin, Greek, Cyrillic): elsewhere they tell words apart. Letters
-/// that don't decompose (ø, ł, đ) keep their strokes. Case folds in full, so that ß is ss. Not yet seen on a
-/// Mac: ẞ, keycaps, and the half-width voiced marks, which its side maps itself.
+/// Texts, and what folding case, diacritics and width without a locale makes of them on every system. Core
+/// Foundation takes marks only off bases below U+0510 (Latin, Greek, Cyrillic): elsewhere they tell words
+/// apart. Letters that don't decompose (ø, ł, đ) keep their strokes. Case folds in full, so that ß is ss. Not
+/// yet seen on a Mac: ẞ, keycaps, and the half-width voiced marks, which its side maps itself.
 inline constexpr TextCase foldedTexts[] = {
     {"", ""},
     {"Quit Éclat", "quit eclat"},

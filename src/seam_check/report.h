@@ -8,10 +8,10 @@
 
 namespace tavrin::seam_check {
 
-/// The Mac that is looked at. `architecture` is the one the program was built for.
+/// Writes which Mac is looked at. `architecture` is the one the program was built for.
 void writeHead(std::ostream& out, const Platform& platform, std::string_view architecture);
 
-/// One line, and one more for what was seen.
+/// Writes a line for the result, and one more for what was seen.
 void writeResult(std::ostream& out, const CheckResult& result);
 
 /// "12 passed, 0 failed, 3 skipped", and the failures once more by name.

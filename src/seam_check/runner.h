@@ -16,8 +16,9 @@ struct CheckResult {
     Verdict verdict;
 };
 
-/// Runs the checks one after the other, whatever becomes of each: what one throws, or that it doesn't end in
-/// time, is its failure. `onResult` hears each when it has ended. Cancelled, it returns what there is so far.
+/// Runs the checks one after the other, whatever becomes of each: one that throws, or doesn't end in time,
+/// has failed. `onResult` hears each result when its check has ended. A cancelled run returns the results so
+/// far.
 Task<std::vector<CheckResult>> runChecks(Platform platform, std::vector<Check> checks, Scope scope,
                                          std::function<void(const CheckResult&)> onResult);
 

@@ -15,8 +15,8 @@ namespace tavrin::seam_check {
 /// job was cancelled. What the condition refers to stays alive while it is awaited.
 Task<bool> comesTrue(Platform platform, std::function<bool()> condition, Seconds limit);
 
-/// What `ask` answers on a queue, off the main thread; none when the job was cancelled. Messages to other
-/// processes block their thread, so that they belong there.
+/// Runs `ask` on a queue, off the main thread, and gives its answer; none when the job was cancelled.
+/// Messages to other processes belong there, because they block their thread.
 template <class Ask>
 Task<std::optional<std::invoke_result_t<Ask&>>> offTheMainThread(Platform platform, Ask ask) {
     const auto queue = platform.scheduler.makeSerialQueue("org.tavrin.seam-check");

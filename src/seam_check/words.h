@@ -19,7 +19,7 @@ std::string said(Point point);        // "(3, 4)"
 std::string said(const Rect& rect);   // "185 × 32 at (663, 0)"
 std::string said(AccessibilityError); // "AXError -25205"
 
-/// Nothing is said as "none".
+/// An absent value is said as "none".
 template <class Value>
 std::string said(const std::optional<Value>& value) {
     return value ? said(*value) : "none";

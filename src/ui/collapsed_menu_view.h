@@ -8,10 +8,10 @@
 namespace tavrin {
 
 /// The configure window: the items in a Shown and a Hidden section, moved from one to the other by dragging,
-/// by keyboard or by a menu, and the control that applies the choice. Main thread.
+/// by keyboard or by a menu, and the control that applies the choice.
 class CollapsedMenuView {
   public:
-    /// The tree for what the model tells. Its actions refer to this object.
+    /// Makes the tree that shows the model. Its actions refer to this object.
     View content(const ConfigureModel& model);
 
   private:

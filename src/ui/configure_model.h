@@ -10,7 +10,7 @@
 
 namespace tavrin {
 
-/// What the configure window shows at one moment, and what it can ask for.
+/// The state that the configure window shows at one moment, and the actions that it can ask for.
 struct ConfigureModel {
     struct Actions {
         std::function<void(const std::vector<std::string>& identifiers, bool hidden)> setItems;

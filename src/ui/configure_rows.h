@@ -7,7 +7,7 @@
 
 namespace tavrin {
 
-/// What moving the row's item to the other section does to it.
+/// The effect on the row's item of moving it to the other section.
 enum class RowMove { Hide, Show };
 
 /// One item of the configure window. An item that macOS keeps in its place can't be moved.

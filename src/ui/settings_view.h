@@ -7,7 +7,7 @@
 
 namespace tavrin {
 
-/// What the settings window shows at one moment, and what it can ask for.
+/// The state that the settings window shows at one moment, and the actions that it can ask for.
 struct SettingsModel {
     struct Actions {
         std::function<void()> toggleAutomaticUpdates;

@@ -11,7 +11,6 @@ namespace tavrin {
 enum class RecorderLook { Resting, Recording };
 
 /// A recorder's push button as a renderer has made it, with its window. It accepts being first responder.
-/// Main thread.
 class RecorderButtonHost {
   public:
     virtual ~RecorderButtonHost() = default;
@@ -27,8 +26,8 @@ class RecorderButtonHost {
     virtual Subscription onWindowResignedKey(std::function<void()> handler) = 0;
 };
 
-/// What happens to the button comes here, and all that it does is decided here; a renderer makes one for each
-/// button and keeps it for as long as the button stands. Main thread.
+/// Hears of everything that happens to the button and decides everything that it does. A renderer makes one
+/// for each button and keeps it for as long as the button stands.
 class RecorderButton {
   public:
     virtual ~RecorderButton() = default;
@@ -39,7 +38,7 @@ class RecorderButton {
     virtual void movesFromWindow() = 0;
 };
 
-/// How a view tree says which recorder stands there.
+/// Makes the recorder for a place in a view tree.
 struct RecorderButtonMaker {
     /// The host outlives what is made.
     std::function<std::unique_ptr<RecorderButton>(RecorderButtonHost&)> make;

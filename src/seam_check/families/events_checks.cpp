@@ -84,7 +84,7 @@ MouseEvent movedTo(Point location) {
     return event;
 }
 
-/// A person who moves the mouse meanwhile is no fault of the system: it is tried a few times.
+/// A person who moves the mouse meanwhile is no fault of the system, so the check tries a few times.
 constexpr int tries = 4;
 
 Task<Verdict> movesArrive(Platform platform) {

@@ -10,7 +10,7 @@ namespace {
 
 struct Command {
     NSString* title;
-    SEL action;    // goes to whoever has the keyboard
+    SEL action;    // goes to the object that has the keyboard
     NSString* key; // with Command; a capital with Shift, too
 };
 

@@ -6,8 +6,8 @@
 
 namespace tavrin::macos {
 
-/// What is drawn behind the control's glyph: a pill while items are hidden, a coral glow while the hint
-/// points at it. Both let the mouse through.
+/// The drawings behind the control's glyph: a pill while items are hidden, a coral glow while the hint points
+/// at it. Both let the mouse through.
 class MenuBarControlDecorations {
   public:
     /// Puts the drawings behind the button; again after macOS has given the button another window. Does

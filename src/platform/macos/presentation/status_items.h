@@ -22,7 +22,7 @@ class MacStatusItem final : public StatusItem {
     MacStatusItem(const MacStatusItem&) = delete;
     MacStatusItem& operator=(const MacStatusItem&) = delete;
 
-    /// For those who anchor popovers and menus. Nil when the system gave the item no button.
+    /// Popovers and menus are anchored to it. Nil when the system gave the item no button.
     NSStatusBarButton* button() const { return item_.button; }
 
     void setLength(double length) override;

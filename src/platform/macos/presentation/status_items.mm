@@ -98,7 +98,7 @@ void MacStatusItem::setAccessibilityLabel(std::string label) {
 
 void MacStatusItem::setHiddenFromAccessibility(bool hidden) {
     item_.button.accessibilityHidden = hidden;
-    // What assistive technology meets of a control is its cell.
+    // Assistive technology meets a control's cell, not the control.
     item_.button.cell.accessibilityElement = !hidden;
 }
 

@@ -10,9 +10,9 @@ namespace tavrin::macos {
 
 using Deliver = std::function<void(Work)>;
 
-/// The way from one of AppKit's objects into the program. Work is posted to the main thread, so that it never
-/// runs inside the AppKit call that brought it and may destroy what it came from. It is dropped when by then
-/// the gate is gone: a callback refers to the owner of the object that it was given to.
+/// The way from an object of AppKit's into the program. Work is posted to the main thread, so that it never
+/// runs inside the AppKit call that brought it and may destroy that object. Work whose turn comes after the
+/// gate has gone is dropped, because a callback refers to the owner of the object.
 class CallbackGate {
   public:
     explicit CallbackGate(Scheduler& scheduler) : scheduler_(scheduler) {}

@@ -15,8 +15,8 @@ namespace tavrin::macos {
 
 /// Never nil.
 NSString* toNSString(std::string_view text);
-/// A text of the program's in the user's language, as the bundle's table of texts has it; else, and for the
-/// texts of others, the text itself.
+/// A text of the program's in the user's language, by the bundle's table of texts; a text that the table
+/// lacks, such as another application's, stays as it is.
 NSString* localized(std::string_view text);
 CfReference<CFStringRef> cfString(std::string_view text);
 /// Empty for nil.
@@ -37,7 +37,8 @@ inline Rect rectFromQuartz(CGRect rect) {
 
 inline CGPoint quartzPoint(Point point) { return CGPointMake(point.x, point.y); }
 
-// Those of Cocoa's screens and windows count from the bottom left of the primary screen. Main thread.
+// Points and rectangles of Cocoa's screens and windows count from the bottom left of the primary screen. Main
+// thread.
 
 /// Height of the primary screen in points; 0 while there is none.
 double primaryScreenHeight();

@@ -5,7 +5,7 @@
 
 namespace tavrin::macos {
 
-/// Stands first in what AppKit allows on the main thread only.
+/// Comes first in functions that AppKit allows on the main thread only.
 inline void assertMainThread() { assert(pthread_main_np() != 0 && "belongs to the main thread"); }
 
 } // namespace tavrin::macos

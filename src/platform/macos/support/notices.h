@@ -8,8 +8,8 @@
 
 namespace tavrin::macos {
 
-// Each of these calls `handler` after every notice of the system, posted to the main thread, until the
-// subscription goes. The system is listened to no longer than that.
+// Each function calls `handler`, posted to the main thread, after every notice of the system until the
+// subscription goes. It stops listening to the system then.
 
 Subscription observe(Scheduler& scheduler, NSNotificationCenter* center, NSNotificationName name,
                      std::function<void()> handler);

@@ -64,7 +64,7 @@ void MacApplication::terminate() {
 }
 
 /// Posted, because AppKit takes an answer only after the delegate has put the end off, and the program may
-/// already know it by then.
+/// know its answer before that.
 void MacApplication::replyToShouldTerminate(bool terminates) {
     scheduler_.post([terminates] { [NSApp replyToApplicationShouldTerminate:terminates]; });
 }

@@ -10,6 +10,6 @@ void describe(TavrinViewNode* node);
 
 } // namespace tavrin::macos
 
-/// What assistive technology and the right mouse button are offered.
+/// The view as assistive technology and the right mouse button meet it.
 @interface TavrinViewNode (Accessibility)
 @end

@@ -63,12 +63,12 @@ NSMenu* contextMenu(TavrinViewNode* node) {
                                    [weakNode](tavrin::Work work) { [weakNode deliverWork:std::move(work)]; });
 }
 
-/// What assistive technology meets: the control, or the node where it has none of its own.
+/// The object that assistive technology meets: the control, or the node where it has none of its own.
 NSView* elementOf(TavrinViewNode* node) {
     return node.innerControl && !tavrin::is<kinds::Scroll>([node shownView]) ? node.innerControl : node;
 }
 
-/// A picture without a label only decorates. What assistive technology meets of a control is its cell.
+/// A picture without a label only decorates. Assistive technology meets a control's cell, not the control.
 void describePicture(NSImageView* picture, BOOL isLabelled) {
     picture.accessibilityElement = isLabelled;
     picture.cell.accessibilityElement = isLabelled;
@@ -104,7 +104,7 @@ void tavrin::macos::describe(TavrinViewNode* node) {
     return [super isAccessibilitySelectorAllowed:selector];
 }
 
-// What is clicked within the view has its menu as well.
+// A click on anything within the view has its menu as well.
 - (NSMenu*)menuForEvent:(NSEvent*)event {
     return self.menu ? self.menu : [self.superview menuForEvent:event];
 }

@@ -10,7 +10,7 @@
 
 namespace tavrin::macos {
 
-/// Measures with the controls that are shown, one of each kind that no window holds. Main thread.
+/// Measures with the controls that are shown, one of each kind that no window holds.
 class MacControlSizes final : public ControlSizes {
   public:
     Size sizeOf(const View& control, double width) const override;

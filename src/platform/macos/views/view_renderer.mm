@@ -26,7 +26,7 @@ void ViewRenderer::setContent(View content) {
 }
 
 NSSize ViewRenderer::layOut(double widthMax, double heightMax) {
-    if (surface_.isTakingUp) return surface_.frame.size; // whoever brought the tree lays it out
+    if (surface_.isTakingUp) return surface_.frame.size; // the caller that brought the tree lays it out
     const Size wanted = measured([surface_.rootNode shownView], widthMax, sizes_);
     const NSSize size =
         NSMakeSize(std::ceil(wanted.width), std::ceil(std::min(wanted.height, std::max(0.0, heightMax))));

@@ -24,7 +24,8 @@
 /// Moves the focus as Tab, Shift-Tab, up and down do. NO for other keys, and when nothing takes the focus.
 - (BOOL)moveFocusWith:(NSEvent*)event;
 
-/// Ends what tells the program of its fate by itself, before the surface leaves the screen for good.
+/// Ends the recorders, which tell the program of their fate by themselves, before the surface leaves the
+/// screen for good.
 - (void)letRecordersGo;
 
 @end
