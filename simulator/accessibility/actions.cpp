@@ -14,10 +14,10 @@ void AccessibilityActions::perform(const ElementKey& key, std::string_view actio
 
 /// Every action does what a click does, whatever its name.
 void AccessibilityActions::actOn(StatusItemIdentifier item) {
-    if (!items_.press(item, tavrin::StatusItemPress::Left)) surfaces_.toggle(item);
+    if (!items_.press(item, StatusItemPress::Left)) surfaces_.toggle(item);
 }
 
-void AccessibilityActions::pressTitle(tavrin::ProcessIdentifier process, std::size_t title) {
+void AccessibilityActions::pressTitle(ProcessIdentifier process, std::size_t title) {
     const auto* owner = processes_.menuBarOwner();
     if (owner && owner->identifier == process) applicationMenus_.toggle(title, {});
 }

@@ -4,6 +4,7 @@
 #include "accessibility/menu_contents.h"
 #include "applications/application_menus.h"
 #include "applications/status_item_surfaces.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string_view>
 
@@ -27,7 +28,7 @@ class AccessibilityActions {
 
   private:
     void actOn(StatusItemIdentifier);
-    void pressTitle(tavrin::ProcessIdentifier, std::size_t title);
+    void pressTitle(ProcessIdentifier, std::size_t title);
     void pressEntry(const ElementKey&);
     void cancelMenuOf(const ElementKey&);
 

@@ -5,7 +5,6 @@
 namespace mac_model {
 
 using Kind = ElementKey::Kind;
-using tavrin::AttributeResult;
 
 bool ApplicationBranch::hasMenuBar(const ElementKey& key) const {
     return process(key).application.policy == Policy::Regular && screens_.primary();
@@ -45,11 +44,11 @@ std::optional<Branch::Keys> ApplicationBranch::children(const ElementKey& key) c
     return found;
 }
 
-std::optional<tavrin::Rect> ApplicationBranch::frame(const ElementKey& key) const {
+std::optional<Rect> ApplicationBranch::frame(const ElementKey& key) const {
     const auto* screen = screens_.primary();
     if (!screen || key.kind == Kind::Application) return std::nullopt;
     if (key.kind == Kind::Title) return menuTitles(process(key).application, *screen)[key.owner].frame;
-    return tavrin::Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};
+    return Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};
 }
 
 AttributeResult ApplicationBranch::attribute(const ElementKey& key, std::string_view name) const {

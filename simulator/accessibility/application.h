@@ -5,6 +5,7 @@
 #include "accessibility/menu_contents.h"
 #include "system/process_table.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -25,8 +26,8 @@ class ApplicationBranch final : public Branch {
     std::string role(const ElementKey&) const override;
     std::optional<ElementKey> parent(const ElementKey&) const override;
     std::optional<Keys> children(const ElementKey&) const override;
-    std::optional<tavrin::Rect> frame(const ElementKey&) const override;
-    tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const override;
+    std::optional<Rect> frame(const ElementKey&) const override;
+    AttributeResult attribute(const ElementKey&, std::string_view name) const override;
     std::vector<std::string> actionNames(const ElementKey&) const override;
 
   private:
@@ -34,9 +35,9 @@ class ApplicationBranch final : public Branch {
 
     bool hasMenuBar(const ElementKey&) const;
     std::uint64_t titleCount(const ElementKey&) const;
-    tavrin::AttributeResult ofApplication(const ElementKey&, std::string_view name) const;
-    tavrin::AttributeResult extrasBar(const ElementKey&) const;
-    tavrin::AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
+    AttributeResult ofApplication(const ElementKey&, std::string_view name) const;
+    AttributeResult extrasBar(const ElementKey&) const;
+    AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
 
     const ProcessTable& processes_;
     const ScreensModel& screens_;

@@ -4,7 +4,7 @@
 
 namespace mac_model {
 
-using Error = tavrin::AccessibilityError;
+using Error = AccessibilityError;
 
 ElementKey childOf(const ElementKey& parent, ElementKey::Kind kind, std::uint64_t owner) {
     return {.process = parent.process, .kind = kind, .owner = owner, .generation = 0, .path = {}};
@@ -27,12 +27,12 @@ ElementKey outOfPath(ElementKey key, ElementKey::Kind kind) {
     return key;
 }
 
-tavrin::AttributeResult unsupported() { return std::unexpected(Error::AttributeUnsupported); }
+AttributeResult unsupported() { return std::unexpected(Error::AttributeUnsupported); }
 
-tavrin::AttributeResult noValue() { return std::unexpected(Error::NoValue); }
+AttributeResult noValue() { return std::unexpected(Error::NoValue); }
 
-tavrin::AttributeResult textOrNone(const std::string& text) {
-    return text.empty() ? noValue() : tavrin::AttributeResult(text);
+AttributeResult textOrNone(const std::string& text) {
+    return text.empty() ? noValue() : AttributeResult(text);
 }
 
 } // namespace mac_model

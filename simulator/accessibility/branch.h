@@ -1,6 +1,7 @@
 #pragma once
 
 #include "accessibility/element.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <string>
@@ -28,9 +29,9 @@ class Branch {
     /// None when the element supports no children.
     virtual std::optional<Keys> children(const ElementKey&) const = 0;
     /// None when it is nowhere on the screen.
-    virtual std::optional<tavrin::Rect> frame(const ElementKey&) const = 0;
+    virtual std::optional<Rect> frame(const ElementKey&) const = 0;
     /// Any attribute but role, parent, children, geometry and whether it is enabled.
-    virtual tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const = 0;
+    virtual AttributeResult attribute(const ElementKey&, std::string_view name) const = 0;
 
     virtual bool isEnabled(const ElementKey&) const { return true; }
 
@@ -46,9 +47,9 @@ ElementKey inPath(ElementKey, ElementKey::Kind, std::uint32_t entry);
 /// One level back.
 ElementKey outOfPath(ElementKey, ElementKey::Kind);
 
-tavrin::AttributeResult unsupported();
-tavrin::AttributeResult noValue();
+AttributeResult unsupported();
+AttributeResult noValue();
 /// For attributes that an element always knows, but which may be empty.
-tavrin::AttributeResult textOrNone(const std::string&);
+AttributeResult textOrNone(const std::string&);
 
 } // namespace mac_model

@@ -4,9 +4,6 @@
 
 namespace mac_model {
 
-using tavrin::ProcessIdentifier;
-using tavrin::Seconds;
-
 namespace {
 
 /// How often a message that waits for a hung process looks whether the process has come back.

@@ -4,6 +4,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "privacy/permission.h"
 #include "system/process_table.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <expected>
@@ -17,11 +18,11 @@ namespace mac_model {
 /// reference's time-out when the receiver hangs, of the calling thread's virtual time.
 class MessageDelivery {
   public:
-    static constexpr tavrin::Seconds timeoutAtFirst{6};
+    static constexpr Seconds timeoutAtFirst{6};
 
     /// `seed` other than 0 makes latencies vary between half and twice their value.
-    MessageDelivery(tavrin::VirtualScheduler& scheduler, const ProcessTable& processes,
-                    const Permission& permission, const Uncertainties& uncertainties, std::uint64_t seed)
+    MessageDelivery(VirtualScheduler& scheduler, const ProcessTable& processes, const Permission& permission,
+                    const Uncertainties& uncertainties, std::uint64_t seed)
         : scheduler_(scheduler)
         , processes_(processes)
         , permission_(permission)
@@ -29,9 +30,9 @@ class MessageDelivery {
         , varies_(seed != 0)
         , random_(seed) {}
 
-    using Error = tavrin::AccessibilityError;
+    using Error = AccessibilityError;
 
-    std::expected<void, Error> send(tavrin::ProcessIdentifier caller, const ElementReference&);
+    std::expected<void, Error> send(ProcessIdentifier caller, const ElementReference&);
     /// The receiver got the message and doesn't answer in time.
     Error runIntoTimeout(const ElementReference&);
 
@@ -40,9 +41,9 @@ class MessageDelivery {
 
   private:
     std::expected<void, Error> deliver(const ElementReference&);
-    tavrin::Seconds latencyOf(const Process&);
+    Seconds latencyOf(const Process&);
 
-    tavrin::VirtualScheduler& scheduler_;
+    VirtualScheduler& scheduler_;
     const ProcessTable& processes_;
     const Permission& permission_;
     const Uncertainties& uncertainties_;

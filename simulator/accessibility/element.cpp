@@ -18,8 +18,8 @@ std::size_t ElementReference::hash() const {
     return hash;
 }
 
-tavrin::AccessibilityElement elementFor(ElementKey key) {
-    return tavrin::AccessibilityElement(std::make_shared<const ElementReference>(std::move(key)));
+AccessibilityElement elementFor(ElementKey key) {
+    return AccessibilityElement(std::make_shared<const ElementReference>(std::move(key)));
 }
 
 } // namespace mac_model

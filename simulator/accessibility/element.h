@@ -2,6 +2,7 @@
 
 #include "concurrency/scheduler.h"
 #include "platform/accessibility.h"
+#include "vocabulary/vocabulary.h"
 
 #include <compare>
 #include <cstdint>
@@ -24,7 +25,7 @@ struct ElementKey {
         TitleEntry,
     };
 
-    tavrin::ProcessIdentifier process = 0;
+    ProcessIdentifier process = 0;
     Kind kind = Kind::Application;
     std::uint64_t owner = 0;
     std::uint64_t generation = 0;    // of a status menu: see StatusItemRecord::menuGeneration
@@ -33,7 +34,7 @@ struct ElementKey {
     auto operator<=>(const ElementKey&) const = default;
 };
 
-class ElementReference final : public tavrin::AccessibilityElement::Reference {
+class ElementReference final : public AccessibilityElement::Reference {
   public:
     explicit ElementReference(ElementKey key) : key_(std::move(key)) {}
 
@@ -43,16 +44,16 @@ class ElementReference final : public tavrin::AccessibilityElement::Reference {
     std::size_t hash() const override;
 
     /// Zero is the default of the process.
-    tavrin::Seconds timeout() const { return timeout_; }
+    Seconds timeout() const { return timeout_; }
 
-    void setTimeout(tavrin::Seconds timeout) const { timeout_ = timeout; }
+    void setTimeout(Seconds timeout) const { timeout_ = timeout; }
 
   private:
     ElementKey key_;
     // A time-out belongs to the reference, not to the element, and is set through a constant handle.
-    mutable tavrin::Seconds timeout_{0};
+    mutable Seconds timeout_{0};
 };
 
-tavrin::AccessibilityElement elementFor(ElementKey);
+AccessibilityElement elementFor(ElementKey);
 
 } // namespace mac_model

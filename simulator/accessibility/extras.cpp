@@ -3,7 +3,6 @@
 namespace mac_model {
 
 using Kind = ElementKey::Kind;
-using tavrin::AttributeResult;
 
 bool ExtrasBranch::exists(const ElementKey& key) const {
     if (key.kind == Kind::ExtrasBar) return true;
@@ -16,7 +15,7 @@ std::string ExtrasBranch::role(const ElementKey& key) const {
     return key.kind == Kind::Group ? "AXGroup" : "AXMenuBarItem";
 }
 
-Branch::Keys ExtrasBranch::itemsOf(tavrin::ProcessIdentifier owner) const {
+Branch::Keys ExtrasBranch::itemsOf(ProcessIdentifier owner) const {
     Keys found;
     ElementKey process;
     process.process = owner;
@@ -55,11 +54,11 @@ Branch::Keys ExtrasBranch::menuOf(const ElementKey& key) const {
     return {menu};
 }
 
-std::optional<tavrin::Rect> ExtrasBranch::frame(const ElementKey& key) const {
+std::optional<Rect> ExtrasBranch::frame(const ElementKey& key) const {
     const auto* screen = screens_.primary();
     if (!screen) return std::nullopt;
     if (key.kind == Kind::ExtrasBar)
-        return tavrin::Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};
+        return Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};
     if (!item(key).frame) return std::nullopt;
     return arrangement_.accessibilityFrame(item(key));
 }

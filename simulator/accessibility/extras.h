@@ -5,6 +5,7 @@
 #include "menu_bar/arrangement.h"
 #include "menu_bar/status_item_table.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -24,13 +25,13 @@ class ExtrasBranch final : public Branch {
     std::string role(const ElementKey&) const override;
     std::optional<ElementKey> parent(const ElementKey&) const override;
     std::optional<Keys> children(const ElementKey&) const override;
-    std::optional<tavrin::Rect> frame(const ElementKey&) const override;
-    tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const override;
+    std::optional<Rect> frame(const ElementKey&) const override;
+    AttributeResult attribute(const ElementKey&, std::string_view name) const override;
     bool isEnabled(const ElementKey&) const override;
     std::vector<std::string> actionNames(const ElementKey&) const override;
 
     /// The items of the process that Accessibility knows.
-    Keys itemsOf(tavrin::ProcessIdentifier) const;
+    Keys itemsOf(ProcessIdentifier) const;
 
   private:
     const StatusItemRecord& item(const ElementKey& key) const {
@@ -40,7 +41,7 @@ class ExtrasBranch final : public Branch {
     /// The element `depth` groups below the bar, on the way to the item.
     ElementKey onTheWay(const ElementKey& key, std::uint32_t depth) const;
     Keys menuOf(const ElementKey&) const;
-    tavrin::AttributeResult ofItem(const ElementKey&, std::string_view name) const;
+    AttributeResult ofItem(const ElementKey&, std::string_view name) const;
 
     const StatusItemTable& items_;
     const Arrangement& arrangement_;

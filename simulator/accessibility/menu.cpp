@@ -7,7 +7,6 @@
 namespace mac_model {
 
 using Kind = ElementKey::Kind;
-using tavrin::AttributeResult;
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include "accessibility/menu_contents.h"
 #include "menu_bar/status_item_table.h"
 #include "system/process_table.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -29,9 +30,9 @@ class MenuBranch final : public Branch {
     std::optional<Keys> children(const ElementKey&) const override;
 
     /// Accessibility isn't told where a menu opens.
-    std::optional<tavrin::Rect> frame(const ElementKey&) const override { return std::nullopt; }
+    std::optional<Rect> frame(const ElementKey&) const override { return std::nullopt; }
 
-    tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const override;
+    AttributeResult attribute(const ElementKey&, std::string_view name) const override;
     bool isEnabled(const ElementKey&) const override;
     std::vector<std::string> actionNames(const ElementKey&) const override;
 

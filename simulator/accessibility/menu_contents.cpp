@@ -4,7 +4,7 @@
 
 namespace mac_model {
 
-MenuContents::MenuContents(const tavrin::VirtualScheduler& scheduler, const ProcessTable& processes,
+MenuContents::MenuContents(const VirtualScheduler& scheduler, const ProcessTable& processes,
                            const Faults& faults, MenuTracking& menus)
     : scheduler_(scheduler)
     , processes_(processes)
@@ -19,9 +19,8 @@ bool MenuContents::areListed(const ElementKey& menu) const {
     return since && scheduler_.now() >= *since + *fillsAfter;
 }
 
-tavrin::AttributeResult MenuContents::shownMenu(const ElementKey& itemOrTitle,
-                                                const ElementKey& itsMenu) const {
-    using Error = tavrin::AccessibilityError;
+AttributeResult MenuContents::shownMenu(const ElementKey& itemOrTitle, const ElementKey& itsMenu) const {
+    using Error = AccessibilityError;
     if (faultsOf(itemOrTitle.process).hidesShownMenu) return std::unexpected(Error::AttributeUnsupported);
     if (!isShownAt(itemOrTitle)) return std::unexpected(Error::NoValue);
     return elementFor(itsMenu);

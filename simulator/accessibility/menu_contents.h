@@ -4,6 +4,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "screen/menu_tracking.h"
 #include "system/menu_faults.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 
@@ -12,11 +13,11 @@ namespace mac_model {
 /// Menus as Accessibility sees them, also those of processes that fill them late or hide them.
 class MenuContents {
   public:
-    MenuContents(const tavrin::VirtualScheduler&, const ProcessTable&, const Faults&, MenuTracking&);
+    MenuContents(const VirtualScheduler&, const ProcessTable&, const Faults&, MenuTracking&);
     MenuContents(const MenuContents&) = delete;
     MenuContents& operator=(const MenuContents&) = delete;
 
-    MenuFaults faultsOf(tavrin::ProcessIdentifier process) const {
+    MenuFaults faultsOf(ProcessIdentifier process) const {
         return menuFaultsOf(process, processes_, faults_);
     }
 
@@ -27,17 +28,17 @@ class MenuContents {
     bool isShownAt(const ElementKey& key) const { return open_ && open_->isOf(key); }
 
     /// A status item's or title's answer when asked for the menu that it shows now.
-    tavrin::AttributeResult shownMenu(const ElementKey& itemOrTitle, const ElementKey& itsMenu) const;
+    AttributeResult shownMenu(const ElementKey& itemOrTitle, const ElementKey& itsMenu) const;
 
   private:
     void noteOpenMenu();
 
-    const tavrin::VirtualScheduler& scheduler_;
+    const VirtualScheduler& scheduler_;
     const ProcessTable& processes_;
     const Faults& faults_;
     const MenuTracking& menus_;
     std::optional<OpenMenu> open_;
-    tavrin::Subscription menuChanges_;
+    Subscription menuChanges_;
 };
 
 } // namespace mac_model

@@ -4,11 +4,6 @@
 
 namespace mac_model {
 
-using tavrin::AccessibilityElement;
-using tavrin::AttributeResult;
-using tavrin::ProcessIdentifier;
-using tavrin::Seconds;
-
 std::expected<const ElementReference*, AccessibilityServer::Error>
 AccessibilityServer::send(ProcessIdentifier caller, const AccessibilityElement& element) {
     const auto* reference = dynamic_cast<const ElementReference*>(&element.reference());

@@ -8,6 +8,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "platform/accessibility.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <span>
@@ -22,33 +23,30 @@ namespace mac_model {
 /// macOS while its main thread is blocked is not modelled.
 class AccessibilityServer {
   public:
-    AccessibilityServer(tavrin::VirtualScheduler& scheduler, MessageDelivery& delivery,
-                        const AccessibilityTree& tree, const MenuContents& menus,
-                        AccessibilityActions& actions)
+    AccessibilityServer(VirtualScheduler& scheduler, MessageDelivery& delivery, const AccessibilityTree& tree,
+                        const MenuContents& menus, AccessibilityActions& actions)
         : world_(scheduler)
         , delivery_(delivery)
         , tree_(tree)
         , menus_(menus)
         , actions_(actions) {}
 
-    using Error = tavrin::AccessibilityError;
+    using Error = AccessibilityError;
 
-    tavrin::AttributeResult attribute(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
-                                      std::string_view name);
-    std::expected<std::vector<tavrin::AttributeResult>, Error>
-    attributes(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
-               std::span<const std::string_view> names);
-    std::expected<std::vector<std::string>, Error> actionNames(tavrin::ProcessIdentifier caller,
-                                                               const tavrin::AccessibilityElement&);
-    std::expected<void, Error> perform(tavrin::ProcessIdentifier caller, const tavrin::AccessibilityElement&,
+    AttributeResult attribute(ProcessIdentifier caller, const AccessibilityElement&, std::string_view name);
+    std::expected<std::vector<AttributeResult>, Error> attributes(ProcessIdentifier caller,
+                                                                  const AccessibilityElement&,
+                                                                  std::span<const std::string_view> names);
+    std::expected<std::vector<std::string>, Error> actionNames(ProcessIdentifier caller,
+                                                               const AccessibilityElement&);
+    std::expected<void, Error> perform(ProcessIdentifier caller, const AccessibilityElement&,
                                        std::string_view action);
 
   private:
     /// The element that the message reached.
-    std::expected<const ElementReference*, Error> send(tavrin::ProcessIdentifier caller,
-                                                       const tavrin::AccessibilityElement&);
+    std::expected<const ElementReference*, Error> send(ProcessIdentifier caller, const AccessibilityElement&);
     std::expected<void, Error> performOn(const ElementReference&, std::string_view action);
-    void actAfter(tavrin::Seconds delay, const ElementKey&, std::string_view action);
+    void actAfter(Seconds delay, const ElementKey&, std::string_view action);
 
     WorldCalls world_;
     MessageDelivery& delivery_;

@@ -3,14 +3,13 @@
 namespace mac_model {
 
 using Kind = ElementKey::Kind;
-using tavrin::AttributeResult;
 
 namespace {
 
 AttributeResult elements(const Branch::Keys& keys) {
-    std::vector<tavrin::AccessibilityElement> list;
+    std::vector<AccessibilityElement> list;
     for (const auto& key : keys) list.push_back(elementFor(key));
-    return tavrin::AttributeValue(std::move(list));
+    return AttributeValue(std::move(list));
 }
 
 } // namespace

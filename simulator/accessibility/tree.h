@@ -4,6 +4,7 @@
 #include "accessibility/branch.h"
 #include "accessibility/extras.h"
 #include "accessibility/menu.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <string_view>
@@ -29,13 +30,13 @@ class AccessibilityTree {
         , menu_(processes, items, extras_, application_, menus, uncertainties) {}
 
     bool exists(const ElementKey&) const;
-    tavrin::AttributeResult attribute(const ElementKey&, std::string_view name) const;
+    AttributeResult attribute(const ElementKey&, std::string_view name) const;
     std::vector<std::string> actionNames(const ElementKey&) const;
     bool isEnabled(const ElementKey&) const;
 
   private:
     const Branch& branchOf(const ElementKey&) const;
-    tavrin::AttributeResult geometry(const ElementKey&, std::string_view name) const;
+    AttributeResult geometry(const ElementKey&, std::string_view name) const;
 
     const ProcessTable& processes_;
     ExtrasBranch extras_;

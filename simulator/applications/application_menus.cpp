@@ -25,7 +25,7 @@ std::vector<MenuTitle> ApplicationMenus::titlesOn(const ScreenSpec& screen) cons
     return owner ? menuTitles(owner->application, screen) : std::vector<MenuTitle>{};
 }
 
-std::optional<std::size_t> ApplicationMenus::titleAt(tavrin::Point point) const {
+std::optional<std::size_t> ApplicationMenus::titleAt(Point point) const {
     for (const auto& screen : screens_.screens()) {
         const auto titles = titlesOn(screen);
         for (std::size_t i = 0; i < titles.size(); ++i)
@@ -34,7 +34,7 @@ std::optional<std::size_t> ApplicationMenus::titleAt(tavrin::Point point) const 
     return std::nullopt;
 }
 
-void ApplicationMenus::toggle(std::size_t title, tavrin::Point point) {
+void ApplicationMenus::toggle(std::size_t title, Point point) {
     const auto* owner = processes_.menuBarOwner();
     if (!owner || !owner->application.responding || title >= titleCount(owner->application)) return;
     const MenuAnchor anchor{.item = StatusItemIdentifier::None, .title = title};
@@ -50,7 +50,7 @@ void ApplicationMenus::toggle(std::size_t title, tavrin::Point point) {
     menus_.open(std::move(request));
 }
 
-void ApplicationMenus::choose(tavrin::ProcessIdentifier process, std::size_t title, const MenuPath& path) {
+void ApplicationMenus::choose(ProcessIdentifier process, std::size_t title, const MenuPath& path) {
     const auto* owner = processes_.find(process);
     if (!owner || title >= titleCount(owner->application)) return;
     const auto items = menuUnderTitle(owner->application, title);
@@ -77,7 +77,7 @@ bool ApplicationMenus::chooseByKey(std::string_view key, const std::vector<Modif
     return false;
 }
 
-void ApplicationMenus::run(tavrin::ProcessIdentifier process, std::size_t title, const MenuPath& path) {
+void ApplicationMenus::run(ProcessIdentifier process, std::size_t title, const MenuPath& path) {
     const auto* owner = processes_.find(process);
     if (!owner) return;
     const auto application = owner->application;

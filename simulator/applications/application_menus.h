@@ -5,6 +5,7 @@
 #include "screen/menu_tracking.h"
 #include "system/process_table.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <string_view>
@@ -25,17 +26,17 @@ class ApplicationMenus {
     /// The titles on the screen, from left to right; none when no application has menus.
     std::vector<MenuTitle> titlesOn(const ScreenSpec&) const;
     /// The number of the title at a point of any screen.
-    std::optional<std::size_t> titleAt(tavrin::Point) const;
+    std::optional<std::size_t> titleAt(Point) const;
 
     /// Opens the menu on the screen with the point, or closes it when it is open.
-    void toggle(std::size_t title, tavrin::Point);
+    void toggle(std::size_t title, Point);
     /// Runs an entry of the application's menu, open or not.
-    void choose(tavrin::ProcessIdentifier, std::size_t title, const MenuPath&);
+    void choose(ProcessIdentifier, std::size_t title, const MenuPath&);
     /// Runs the entry of the frontmost application with this key equivalent; false when there is none.
     bool chooseByKey(std::string_view key, const std::vector<Modifier>&);
 
   private:
-    void run(tavrin::ProcessIdentifier, std::size_t title, const MenuPath&);
+    void run(ProcessIdentifier, std::size_t title, const MenuPath&);
 
     ProcessTable& processes_;
     const ScreensModel& screens_;

@@ -2,6 +2,7 @@
 
 #include "concurrency/signal.h"
 #include "concurrency/virtual_scheduler.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <utility>
@@ -11,7 +12,7 @@ namespace mac_model {
 
 /// A menu entry that ran.
 struct ChosenEntry {
-    tavrin::Seconds time{0};
+    Seconds time{0};
     std::string owner;             // bundle identifier
     std::string menu;              // the title in the menu bar, or the name of the status item
     std::vector<std::string> path; // titles from the outermost menu inwards
@@ -20,7 +21,7 @@ struct ChosenEntry {
 /// Which menu entries of other applications ran, oldest first.
 class ChosenEntries {
   public:
-    explicit ChosenEntries(const tavrin::VirtualScheduler& scheduler) : scheduler_(scheduler) {}
+    explicit ChosenEntries(const VirtualScheduler& scheduler) : scheduler_(scheduler) {}
 
     /// Notes an entry that runs now.
     void record(std::string owner, std::string menu, std::vector<std::string> path) {
@@ -31,10 +32,10 @@ class ChosenEntries {
     /// The entries since the last call.
     std::vector<ChosenEntry> drain() { return std::exchange(entries_, {}); }
 
-    tavrin::Signal<ChosenEntry> onRecorded;
+    Signal<ChosenEntry> onRecorded;
 
   private:
-    const tavrin::VirtualScheduler& scheduler_;
+    const VirtualScheduler& scheduler_;
     std::vector<ChosenEntry> entries_;
 };
 

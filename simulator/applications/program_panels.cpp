@@ -7,18 +7,21 @@
 
 namespace mac_model {
 
+using tavrin::column;
+using tavrin::text;
+
 namespace {
 
-tavrin::View iconOf(const ProgramInfo& program) { return tavrin::icon({program.bundleIdentifier}, 64); }
+View iconOf(const ProgramInfo& program) { return tavrin::icon({program.bundleIdentifier}, 64); }
 
 } // namespace
 
-void ProgramPanels::show(SurfaceIdentifier& shown, Surface surface, const tavrin::View& content) {
+void ProgramPanels::show(SurfaceIdentifier& shown, Surface surface, const View& content) {
     const auto connection = program_.connection();
     if (!connection) return;
     if (stack_.find(shown) == nullptr) {
         surface.owner = connection->process();
-        surface.deliver = [this](tavrin::Work work) { world_.after(tavrin::Seconds{0}, std::move(work)); };
+        surface.deliver = [this](Work work) { world_.after(Seconds{0}, std::move(work)); };
         placeTitledWindow(surface, content, screens_.screens());
         shown = stack_.add(std::move(surface)).identifier;
     }
@@ -32,25 +35,23 @@ void ProgramPanels::showAbout() {
     panel.kind = SurfaceKind::Panel;
     panel.title = "About " + program.name;
     show(about_, std::move(panel),
-         tavrin::column({iconOf(program), tavrin::text(program.name, {.style = tavrin::TextStyle::Heading}),
-                         tavrin::text(program.displayVersion, {.style = tavrin::TextStyle::Caption})},
-                        {.padding = 24, .width = 284, .isCentered = true}));
+         column({iconOf(program), text(program.name, {.style = TextStyle::Heading}),
+                 text(program.displayVersion, {.style = TextStyle::Caption})},
+                {.padding = 24, .width = 284, .isCentered = true}));
 }
 
 void ProgramPanels::showUpToDate() {
     const auto& program = program_.info();
     auto done = tavrin::button("OK", [this] { stack_.dismiss(upToDate_); },
-                               {.style = tavrin::ButtonStyle::Prominent, .isDefault = true});
+                               {.style = ButtonStyle::Prominent, .isDefault = true});
     Surface alert;
     alert.kind = SurfaceKind::Alert;
     alert.title = "Software Update";
-    show(
-        upToDate_, std::move(alert),
-        tavrin::column(
-            {iconOf(program), tavrin::text("You’re up to date!", {.style = tavrin::TextStyle::Heading}),
-             tavrin::text(program.name + " is currently the newest version available.", {.isCentered = true}),
-             std::move(done)},
-            {.padding = 20, .width = 300, .isCentered = true}));
+    show(upToDate_, std::move(alert),
+         column({iconOf(program), text("You’re up to date!", {.style = TextStyle::Heading}),
+                 text(program.name + " is currently the newest version available.", {.isCentered = true}),
+                 std::move(done)},
+                {.padding = 20, .width = 300, .isCentered = true}));
 }
 
 } // namespace mac_model

@@ -5,6 +5,7 @@
 #include "system/screens_model.h"
 #include "system/world_calls.h"
 #include "views/view.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -12,8 +13,8 @@ namespace mac_model {
 /// search for updates.
 class ProgramPanels {
   public:
-    ProgramPanels(tavrin::VirtualScheduler& scheduler, const ProgramProcess& program,
-                  const ScreensModel& screens, SurfaceStack& stack)
+    ProgramPanels(VirtualScheduler& scheduler, const ProgramProcess& program, const ScreensModel& screens,
+                  SurfaceStack& stack)
         : world_(scheduler)
         , program_(program)
         , screens_(screens)
@@ -26,7 +27,7 @@ class ProgramPanels {
     void showUpToDate();
 
   private:
-    void show(SurfaceIdentifier& shown, Surface, const tavrin::View& content);
+    void show(SurfaceIdentifier& shown, Surface, const View& content);
 
     WorldCalls world_;
     const ProgramProcess& program_;

@@ -3,11 +3,15 @@
 #include "screen/menu_layout.h"
 #include "screen/placement.h"
 #include "views/view_builders.h"
+#include "vocabulary/vocabulary.h"
 
 #include <utility>
 #include <vector>
 
 namespace mac_model {
+
+using tavrin::column;
+using tavrin::text;
 
 namespace {
 
@@ -18,10 +22,10 @@ std::string nameOfOwner(const StatusItemRecord& item, const ProcessTable& proces
     return process ? process->application.name : std::string{};
 }
 
-tavrin::View contentOf(const std::string& name, const std::string& owner) {
-    std::vector<tavrin::View> lines{tavrin::text(name, {.style = tavrin::TextStyle::Heading})};
-    if (owner != name) lines.push_back(tavrin::text(owner, {.tone = tavrin::Tone::Secondary}));
-    return tavrin::column(std::move(lines), {.padding = 14, .width = contentWidth});
+View contentOf(const std::string& name, const std::string& owner) {
+    std::vector<View> lines{text(name, {.style = TextStyle::Heading})};
+    if (owner != name) lines.push_back(text(owner, {.tone = Tone::Secondary}));
+    return column(std::move(lines), {.padding = 14, .width = contentWidth});
 }
 
 } // namespace

@@ -9,6 +9,9 @@
 
 namespace mac_model {
 
+using tavrin::column;
+using tavrin::text;
+
 namespace {
 
 constexpr std::string_view linkScheme = "x-apple.systempreferences:";
@@ -16,12 +19,12 @@ constexpr std::string_view accessibilityPage = "com.apple.preference.security?Pr
 constexpr double contentWidth = 480;
 constexpr double besideOtherWindows = 180; // so that the window that opened it stays in sight
 
-tavrin::View switchRow(const std::string& bundleIdentifier, const std::string& name, bool isOn,
-                       std::function<void()> onPress) {
+View switchRow(const std::string& bundleIdentifier, const std::string& name, bool isOn,
+               std::function<void()> onPress) {
     auto toggle = tavrin::checkbox("", isOn, std::move(onPress));
     toggle.accessibilityLabel = name;
     return tavrin::row(
-        {tavrin::icon({bundleIdentifier}, 16), tavrin::text(name), tavrin::spacer(), std::move(toggle)},
+        {tavrin::icon({bundleIdentifier}, 16), text(name), tavrin::spacer(), std::move(toggle)},
         {.isCentered = true});
 }
 
@@ -34,7 +37,7 @@ ApplicationSpec application() {
 
 } // namespace
 
-SystemSettings::SystemSettings(tavrin::VirtualScheduler& scheduler, ProcessTable& processes,
+SystemSettings::SystemSettings(VirtualScheduler& scheduler, ProcessTable& processes,
                                const ScreensModel& screens, Permission& permission,
                                const ProgramInfo& program, SurfaceStack& stack)
     : world_(scheduler)
@@ -58,13 +61,13 @@ bool SystemSettings::open(std::string_view url) {
     return true;
 }
 
-void SystemSettings::showWindow(tavrin::ProcessIdentifier process) {
+void SystemSettings::showWindow(ProcessIdentifier process) {
     if (stack_.find(window_) == nullptr) {
         Surface window;
         window.kind = SurfaceKind::Window;
         window.owner = process;
         window.title = "Accessibility";
-        window.deliver = [this](tavrin::Work work) { world_.after(tavrin::Seconds{0}, std::move(work)); };
+        window.deliver = [this](Work work) { world_.after(Seconds{0}, std::move(work)); };
         window.onDismissed = [this] { hasClosed(); };
         placeTitledWindow(window, content(), screens_.screens());
         SurfaceStack::moveBy(window, besideOtherWindows, 0);
@@ -90,8 +93,8 @@ void SystemSettings::toggleOther(const std::string& bundle) {
     update();
 }
 
-std::vector<tavrin::View> SystemSettings::switches() {
-    std::map<std::pair<std::string, std::string>, tavrin::View> rows; // by name
+std::vector<View> SystemSettings::switches() {
+    std::map<std::pair<std::string, std::string>, View> rows; // by name
     for (const auto* process : processes_.processes()) {
         const auto& other = process->application;
         const bool mayAsk = other.policy == Policy::Regular && !other.bundleIdentifier.empty() &&
@@ -104,21 +107,18 @@ std::vector<tavrin::View> SystemSettings::switches() {
     rows[{program_.name, program_.bundleIdentifier}] =
         switchRow(program_.bundleIdentifier, program_.name, permission_.isTrusted(),
                   [this] { permission_.setTrusted(!permission_.isTrusted()); });
-    std::vector<tavrin::View> inOrder;
+    std::vector<View> inOrder;
     for (auto& [name, row] : rows) inOrder.push_back(std::move(row));
     return inOrder;
 }
 
-tavrin::View SystemSettings::content() {
-    using tavrin::TextStyle;
-    using tavrin::Tone;
-    return tavrin::column(
-        {tavrin::text("Accessibility", {.style = TextStyle::Heading}),
-         tavrin::text("Allow the applications below to control your computer.", {.tone = Tone::Secondary}),
-         tavrin::card(switches(), {.spacing = 12, .padding = 12}),
-         tavrin::text("macOS may ask for an administrator’s password.",
-                      {.style = TextStyle::Caption, .tone = Tone::Secondary})},
-        {.spacing = 12, .padding = 20, .width = contentWidth});
+View SystemSettings::content() {
+    return column({text("Accessibility", {.style = TextStyle::Heading}),
+                   text("Allow the applications below to control your computer.", {.tone = Tone::Secondary}),
+                   tavrin::card(switches(), {.spacing = 12, .padding = 12}),
+                   text("macOS may ask for an administrator’s password.",
+                        {.style = TextStyle::Caption, .tone = Tone::Secondary})},
+                  {.spacing = 12, .padding = 20, .width = contentWidth});
 }
 
 } // namespace mac_model

@@ -7,6 +7,7 @@
 #include "system/screens_model.h"
 #include "system/world_calls.h"
 #include "views/view.h"
+#include "vocabulary/vocabulary.h"
 
 #include <set>
 #include <string>
@@ -21,8 +22,8 @@ class SystemSettings {
   public:
     static constexpr std::string_view bundleIdentifier = "com.apple.systempreferences";
 
-    SystemSettings(tavrin::VirtualScheduler&, ProcessTable&, const ScreensModel&, Permission&,
-                   const ProgramInfo&, SurfaceStack&);
+    SystemSettings(VirtualScheduler&, ProcessTable&, const ScreensModel&, Permission&, const ProgramInfo&,
+                   SurfaceStack&);
     SystemSettings(const SystemSettings&) = delete;
     SystemSettings& operator=(const SystemSettings&) = delete;
 
@@ -30,12 +31,12 @@ class SystemSettings {
     bool open(std::string_view url);
 
   private:
-    void showWindow(tavrin::ProcessIdentifier);
+    void showWindow(ProcessIdentifier);
     void update();
     void hasClosed();
     void toggleOther(const std::string& bundleIdentifier);
-    tavrin::View content();
-    std::vector<tavrin::View> switches();
+    View content();
+    std::vector<View> switches();
 
     WorldCalls world_;
     ProcessTable& processes_;
@@ -45,7 +46,7 @@ class SystemSettings {
     SurfaceStack& stack_;
     SurfaceIdentifier window_{};
     std::set<std::string> trustedOthers_; // bundle identifiers
-    tavrin::Subscription permissionChanges_;
+    Subscription permissionChanges_;
 };
 
 } // namespace mac_model

@@ -4,6 +4,7 @@
 #include "desktop/keyboard_layout.h"
 #include "desktop/uncertainties.h"
 #include "platform/hot_keys.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <map>
@@ -27,11 +28,11 @@ struct MacOSVersion {
 };
 
 struct ScreenSpec {
-    tavrin::Rect frame{};
+    Rect frame{};
     double scale = 2;
     /// The parts of the menu bar beside the notch: both, or neither on a screen without a notch.
-    std::optional<tavrin::Rect> leftMenuBarArea{};
-    std::optional<tavrin::Rect> rightMenuBarArea{};
+    std::optional<Rect> leftMenuBarArea{};
+    std::optional<Rect> rightMenuBarArea{};
     double menuBarHeight = 30;
 
     bool hasNotch() const { return leftMenuBarArea && rightMenuBarArea; }
@@ -128,7 +129,7 @@ inline constexpr std::array<std::string_view, 3> updaterNames{"absent", "manual"
 
 /// A hot key that another process holds or has given up.
 struct TakenHotKey {
-    tavrin::KeyCode keyCode = 0;
+    KeyCode keyCode = 0;
     std::vector<Modifier> modifiers{};
     bool isTaken = true;       ///< false: it was given up
     bool isExclusive = true;   ///< nobody else can register it from then on
@@ -138,7 +139,7 @@ struct TakenHotKey {
 };
 
 /// Spotlight, screenshots and the arrow keys of Mission Control, as on a new Mac.
-std::vector<tavrin::SymbolicHotKey> usualSymbolicHotKeys();
+std::vector<SymbolicHotKey> usualSymbolicHotKeys();
 
 /// Domain to key to value. Values are strings, numbers, booleans, arrays and objects of these.
 using PreferenceDomains = std::map<std::string, std::map<std::string, nlohmann::json>>;
@@ -156,7 +157,7 @@ struct DesktopFile {
     UpdaterSetting updater = UpdaterSetting::Absent;
     KeyboardLayout keyboardLayout = KeyboardLayout::Us;
     std::vector<TakenHotKey> hotKeysTaken{};
-    std::vector<tavrin::SymbolicHotKey> symbolicHotKeys = usualSymbolicHotKeys();
+    std::vector<SymbolicHotKey> symbolicHotKeys = usualSymbolicHotKeys();
     Uncertainties model{};
 
     bool operator==(const DesktopFile&) const = default;

@@ -188,8 +188,8 @@ std::expected<TakenHotKey, std::string> parseTakenHotKey(const json& value, cons
     return resultOf(readTakenHotKey(value, pointer, layout, faults), faults);
 }
 
-std::expected<std::vector<tavrin::SymbolicHotKey>, std::string>
-parseSymbolicHotKeys(const json& value, const std::string& pointer) {
+std::expected<std::vector<SymbolicHotKey>, std::string> parseSymbolicHotKeys(const json& value,
+                                                                             const std::string& pointer) {
     FirstFault faults;
     return resultOf(readSymbolicHotKeys(value, pointer, faults), faults);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_file.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <filesystem>
@@ -43,7 +44,7 @@ parseUncertainties(const nlohmann::json&, const std::string& pointer, Uncertaint
 [[nodiscard]] std::expected<TakenHotKey, std::string>
 parseTakenHotKey(const nlohmann::json&, const std::string& pointer, KeyboardLayout);
 
-[[nodiscard]] std::expected<std::vector<tavrin::SymbolicHotKey>, std::string>
+[[nodiscard]] std::expected<std::vector<SymbolicHotKey>, std::string>
 parseSymbolicHotKeys(const nlohmann::json&, const std::string& pointer);
 
 } // namespace mac_model

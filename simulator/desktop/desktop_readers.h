@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_file.h"
 #include "desktop/object_reader.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -21,8 +22,8 @@ Uncertainties readUncertainties(const nlohmann::json&, const std::string& pointe
 
 TakenHotKey readTakenHotKey(const nlohmann::json&, const std::string& pointer, KeyboardLayout, FirstFault&);
 /// An array of entries.
-std::vector<tavrin::SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json&, const std::string& pointer,
-                                                        FirstFault&);
+std::vector<SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json&, const std::string& pointer,
+                                                FirstFault&);
 
 struct StoredPreferences {
     PreferenceDomains ordinary;

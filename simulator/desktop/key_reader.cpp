@@ -1,4 +1,5 @@
 #include "desktop/desktop_readers.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -8,20 +9,20 @@ constexpr NumberRange keyCodes{0, 65'535};
 constexpr NumberRange carbonModifiers{0, 65'535};
 
 /// A key is given by its code or by its name on the layout.
-tavrin::KeyCode readKeyCode(ObjectReader& reader, KeyboardLayout layout) {
+KeyCode readKeyCode(ObjectReader& reader, KeyboardLayout layout) {
     const auto code = reader.integer("keyCode", keyCodes);
     const auto name = reader.text("key", code ? Need::Optional : Need::Required);
     if (code && !name.empty()) reader.refuse("key", "is too much beside \"keyCode\"");
-    if (code || name.empty()) return static_cast<tavrin::KeyCode>(code.value_or(0));
+    if (code || name.empty()) return static_cast<KeyCode>(code.value_or(0));
     const auto found = keyCodeOn(layout, name);
     if (!found) reader.refuse("key", "must be a key of the keyboard's layout, or one of " + namesOfKeys());
     return found.value_or(0);
 }
 
-tavrin::SymbolicHotKey readSymbolicHotKey(const nlohmann::json& value, const std::string& pointer,
-                                          FirstFault& faults) {
+SymbolicHotKey readSymbolicHotKey(const nlohmann::json& value, const std::string& pointer,
+                                  FirstFault& faults) {
     ObjectReader reader(value, pointer, faults);
-    tavrin::SymbolicHotKey key;
+    SymbolicHotKey key;
     if (const auto code = reader.integer("code", keyCodes)) key.code = *code;
     if (const auto modifiers = reader.integer("modifiers", carbonModifiers)) key.modifiers = *modifiers;
     if (reader.has("enabled")) key.isEnabled = reader.flag("enabled", false);
@@ -44,9 +45,9 @@ TakenHotKey readTakenHotKey(const nlohmann::json& value, const std::string& poin
     return taken;
 }
 
-std::vector<tavrin::SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json& value,
-                                                        const std::string& pointer, FirstFault& faults) {
-    std::vector<tavrin::SymbolicHotKey> keys;
+std::vector<SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json& value, const std::string& pointer,
+                                                FirstFault& faults) {
+    std::vector<SymbolicHotKey> keys;
     if (!value.is_array() || value.size() > hotKeysMax)
         faults.note(pointer, "must be a list of at most " + std::to_string(hotKeysMax));
     else
@@ -55,7 +56,7 @@ std::vector<tavrin::SymbolicHotKey> readSymbolicHotKeys(const nlohmann::json& va
     return keys;
 }
 
-std::vector<tavrin::SymbolicHotKey> usualSymbolicHotKeys() {
+std::vector<SymbolicHotKey> usualSymbolicHotKeys() {
     constexpr auto shiftCommand = tavrin::carbonShiftKey | tavrin::carbonCommandKey;
     return {{true, 49, tavrin::carbonCommandKey},
             {true, 20, shiftCommand},

@@ -7,8 +7,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::KeyCode;
-
 struct Key {
     KeyCode code;
     std::string_view name;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/keyboard.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <optional>
@@ -15,11 +16,11 @@ enum class KeyboardLayout { Us, German, French, None };
 inline constexpr std::array<std::string_view, 4> keyboardLayoutNames{"us", "german", "french", "none"};
 
 /// The character that a key makes without modifiers; empty when it makes none.
-std::string characterOn(KeyboardLayout, tavrin::KeyCode);
+std::string characterOn(KeyboardLayout, KeyCode);
 
 /// The key that makes this character without modifiers, or that has this name: "return", "f5". None when the
 /// keyboard has no such key.
-std::optional<tavrin::KeyCode> keyCodeOn(KeyboardLayout, std::string_view key);
+std::optional<KeyCode> keyCodeOn(KeyboardLayout, std::string_view key);
 
 /// Whether it is the name of a key that makes no character: "return", "escape", "f5".
 bool isNamedKey(std::string_view key);

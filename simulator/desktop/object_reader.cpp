@@ -26,12 +26,12 @@ bool liesIn(NumberRange range, double value) {
     return std::isfinite(value) && value >= range.least && value <= range.most;
 }
 
-std::optional<tavrin::Rect> fourNumbers(const json& value) {
+std::optional<Rect> fourNumbers(const json& value) {
     if (!value.is_array() || value.size() != 4) return std::nullopt;
     for (const json& number : value)
         if (!number.is_number()) return std::nullopt;
-    const tavrin::Rect rect{value[0].get<double>(), value[1].get<double>(), value[2].get<double>(),
-                            value[3].get<double>()};
+    const Rect rect{value[0].get<double>(), value[1].get<double>(), value[2].get<double>(),
+                    value[3].get<double>()};
     return rect.isFinite() ? std::optional(rect) : std::nullopt;
 }
 
@@ -109,10 +109,10 @@ std::optional<int> ObjectReader::integer(std::string_view key, NumberRange range
     return std::nullopt;
 }
 
-std::optional<tavrin::Rect> ObjectReader::frame(std::string_view key, Need need) {
+std::optional<Rect> ObjectReader::frame(std::string_view key, Need need) {
     const json* value = member(key, need);
     if (!value) return std::nullopt;
-    const std::optional<tavrin::Rect> rect = fourNumbers(*value);
+    const std::optional<Rect> rect = fourNumbers(*value);
     if (!rect)
         refuse(key, "must be four finite numbers [x, y, width, height]");
     else if (rect->width <= 0 || rect->height <= 0)

@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "desktop/strict_json.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <optional>
@@ -49,7 +50,7 @@ class ObjectReader {
     std::optional<double> number(std::string_view key, NumberRange, Need = Need::Optional);
     std::optional<int> integer(std::string_view key, NumberRange, Need = Need::Optional);
     /// Four finite numbers with a positive width and height; nothing when missing or faulty.
-    std::optional<tavrin::Rect> frame(std::string_view key, Need = Need::Optional);
+    std::optional<Rect> frame(std::string_view key, Need = Need::Optional);
 
     /// The array's elements; empty when it is missing, no array, or longer than `most`.
     const std::vector<nlohmann::json>& list(std::string_view key, std::size_t most, Need = Need::Optional);

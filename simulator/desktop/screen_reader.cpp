@@ -1,4 +1,5 @@
 #include "desktop/desktop_readers.h"
+#include "vocabulary/vocabulary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +8,6 @@ namespace mac_model {
 namespace {
 
 using nlohmann::json;
-using tavrin::Rect;
 
 constexpr std::size_t screensMax = 16;
 constexpr double coordinateMax = 100000;
@@ -71,7 +71,7 @@ void refuseOverlap(const std::vector<ScreenSpec>& screens, const std::string& po
 /// The other screens keep their order.
 void putPrimaryFirst(std::vector<ScreenSpec>& screens, const std::string& pointer, FirstFault& faults) {
     const auto primary = std::find_if(screens.begin(), screens.end(), [](const ScreenSpec& screen) {
-        return screen.frame.origin() == tavrin::Point{0, 0};
+        return screen.frame.origin() == Point{0, 0};
     });
     if (primary == screens.end())
         faults.note(pointer, "has no screen with its top left corner at 0, 0");

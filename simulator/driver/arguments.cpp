@@ -20,13 +20,13 @@ Arguments::Arguments(const nlohmann::json& command)
     : reader_(command, "", faults_)
     , name_(reader_.text("do", Need::Required)) {}
 
-std::optional<tavrin::Point> Arguments::point(std::string_view key, Need need) {
+std::optional<Point> Arguments::point(std::string_view key, Need need) {
     const auto* value = reader_.member(key, need);
     if (!value) return std::nullopt;
     if (value->is_array() && value->size() == 2) {
         const auto x = coordinate((*value)[0]);
         const auto y = coordinate((*value)[1]);
-        if (x && y) return tavrin::Point{*x, *y};
+        if (x && y) return Point{*x, *y};
     }
     reader_.refuse(key, "must be two numbers [x, y] of at most " + std::to_string(coordinateMax));
     return std::nullopt;

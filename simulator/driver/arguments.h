@@ -3,6 +3,7 @@
 #include "desktop/desktop_file.h"
 #include "desktop/object_reader.h"
 #include "input/pointer.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <nlohmann/json.hpp>
@@ -26,7 +27,7 @@ class Arguments {
 
     ObjectReader& reader() { return reader_; }
 
-    std::optional<tavrin::Point> point(std::string_view key, Need = Need::Optional);
+    std::optional<Point> point(std::string_view key, Need = Need::Optional);
     std::vector<Modifier> modifiers();
     MouseButton button();
 

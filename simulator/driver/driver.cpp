@@ -1,6 +1,7 @@
 #include "driver/driver.h"
 
 #include "driver/json_shapes.h"
+#include "vocabulary/vocabulary.h"
 
 #include <exception>
 #include <utility>
@@ -47,7 +48,7 @@ json Driver::command(const json& given) {
     // out.
     try {
         auto outcome = run(given);
-        mac_.scheduler().advance(tavrin::Seconds{0});
+        mac_.scheduler().advance(Seconds{0});
         mac_.preferences().flush();
         if (!outcome) return refusal(std::move(outcome.error()));
         outcome->update({{"ok", true}, {"time", timeShape(mac_.scheduler().now())}});

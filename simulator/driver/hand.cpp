@@ -7,9 +7,6 @@
 
 namespace mac_model {
 
-using tavrin::Point;
-using tavrin::Seconds;
-
 namespace {
 
 constexpr Seconds clickTime{0.05}; // from down to up

@@ -16,11 +16,11 @@ nlohmann::json number(double value) {
     return isWhole ? nlohmann::json(static_cast<std::int64_t>(value)) : nlohmann::json(value);
 }
 
-nlohmann::json timeShape(tavrin::Seconds time) { return std::round(time.count() * 1e9) / 1e9; }
+nlohmann::json timeShape(Seconds time) { return std::round(time.count() * 1e9) / 1e9; }
 
-nlohmann::json pointShape(tavrin::Point point) { return {number(point.x), number(point.y)}; }
+nlohmann::json pointShape(Point point) { return {number(point.x), number(point.y)}; }
 
-nlohmann::json frameShape(tavrin::Rect frame) {
+nlohmann::json frameShape(Rect frame) {
     return {number(frame.x), number(frame.y), number(frame.width), number(frame.height)};
 }
 

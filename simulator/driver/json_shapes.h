@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "concurrency/scheduler.h"
+#include "vocabulary/vocabulary.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,8 +12,8 @@ namespace mac_model {
 // height].
 
 nlohmann::json number(double);
-nlohmann::json timeShape(tavrin::Seconds); // to the nanosecond
-nlohmann::json pointShape(tavrin::Point);
-nlohmann::json frameShape(tavrin::Rect);
+nlohmann::json timeShape(Seconds); // to the nanosecond
+nlohmann::json pointShape(Point);
+nlohmann::json frameShape(Rect);
 
 } // namespace mac_model

@@ -2,6 +2,7 @@
 
 #include "driver/json_shapes.h"
 #include "driver/surface_tree.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -24,7 +25,7 @@ json shapeOf(const Pointer& pointer) {
     return {{"at", pointShape(pointer.at)}, {"visible", pointer.isVisible}, {"buttons", std::move(buttons)}};
 }
 
-std::string bundleOf(const ProcessTable& processes, tavrin::ProcessIdentifier process) {
+std::string bundleOf(const ProcessTable& processes, ProcessIdentifier process) {
     const auto* owner = processes.find(process);
     return owner ? owner->application.bundleIdentifier : std::string{};
 }

@@ -1,5 +1,6 @@
 #include "driver/command.h"
 #include "driver/hand.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 
@@ -25,7 +26,7 @@ std::expected<void, std::string> choosePath(const DrivenMac& driven, const std::
                                    " opens a submenu; name one of its entries, too");
     }
     clickHere(driven);
-    driven.mac.scheduler().advance(tavrin::Seconds{0});
+    driven.mac.scheduler().advance(Seconds{0});
     return {};
 }
 

@@ -4,8 +4,6 @@
 
 namespace mac_model {
 
-using tavrin::Seconds;
-
 std::expected<std::unique_ptr<ModelledMac>, std::string> ModelledMac::start(MacOptions options,
                                                                             ProgramFactory factory) {
     std::unique_ptr<ModelledMac> modelled(new ModelledMac);

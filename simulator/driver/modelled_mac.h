@@ -4,6 +4,7 @@
 #include "driver/driver.h"
 #include "mac/mac.h"
 #include "mac/screen_content.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <memory>
@@ -32,7 +33,7 @@ class ModelledMac {
   private:
     ModelledMac() = default;
 
-    tavrin::VirtualScheduler scheduler_;
+    VirtualScheduler scheduler_;
     std::unique_ptr<Mac> mac_;
     std::unique_ptr<Driver> driver_;
 };

@@ -1,6 +1,7 @@
 #include "driver/command.h"
 #include "driver/json_shapes.h"
 #include "driver/look.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <ctime>
@@ -43,7 +44,7 @@ Outcome defaults(DrivenMac driven, Arguments& arguments) {
     constexpr std::array<std::string_view, 2> hosts{"any", "current"};
     auto domain = driven.mac.programDomain();
     domain.name = arguments.reader().text("domain", Need::Optional, domain.name);
-    domain.host = arguments.reader().choice("host", hosts, tavrin::DefaultsDomain::Host::Any);
+    domain.host = arguments.reader().choice("host", hosts, DefaultsDomain::Host::Any);
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
     json reply{{"domain", domain.name}, {"values", driven.mac.preferences().describe(domain)}};
     if (const auto& error = driven.mac.preferences().lastWriteError()) reply["writeError"] = *error;

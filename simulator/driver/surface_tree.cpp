@@ -3,6 +3,7 @@
 #include "driver/json_shapes.h"
 #include "screen/menu_layout.h"
 #include "views/view_queries.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 
@@ -11,8 +12,6 @@ namespace mac_model {
 namespace {
 
 using nlohmann::json;
-using tavrin::TextStyle;
-using tavrin::Tone;
 
 namespace kinds = tavrin::kinds;
 
@@ -24,7 +23,7 @@ void put(json& node, const char* key, const std::string& value) {
     if (!value.empty()) node[key] = value;
 }
 
-void putControl(json& node, const tavrin::View& view) {
+void putControl(json& node, const View& view) {
     if (!isControl(view)) return;
     node["enabled"] = view.isEnabled;
     if (view.isEnabled) node["actions"].push_back("AXPress");
@@ -80,7 +79,7 @@ void putKind(json& node, const LaidOutView& laidOut) {
 }
 
 /// A person's ways to interact besides pressing, and the interactions that are going on.
-void putInteraction(json& node, const tavrin::View& view) {
+void putInteraction(json& node, const View& view) {
     for (const auto& action : view.contextMenu) node["actions"].push_back(action.name);
     if (view.isFocusable) node["focusable"] = true;
     if (view.dragValue) node["draggable"] = true;
@@ -89,7 +88,7 @@ void putInteraction(json& node, const tavrin::View& view) {
 }
 
 /// The Accessibility role that the view's kind gives it.
-std::string_view roleOf(const tavrin::View& view) {
+std::string_view roleOf(const View& view) {
     using Role = std::string_view;
     return tavrin::visitKind(
         view, [](const kinds::Text&) { return Role("AXStaticText"); },

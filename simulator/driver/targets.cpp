@@ -197,7 +197,7 @@ std::expected<Target, std::string> TargetFinder::statusItem(std::string_view bun
     return targetFor(item);
 }
 
-std::expected<tavrin::Point, std::string> TargetFinder::placeToPress(const Target& target) const {
+std::expected<Point, std::string> TargetFinder::placeToPress(const Target& target) const {
     auto* surface = content_.stack.find(target.surface);
     if (!surface) return target.frame.middle();
     reveal(surface->content, target.path);

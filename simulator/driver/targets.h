@@ -3,6 +3,7 @@
 #include "mac/mac.h"
 #include "mac/screen_content.h"
 #include "views/view_queries.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <functional>
@@ -19,7 +20,7 @@ struct Target {
 
     Kind kind = Kind::Control;
     std::vector<std::string> names{}; // what a person calls it: text, label, help
-    tavrin::Rect frame{};
+    Rect frame{};
     bool isEnabled = true;
     SurfaceIdentifier surface{}; // Control, Text, View
     ViewPath path{};
@@ -52,21 +53,21 @@ class TargetFinder {
     /// The one view of this name that has this Accessibility action, which `actionOf` gives.
     std::expected<Target, std::string> withAction(std::string_view name, std::string_view action) const;
     /// What the action does, for the view's process to run; null when the view has no action of that name.
-    tavrin::Work actionOf(const Target&, std::string_view action) const;
+    Work actionOf(const Target&, std::string_view action) const;
     /// The one view of this name that can be dragged.
     std::expected<Target, std::string> draggable(std::string_view name) const;
     /// Where drops are taken: the one text in such a view, or the one such view, of this name.
     std::expected<Target, std::string> dropTarget(std::string_view name) const;
 
     /// Where to press: the middle, after scrolling it into sight.
-    std::expected<tavrin::Point, std::string> placeToPress(const Target&) const;
+    std::expected<Point, std::string> placeToPress(const Target&) const;
     /// Where a press drags the view and nothing else; it is scrolled into sight.
-    std::expected<tavrin::Point, std::string> placeToDrag(const Target&) const;
+    std::expected<Point, std::string> placeToDrag(const Target&) const;
 
     /// Where a drop meets the target. While it is scrolled away, a place at the edge of the Scroll that
     /// brings it nearer.
     struct DropPlace {
-        tavrin::Point point;
+        Point point;
         bool isInSight = true;
     };
 
@@ -78,9 +79,9 @@ class TargetFinder {
     std::vector<Target> matching(std::vector<Target>, std::string_view text) const;
     Target targetFor(const StatusItemRecord&) const;
     std::expected<Target, std::string> oneOf(const std::vector<Target>& tiers, std::string_view text) const;
-    std::vector<Target> views(const std::function<bool(const tavrin::View&)>& matches) const;
+    std::vector<Target> views(const std::function<bool(const View&)>& matches) const;
     std::vector<Target> dropTargets() const;
-    bool isCovered(const Surface&, tavrin::Rect frame) const;
+    bool isCovered(const Surface&, Rect frame) const;
     bool isReachable(const Surface&, const LaidOutView&, const ViewPath&) const;
     static void addRows(const Surface&, std::vector<Target>&);
     void addContent(const Surface&, std::vector<Target>&) const;

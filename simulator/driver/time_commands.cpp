@@ -1,11 +1,11 @@
 #include "driver/command.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 
 namespace mac_model {
 
 using nlohmann::json;
-using tavrin::Seconds;
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "driver/view_drags.h"
 
 #include "driver/hand.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cmath>
 
 namespace mac_model {
 
 using nlohmann::json;
-using tavrin::Seconds;
 
 namespace {
 

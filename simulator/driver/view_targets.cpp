@@ -3,6 +3,7 @@
 #include "driver/targets.h"
 #include "input/view_drag.h"
 #include "screen/surface_keys.h"
+#include "vocabulary/vocabulary.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +14,6 @@
 namespace mac_model {
 
 namespace {
-
-using tavrin::Point;
-using tavrin::Rect;
 
 namespace kinds = tavrin::kinds;
 
@@ -70,7 +68,7 @@ void addNames(Target& target, const LaidOutView& laidOut) {
     addName(target, first);
 }
 
-std::string actionsOf(const tavrin::View& view) {
+std::string actionsOf(const View& view) {
     std::string names = isControl(view) ? "\"AXPress\"" : "";
     for (const auto& action : view.contextMenu) names += (names.empty() ? "" : ", ") + inQuotes(action.name);
     return names.empty() ? "none" : names;
@@ -90,7 +88,7 @@ bool TargetFinder::isReachable(const Surface& surface, const LaidOutView& laidOu
     return !isInSight || !isCovered(surface, laidOut.frame);
 }
 
-std::vector<Target> TargetFinder::views(const std::function<bool(const tavrin::View&)>& matches) const {
+std::vector<Target> TargetFinder::views(const std::function<bool(const View&)>& matches) const {
     std::vector<Target> targets;
     for (const auto& surface : content_.stack.backToFront()) {
         if (surface->kind == SurfaceKind::Menu || surface->kind == SurfaceKind::Drag) continue;
@@ -109,17 +107,16 @@ std::vector<Target> TargetFinder::views(const std::function<bool(const tavrin::V
 }
 
 std::expected<Target, std::string> TargetFinder::withContextMenu(std::string_view name) const {
-    return oneOf(views([](const tavrin::View& view) { return !view.contextMenu.empty(); }), name);
+    return oneOf(views([](const View& view) { return !view.contextMenu.empty(); }), name);
 }
 
 std::expected<Target, std::string> TargetFinder::draggable(std::string_view name) const {
-    return oneOf(views([](const tavrin::View& view) { return view.dragValue.has_value(); }), name);
+    return oneOf(views([](const View& view) { return view.dragValue.has_value(); }), name);
 }
 
 std::expected<Target, std::string> TargetFinder::withAction(std::string_view name,
                                                             std::string_view action) const {
-    const auto all =
-        views([](const tavrin::View& view) { return isControl(view) || !view.contextMenu.empty(); });
+    const auto all = views([](const View& view) { return isControl(view) || !view.contextMenu.empty(); });
     const auto named = matching(all, name);
     auto able = named;
     std::erase_if(able, [&](const Target& target) { return !actionOf(target, action); });
@@ -129,7 +126,7 @@ std::expected<Target, std::string> TargetFinder::withAction(std::string_view nam
                            actionsOf(viewAt(surface.content, named.front().path)->view));
 }
 
-tavrin::Work TargetFinder::actionOf(const Target& target, std::string_view action) const {
+Work TargetFinder::actionOf(const Target& target, std::string_view action) const {
     const auto* surface = content_.stack.find(target.surface);
     const auto* laidOut = surface ? viewAt(surface->content, target.path) : nullptr;
     if (!laidOut || !laidOut->view.isEnabled) return nullptr;
@@ -140,9 +137,7 @@ tavrin::Work TargetFinder::actionOf(const Target& target, std::string_view actio
 }
 
 std::vector<Target> TargetFinder::dropTargets() const {
-    const auto canName = [](const tavrin::View& view) {
-        return view.onDrop || tavrin::is<kinds::Text>(view);
-    };
+    const auto canName = [](const View& view) { return view.onDrop || tavrin::is<kinds::Text>(view); };
     auto targets = views(canName);
     std::erase_if(targets, [&](const Target& target) {
         return !namesDropTarget(content_.stack.find(target.surface)->content, target.path);

@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_loader.h"
 #include "preferences/defaults_json.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <map>
@@ -85,7 +86,7 @@ Change latency(World world, const json& value, const std::string& pointer, First
     }
     return [world, latencies] {
         for (const auto& [bundle, seconds] : latencies)
-            (void)world.mac.processes().setLatency(bundle, tavrin::Seconds{seconds});
+            (void)world.mac.processes().setLatency(bundle, Seconds{seconds});
     };
 }
 
@@ -174,7 +175,7 @@ Change misreportedWindow(World world, const json& value, const std::string& poin
 
 /// Another program writes into preferences, as "defaults write" does.
 Change preferences(World world, const json& value, const std::string& pointer, FirstFault& faults) {
-    std::vector<std::tuple<std::string, std::string, tavrin::DefaultsValue>> wanted;
+    std::vector<std::tuple<std::string, std::string, DefaultsValue>> wanted;
     ObjectReader domains(value, pointer, faults);
     for (const auto& [domain, keys] : value.items()) {
         if (!value.is_object()) break;
@@ -204,9 +205,9 @@ Change menus(World world, const json& value, const std::string& pointer, FirstFa
         auto& fault = wanted[bundle];
         fault.ignoresPress = menu.flag("ignoresPress", false);
         fault.blocksInPress = menu.flag("blocksInPress", false);
-        fault.opensAfter = tavrin::Seconds{menu.number("opensAfter", delays).value_or(0)};
+        fault.opensAfter = Seconds{menu.number("opensAfter", delays).value_or(0)};
         if (const auto fillsAfter = menu.number("fillsAfter", delays))
-            fault.fillsAfter = tavrin::Seconds{*fillsAfter};
+            fault.fillsAfter = Seconds{*fillsAfter};
         fault.hidesShownMenu = menu.flag("hidesShownMenu", false);
         fault.refusesChoices = menu.flag("refusesChoices", false);
         fault.ignoresCancel = menu.flag("ignoresCancel", false);

@@ -3,6 +3,7 @@
 #include "input/event_log.h"
 #include "input/pointer.h"
 #include "platform/events.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <map>
@@ -12,15 +13,15 @@ namespace mac_model {
 /// How many events of each type the person's devices have made and processes have posted to a tap.
 class EventCounts {
   public:
-    void note(tavrin::MouseEventType type) { ++counts_[type]; }
+    void note(MouseEventType type) { ++counts_[type]; }
 
-    std::uint32_t of(tavrin::MouseEventType type) const {
+    std::uint32_t of(MouseEventType type) const {
         const auto found = counts_.find(type);
         return found == counts_.end() ? 0 : found->second;
     }
 
   private:
-    std::map<tavrin::MouseEventType, std::uint32_t> counts_;
+    std::map<MouseEventType, std::uint32_t> counts_;
 };
 
 /// The one pointer of this Mac, and what happened to it.

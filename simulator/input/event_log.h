@@ -5,6 +5,7 @@
 #include "concurrency/signal.h"
 #include "input/pointer.h"
 #include "platform/accessibility.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <map>
@@ -18,11 +19,11 @@ namespace mac_model {
 /// An input event that a process posted, a change of the cursor ("cursorHide", "cursorShow") that it made, or
 /// the alert sound ("beep").
 struct SyntheticEvent {
-    tavrin::Seconds time{0};
+    Seconds time{0};
     std::string type;
-    std::string tap; // where it entered; empty when posted to a process
-    std::optional<tavrin::ProcessIdentifier> processIdentifier; // that it was posted to
-    std::optional<tavrin::Point> at;
+    std::string tap;                                    // where it entered; empty when posted to a process
+    std::optional<ProcessIdentifier> processIdentifier; // that it was posted to
+    std::optional<Point> at;
     std::uint64_t flags = 0;            // CGEventFlags
     std::map<int, std::int64_t> fields; // CGEventField
     int clickState = 0;
@@ -39,7 +40,7 @@ class EventLog {
     /// The events since the last call.
     std::vector<SyntheticEvent> drain() { return std::exchange(events_, {}); }
 
-    tavrin::Signal<SyntheticEvent> onRecorded;
+    Signal<SyntheticEvent> onRecorded;
 
   private:
     std::vector<SyntheticEvent> events_;
@@ -50,9 +51,9 @@ class Cursor {
   public:
     Cursor(Pointer& pointer, EventLog& log) : pointer_(pointer), log_(log) {}
 
-    void hide(tavrin::Seconds now) { change(now, "cursorHide", hides_ + 1); }
+    void hide(Seconds now) { change(now, "cursorHide", hides_ + 1); }
 
-    void show(tavrin::Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
+    void show(Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
 
     /// The process that hid the cursor has ended; its hides end with it.
     void ownerEnded() {
@@ -61,7 +62,7 @@ class Cursor {
     }
 
   private:
-    void change(tavrin::Seconds now, std::string type, int hides) {
+    void change(Seconds now, std::string type, int hides) {
         hides_ = hides;
         pointer_.isVisible = hides_ == 0;
         SyntheticEvent event;

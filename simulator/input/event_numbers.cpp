@@ -2,10 +2,6 @@
 
 namespace mac_model {
 
-using tavrin::EventField;
-using tavrin::MouseEvent;
-using tavrin::MouseEventType;
-
 std::int64_t fieldOf(const MouseEvent& event, EventField field) {
     const auto found = event.fields.find(field);
     return found == event.fields.end() ? 0 : found->second;

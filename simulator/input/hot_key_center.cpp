@@ -7,12 +7,10 @@
 
 namespace mac_model {
 
-using tavrin::KeyPress;
-
 namespace {
 
-tavrin::ModifierFlags flagsOf(tavrin::CarbonModifiers modifiers) {
-    tavrin::ModifierFlags flags = 0;
+ModifierFlags flagsOf(tavrin::CarbonModifiers modifiers) {
+    ModifierFlags flags = 0;
     if (modifiers & tavrin::carbonCommandKey) flags |= tavrin::commandKeyFlag;
     if (modifiers & tavrin::carbonShiftKey) flags |= tavrin::shiftKeyFlag;
     if (modifiers & tavrin::carbonOptionKey) flags |= tavrin::optionKeyFlag;
@@ -29,7 +27,7 @@ HotKeyCenter::HotKeyCenter(const DesktopFile& desktop) : symbolicHotKeys(desktop
 }
 
 std::expected<HotKeyCenter::Registration, tavrin::HotKeys::Error>
-HotKeyCenter::add(tavrin::KeyCode code, tavrin::CarbonModifiers modifiers, std::function<void()> onPress) {
+HotKeyCenter::add(KeyCode code, tavrin::CarbonModifiers modifiers, std::function<void()> onPress) {
     const KeyPress key{code, flagsOf(modifiers)};
     const bool isHeld = std::ranges::find(held_, key, &Held::key) != held_.end();
     const bool isRefused = std::ranges::any_of(

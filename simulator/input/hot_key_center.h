@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_file.h"
 #include "platform/hot_keys.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <expected>
@@ -20,7 +21,7 @@ class HotKeyCenter {
     explicit HotKeyCenter(const DesktopFile&);
 
     /// Registers a hot key of the program.
-    std::expected<Registration, tavrin::HotKeys::Error> add(tavrin::KeyCode, tavrin::CarbonModifiers,
+    std::expected<Registration, tavrin::HotKeys::Error> add(KeyCode, tavrin::CarbonModifiers,
                                                             std::function<void()> onPress);
     void remove(Registration);
 
@@ -28,14 +29,14 @@ class HotKeyCenter {
     void set(const TakenHotKey&);
 
     /// A key goes down. True when the press ends with the key's holders.
-    bool press(const tavrin::KeyPress&);
+    bool press(const KeyPress&);
 
-    std::vector<tavrin::SymbolicHotKey> symbolicHotKeys;
+    std::vector<SymbolicHotKey> symbolicHotKeys;
 
   private:
     struct Held {
         Registration registration;
-        tavrin::KeyPress key;
+        KeyPress key;
         std::function<void()> onPress;
     };
 

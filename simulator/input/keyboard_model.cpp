@@ -2,13 +2,10 @@
 
 namespace mac_model {
 
-using tavrin::KeyHandling;
-using tavrin::KeyPress;
-
-tavrin::ModifierFlags flagsOf(const std::vector<Modifier>& modifiers) {
+ModifierFlags flagsOf(const std::vector<Modifier>& modifiers) {
     constexpr std::array flags{tavrin::shiftKeyFlag, tavrin::optionKeyFlag, tavrin::controlKeyFlag,
                                tavrin::commandKeyFlag};
-    tavrin::ModifierFlags all = 0;
+    ModifierFlags all = 0;
     for (const auto modifier : modifiers) all |= flags[std::size_t(modifier)];
     return all;
 }

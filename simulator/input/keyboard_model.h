@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "desktop/desktop_file.h"
 #include "platform/keyboard.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <string_view>
@@ -19,16 +20,16 @@ class KeyboardModel {
 
     /// The key that makes this character or has this name, with modifiers held; none when the keyboard has no
     /// such key.
-    std::optional<tavrin::KeyPress> strokeOf(std::string_view key, const std::vector<Modifier>&) const;
+    std::optional<KeyPress> strokeOf(std::string_view key, const std::vector<Modifier>&) const;
 
     /// The program's monitors, which see its keys before its windows do. Those after one that has consumed
     /// the key don't see it.
-    tavrin::Signal<tavrin::KeyPress, tavrin::KeyHandling*> monitors;
-    tavrin::KeyHandling showToMonitors(const tavrin::KeyPress&) const;
+    Signal<KeyPress, KeyHandling*> monitors;
+    KeyHandling showToMonitors(const KeyPress&) const;
 
-    tavrin::Signal<> onBeep;
+    Signal<> onBeep;
 };
 
-tavrin::ModifierFlags flagsOf(const std::vector<Modifier>&);
+ModifierFlags flagsOf(const std::vector<Modifier>&);
 
 } // namespace mac_model

@@ -19,9 +19,9 @@ bool hasCommand(const std::vector<Modifier>& modifiers) {
 
 } // namespace
 
-void Person::moveTo(tavrin::Point point) {
+void Person::moveTo(Point point) {
     const bool isDrag = devices_.pointer.buttons.contains(MouseButton::Left);
-    devices_.counts.note(isDrag ? tavrin::MouseEventType::LeftDragged : tavrin::MouseEventType::Moved);
+    devices_.counts.note(isDrag ? MouseEventType::LeftDragged : MouseEventType::Moved);
     const auto before = std::exchange(devices_.pointer.at, point);
     viewDrag_.pointerMoved();
     if (viewDrag_.isUnderway()) {
@@ -42,7 +42,7 @@ void Person::moveTo(tavrin::Point point) {
 
 void Person::press(MouseButton button, const std::vector<Modifier>& modifiers) {
     devices_.pointer.buttons.insert(button);
-    if (button == MouseButton::Left) devices_.counts.note(tavrin::MouseEventType::LeftDown);
+    if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftDown);
     letGoOfAll();
     if (reach_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = reach_.surfaces.dismissForPressAt(at());
@@ -131,14 +131,14 @@ void Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>
     if (!hasJustClosed) reach_.itemSurfaces.toggle(item.identifier);
 }
 
-bool Person::isOnMenuBar(tavrin::Point point) const {
+bool Person::isOnMenuBar(Point point) const {
     return std::ranges::any_of(reach_.screens.screens(), [&](const ScreenSpec& screen) {
         return screen.frame.contains(point) && point.y < screen.frame.y + screen.menuBarHeight;
     });
 }
 
 /// The same place of the menu bar on the primary screen: as far from the right edge.
-tavrin::Point Person::onPrimary(tavrin::Point point) const {
+Point Person::onPrimary(Point point) const {
     const auto& screens = reach_.screens.screens();
     const auto screen = screenFor(screens, point);
     const auto* primary = reach_.screens.primary();
@@ -168,7 +168,7 @@ void Person::letGo(const HeldPlace& place) {
 
 void Person::release(MouseButton button) {
     devices_.pointer.buttons.erase(button);
-    if (button == MouseButton::Left) devices_.counts.note(tavrin::MouseEventType::LeftUp);
+    if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftUp);
     const auto held = std::exchange(held_, {});
     if (button == MouseButton::Left && viewDrag_.drop()) return;
     if (reach_.menus.isOpen()) return reach_.menus.releasedAt(at());

@@ -5,6 +5,7 @@
 #include "input/typing.h"
 #include "input/view_drag.h"
 #include "views/view_queries.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstddef>
 #include <string_view>
@@ -18,7 +19,7 @@ namespace mac_model {
 /// loop turns.
 class Person {
   public:
-    Person(tavrin::VirtualScheduler& scheduler, Devices& devices, const PressTargets& reach, Typing& typing)
+    Person(VirtualScheduler& scheduler, Devices& devices, const PressTargets& reach, Typing& typing)
         : devices_(devices)
         , reach_(reach)
         , typing_(typing)
@@ -27,7 +28,7 @@ class Person {
     Person(const Person&) = delete;
     Person& operator=(const Person&) = delete;
 
-    void moveTo(tavrin::Point);
+    void moveTo(Point);
     void press(MouseButton, const std::vector<Modifier>&);
     void release(MouseButton);
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
@@ -61,7 +62,7 @@ class Person {
     /// An item pressed with Command, which moves once the pointer has.
     struct HeldPlace {
         StatusItemIdentifier item;
-        tavrin::Point pressedAt;
+        Point pressedAt;
         double offset = 0; // from the item's left edge to the pointer
         bool isCarried = false;
     };
@@ -84,10 +85,10 @@ class Person {
     void letGo(const HeldPlace&);
     void carry(HeldPlace&);
     bool isCarrying(const HeldPlace&) const;
-    tavrin::Point onPrimary(tavrin::Point) const;
-    bool isOnMenuBar(tavrin::Point) const;
+    Point onPrimary(Point) const;
+    bool isOnMenuBar(Point) const;
 
-    tavrin::Point at() const { return devices_.pointer.at; }
+    Point at() const { return devices_.pointer.at; }
 
     Devices& devices_;
     PressTargets reach_;

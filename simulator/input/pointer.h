@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "platform/status_items.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <set>
@@ -9,11 +10,11 @@
 
 namespace mac_model {
 
-using MouseButton = tavrin::StatusItemPress;
+using MouseButton = StatusItemPress;
 inline constexpr std::array<std::string_view, 2> mouseButtonNames{"left", "right"};
 
 struct Pointer {
-    tavrin::Point at;
+    Point at;
     bool isVisible = true;
     std::set<MouseButton> buttons; // held down
 };

@@ -9,15 +9,10 @@
 
 namespace mac_model {
 
-using tavrin::EventField;
-using tavrin::MouseEvent;
-using tavrin::MouseEventType;
-using tavrin::Point;
-
 namespace {
 
 constexpr double nudgeDistance = 40; // points
-constexpr tavrin::Seconds nudgeDelay{0.005};
+constexpr Seconds nudgeDelay{0.005};
 
 /// As the constants of CGEventType are called.
 std::string nameOf(MouseEventType type) {
@@ -37,11 +32,11 @@ std::string nameOf(MouseEventType type) {
 } // namespace
 
 void SyntheticInput::post(PostedEvent posted) {
-    world_.after(tavrin::Seconds{0}, [this, posted = std::move(posted)] { receive(posted); });
+    world_.after(Seconds{0}, [this, posted = std::move(posted)] { receive(posted); });
 }
 
 void SyntheticInput::post(PostedKey posted) {
-    world_.after(tavrin::Seconds{0}, [this, posted] { receive(posted); });
+    world_.after(Seconds{0}, [this, posted] { receive(posted); });
 }
 
 void SyntheticInput::permissionLost() {
@@ -89,7 +84,7 @@ void SyntheticInput::record(const PostedEvent& posted) {
     SyntheticEvent entry;
     entry.time = scheduler_.now();
     entry.type = nameOf(event.type);
-    if (posted.tap) entry.tap = *posted.tap == tavrin::EventTap::Hid ? "hid" : "session";
+    if (posted.tap) entry.tap = *posted.tap == EventTap::Hid ? "hid" : "session";
     entry.processIdentifier = posted.process;
     entry.at = event.location;
     entry.flags = event.flags;

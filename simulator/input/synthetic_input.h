@@ -7,6 +7,7 @@
 #include "input/posted_events.h"
 #include "input/window_input.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <optional>
@@ -26,8 +27,8 @@ struct SyntheticTargets {
 /// events isn't known here.
 class SyntheticInput {
   public:
-    SyntheticInput(tavrin::VirtualScheduler& scheduler, const SyntheticTargets& targets,
-                   const EventNumbers& numbers, const Faults& faults)
+    SyntheticInput(VirtualScheduler& scheduler, const SyntheticTargets& targets, const EventNumbers& numbers,
+                   const Faults& faults)
         : scheduler_(scheduler)
         , world_(scheduler)
         , reach_(targets.reach)
@@ -45,15 +46,15 @@ class SyntheticInput {
     void post(PostedEvent);
     void post(PostedKey);
 
-    tavrin::Point pointerLocation() const { return devices_.pointer.at; }
+    Point pointerLocation() const { return devices_.pointer.at; }
 
-    void warpPointer(tavrin::Point point) { devices_.pointer.at = onScreen(point); }
+    void warpPointer(Point point) { devices_.pointer.at = onScreen(point); }
 
     void hideCursor() { devices_.cursor.hide(scheduler_.now()); }
 
     void showCursor() { devices_.cursor.show(scheduler_.now()); }
 
-    std::uint32_t eventCount(tavrin::MouseEventType type) const { return devices_.counts.of(type); }
+    std::uint32_t eventCount(MouseEventType type) const { return devices_.counts.of(type); }
 
     /// The process may no longer post events.
     void permissionLost();
@@ -63,17 +64,17 @@ class SyntheticInput {
     void receive(const PostedEvent&);
     void receive(const PostedKey&);
     void record(const PostedEvent&);
-    void enterAtTap(const tavrin::MouseEvent&);
-    void followTap(const tavrin::MouseEvent&);
-    void movePointerOnly(const tavrin::MouseEvent&);
-    void pressAtPointer(const tavrin::MouseEvent&);
-    void dragPointer(const tavrin::MouseEvent&);
-    void releaseAtPointer(const tavrin::MouseEvent&);
+    void enterAtTap(const MouseEvent&);
+    void followTap(const MouseEvent&);
+    void movePointerOnly(const MouseEvent&);
+    void pressAtPointer(const MouseEvent&);
+    void dragPointer(const MouseEvent&);
+    void releaseAtPointer(const MouseEvent&);
     void nudge();
     void abandonDrags();
-    tavrin::Point onScreen(tavrin::Point) const;
+    Point onScreen(Point) const;
 
-    tavrin::VirtualScheduler& scheduler_;
+    VirtualScheduler& scheduler_;
     WorldCalls world_;
     PressTargets reach_;
     Devices& devices_;

@@ -16,14 +16,13 @@ bool Typing::pressKey(std::string_view key, const std::vector<Modifier>& modifie
 
 /// The monitors run in the program's main loop; a key that they pass on goes on its way after that.
 bool Typing::showToMonitors(std::string_view key, const std::vector<Modifier>& modifiers,
-                            const tavrin::KeyPress& stroke) {
+                            const KeyPress& stroke) {
     const auto& connection = program_.connection();
     const auto* surface = surfaces_.key();
     const bool isForProgram = connection && surface && surface->owner == connection->process();
     if (!isForProgram || menus_.isOpen() || !keyboard_.monitors.hasSubscribers()) return false;
     connection->post([this, key = std::string(key), modifiers, stroke] {
-        if (keyboard_.showToMonitors(stroke) == tavrin::KeyHandling::PassedOn)
-            pressKeyInFront(key, modifiers);
+        if (keyboard_.showToMonitors(stroke) == KeyHandling::PassedOn) pressKeyInFront(key, modifiers);
     });
     return true;
 }

@@ -6,6 +6,7 @@
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
 #include "system/program_process.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string_view>
 #include <vector>
@@ -33,7 +34,7 @@ class Typing {
     bool pressKey(std::string_view key, const std::vector<Modifier>&);
 
   private:
-    bool showToMonitors(std::string_view key, const std::vector<Modifier>&, const tavrin::KeyPress&);
+    bool showToMonitors(std::string_view key, const std::vector<Modifier>&, const KeyPress&);
     bool pressKeyInFront(std::string_view key, const std::vector<Modifier>&);
     bool pressKeyInMenu(std::string_view key, const std::vector<Modifier>&);
     bool closeKeySurface(std::string_view key);

@@ -13,11 +13,10 @@ namespace mac_model {
 namespace {
 
 using tavrin::DragPreview;
-using tavrin::View;
 
 namespace kinds = tavrin::kinds;
 
-constexpr tavrin::Seconds scrollInterval{0.03};
+constexpr Seconds scrollInterval{0.03};
 constexpr double previewWidthMax =
     2 * DragPreview::padding + DragPreview::pictureSide + DragPreview::spacing + DragPreview::labelWidthMax;
 
@@ -40,13 +39,13 @@ View shown(DragPreview preview) {
 
 } // namespace
 
-std::optional<ViewPath> dragSourceAt(const LaidOutView& root, tavrin::Point point) {
+std::optional<ViewPath> dragSourceAt(const LaidOutView& root, Point point) {
     return deepestPressedAt(root, point, [](const LaidOutView& laidOut) {
         return laidOut.view.dragValue && laidOut.view.isEnabled;
     });
 }
 
-std::optional<ViewPath> dropTargetAt(const LaidOutView& root, tavrin::Point point) {
+std::optional<ViewPath> dropTargetAt(const LaidOutView& root, Point point) {
     return deepestAt(root, point, [](const LaidOutView& laidOut) {
         return laidOut.view.onDrop != nullptr && laidOut.view.isEnabled;
     });
@@ -82,7 +81,7 @@ void ViewDrag::showPreview() {
     Surface preview;
     preview.kind = SurfaceKind::Drag;
     preview.owner = load_->owner;
-    preview.frame = tavrin::Rect::from({}, measured(load_->preview, previewWidthMax));
+    preview.frame = Rect::from({}, measured(load_->preview, previewWidthMax));
     preview.content = laidOut(load_->preview, preview.frame);
     preview.onDismissed = [this] { cancel(); };
     preview_ = stack_.add(std::move(preview)).identifier;

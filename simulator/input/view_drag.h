@@ -3,6 +3,7 @@
 #include "input/pointer.h"
 #include "screen/surface_stack.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <optional>
@@ -11,17 +12,17 @@
 namespace mac_model {
 
 /// The view that a press at the point may drag; none when a control inside it takes the press.
-std::optional<ViewPath> dragSourceAt(const LaidOutView& root, tavrin::Point);
+std::optional<ViewPath> dragSourceAt(const LaidOutView& root, Point);
 
 /// The innermost view at the point that takes drops.
-std::optional<ViewPath> dropTargetAt(const LaidOutView& root, tavrin::Point);
+std::optional<ViewPath> dropTargetAt(const LaidOutView& root, Point);
 
 /// A person's drag of a view that carries a value, from the press on it to the drop. The drag keeps its own
 /// copy of what is carried, because the view, its surface and its process may go meanwhile. Near the edge of
 /// a Scroll the content moves on for as long as the pointer stays there.
 class ViewDrag {
   public:
-    ViewDrag(SurfaceStack& stack, const Pointer& pointer, tavrin::VirtualScheduler& scheduler)
+    ViewDrag(SurfaceStack& stack, const Pointer& pointer, VirtualScheduler& scheduler)
         : stack_(stack)
         , pointer_(pointer)
         , calls_(scheduler) {}
@@ -45,16 +46,16 @@ class ViewDrag {
   private:
     struct Load {
         std::string value;
-        tavrin::View preview;
+        View preview;
         SurfaceIdentifier source;
-        tavrin::ProcessIdentifier owner;
-        tavrin::Point pressedAt;
+        ProcessIdentifier owner;
+        Point pressedAt;
     };
 
     struct Target {
         SurfaceIdentifier surface;
         ViewPath path;
-        std::function<void(tavrin::Work)> deliver;
+        std::function<void(Work)> deliver;
         std::function<void(bool)> onDragOver;
         std::function<void(const std::string&)> onDrop;
 

@@ -5,10 +5,6 @@
 
 namespace mac_model {
 
-using tavrin::EventField;
-using tavrin::MouseEvent;
-using tavrin::MouseEventType;
-
 namespace {
 
 constexpr double dragThreshold = 4; // points
@@ -20,7 +16,7 @@ void WindowInput::abandonDrag() {
     press_.reset();
 }
 
-void WindowInput::give(const MouseEvent& event, std::optional<tavrin::ProcessIdentifier> process) {
+void WindowInput::give(const MouseEvent& event, std::optional<ProcessIdentifier> process) {
     const auto* item = windows_.itemWith(windowOf(event));
     if (!item) return;
     const auto target = fieldOf(event, EventField::TargetProcess);

@@ -4,6 +4,7 @@
 #include "input/event_numbers.h"
 #include "menu_bar/windows.h"
 #include "platform/events.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,22 +23,22 @@ class WindowInput {
     WindowInput& operator=(const WindowInput&) = delete;
 
     /// The event is ignored when it was posted to another process than the item's.
-    void give(const tavrin::MouseEvent&, std::optional<tavrin::ProcessIdentifier> postedTo);
+    void give(const MouseEvent&, std::optional<ProcessIdentifier> postedTo);
     void abandonDrag();
 
   private:
     struct Press {
         StatusItemIdentifier item{};
         std::int64_t number = 0; // of the press event; 0 when later events must be ignored
-        tavrin::Point pressedAt;
+        Point pressedAt;
         double offset = 0; // from the item's left edge to where it was pressed
         bool isCommand = false;
         bool isCarried = false;
     };
 
-    void press(const StatusItemRecord&, const tavrin::MouseEvent&);
-    void drag(const tavrin::MouseEvent&);
-    void release(const tavrin::MouseEvent&);
+    void press(const StatusItemRecord&, const MouseEvent&);
+    void drag(const MouseEvent&);
+    void release(const MouseEvent&);
     bool isCarrying() const;
 
     PressTargets reach_;

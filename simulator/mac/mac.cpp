@@ -16,15 +16,14 @@ std::unique_ptr<UpdaterModel> makeUpdater(UpdaterSetting setting) {
 
 } // namespace
 
-std::expected<std::unique_ptr<Mac>, std::string> Mac::create(tavrin::VirtualScheduler& scheduler,
+std::expected<std::unique_ptr<Mac>, std::string> Mac::create(VirtualScheduler& scheduler,
                                                              MacOptions options) {
     auto preferences = PreferencesStore::create(scheduler, options.profile, options.desktop);
     if (!preferences) return std::unexpected(preferences.error());
     return std::unique_ptr<Mac>(new Mac(scheduler, std::move(options), std::move(*preferences)));
 }
 
-Mac::Mac(tavrin::VirtualScheduler& scheduler, MacOptions options,
-         std::unique_ptr<PreferencesStore> preferences)
+Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<PreferencesStore> preferences)
     : scheduler_(scheduler)
     , desktop_(std::move(options.desktop))
     , behaviour_{desktop_.macOS, desktop_.model, {}}
@@ -109,7 +108,7 @@ MacServices Mac::services() {
 void Mac::connectParts() {
     followFrontProcess();
     subscriptions_.push_back(processes_.onEnded.subscribe(
-        [this](tavrin::ProcessIdentifier ended) { content_.stack.dismissAllOf(ended); }));
+        [this](ProcessIdentifier ended) { content_.stack.dismissAllOf(ended); }));
     subscriptions_.push_back(processes_.onFrontChanged.subscribe([this] { followFrontProcess(); }));
     subscriptions_.push_back(keyboard_.onBeep.subscribe([this] { noteBeep(); }));
     subscriptions_.push_back(statusItems_.onChanged.subscribe([this] {

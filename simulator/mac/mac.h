@@ -27,6 +27,7 @@
 #include "seam/system/program_side.h"
 #include "system/behaviour.h"
 #include "system/bundles_on_disk.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <expected>
@@ -50,7 +51,7 @@ struct MacStatistics {
     std::map<std::string, std::uint64_t> messages; // Accessibility messages, by receiver
     std::size_t timersPending = 0;                 // the program's, on its main thread
     std::size_t tasksAlive = 0;
-    tavrin::Seconds virtualTime{0};
+    Seconds virtualTime{0};
 };
 
 /// A whole modelled Mac with one program on it and a person in front of it. Everything happens on the
@@ -59,14 +60,14 @@ struct MacStatistics {
 class Mac {
   public:
     /// The error is one sentence for the user: the profile can't be used.
-    static std::expected<std::unique_ptr<Mac>, std::string> create(tavrin::VirtualScheduler&, MacOptions);
+    static std::expected<std::unique_ptr<Mac>, std::string> create(VirtualScheduler&, MacOptions);
 
     Mac(const Mac&) = delete;
     Mac& operator=(const Mac&) = delete;
     /// Ends the program first; run the scheduler beforehand to see it quit in order.
     ~Mac();
 
-    tavrin::VirtualScheduler& scheduler() { return scheduler_; }
+    VirtualScheduler& scheduler() { return scheduler_; }
 
     const DesktopFile& desktop() const { return desktop_; } // as it was at the start
 
@@ -112,12 +113,12 @@ class Mac {
     void setUncertainties(const Uncertainties&);
 
     /// Where the program keeps its preferences.
-    tavrin::DefaultsDomain programDomain() const { return {programProcess_.info().bundleIdentifier}; }
+    DefaultsDomain programDomain() const { return {programProcess_.info().bundleIdentifier}; }
 
     MacStatistics statistics() const;
 
   private:
-    Mac(tavrin::VirtualScheduler&, MacOptions, std::unique_ptr<PreferencesStore>);
+    Mac(VirtualScheduler&, MacOptions, std::unique_ptr<PreferencesStore>);
 
     PressTargets pressTargets();
     MacServices services();
@@ -125,7 +126,7 @@ class Mac {
     void followFrontProcess();
     void noteBeep();
 
-    tavrin::VirtualScheduler& scheduler_;
+    VirtualScheduler& scheduler_;
     DesktopFile desktop_;
     Behaviour behaviour_;
     std::unique_ptr<PreferencesStore> preferences_;
@@ -159,7 +160,7 @@ class Mac {
     MacServices services_;
     ProgramPresentation presentation_;
     ProgramHost program_;
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

@@ -9,12 +9,13 @@
 #include "screen/surface_stack.h"
 #include "system/process_table.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
 /// Everything on the screens besides status items, and the pointer over it.
 struct ScreenContent : Devices {
-    ScreenContent(const tavrin::VirtualScheduler& scheduler, ProcessTable& processes, ScreensModel& screens,
+    ScreenContent(const VirtualScheduler& scheduler, ProcessTable& processes, ScreensModel& screens,
                   StatusItemTable& items)
         : menus(stack, screens)
         , chosen(scheduler)

@@ -8,9 +8,7 @@
 
 namespace mac_model {
 
-using tavrin::Rect;
-
-Arrangement::Arrangement(tavrin::VirtualScheduler& scheduler, StatusItemTable& items, ProcessTable& processes,
+Arrangement::Arrangement(VirtualScheduler& scheduler, StatusItemTable& items, ProcessTable& processes,
                          ScreensModel& screens, const Behaviour& behaviour)
     : scheduler_(scheduler)
     , world_(scheduler)
@@ -33,11 +31,11 @@ void Arrangement::refresh() {
     });
 }
 
-void Arrangement::arrangeAfter(tavrin::Seconds delay) {
+void Arrangement::arrangeAfter(Seconds delay) {
     world_.after(delay, [this] { arrange(); });
 }
 
-const StatusItemRecord* Arrangement::itemAt(tavrin::Point point) const {
+const StatusItemRecord* Arrangement::itemAt(Point point) const {
     for (const auto& screen : screens_.screens()) {
         const Rect bar{screen.frame.x, screen.frame.y, screen.frame.width, screen.menuBarHeight};
         if (!bar.contains(point)) continue;
@@ -72,7 +70,7 @@ bool Arrangement::isDrawnForOwner(StatusItemIdentifier identifier) const {
     return !behaviour_.faults.occlusionLag || !arrangedAt_ || scheduler_.now() >= *arrangedAt_ + occlusionLag;
 }
 
-void Arrangement::storePositions(tavrin::ProcessIdentifier owner) {
+void Arrangement::storePositions(ProcessIdentifier owner) {
     for (const auto* record : items_.itemsOf(owner)) {
         if (!record->frame || record->preferredPosition) continue;
         items_.storePosition(*record, positionToStore(*record));

@@ -6,6 +6,7 @@
 #include "system/process_table.h"
 #include "system/screens_model.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <utility>
@@ -24,28 +25,28 @@ struct CarriedItem {
 /// `arrangingTime`; until then the old frames stand. Frames are on the primary screen.
 class Arrangement {
   public:
-    static constexpr tavrin::Seconds arrangingTime{0.02};
-    static constexpr tavrin::Seconds occlusionLag{0.05};
+    static constexpr Seconds arrangingTime{0.02};
+    static constexpr Seconds occlusionLag{0.05};
     static constexpr double squareWidth = 26;
 
-    Arrangement(tavrin::VirtualScheduler&, StatusItemTable&, ProcessTable&, ScreensModel&, const Behaviour&);
+    Arrangement(VirtualScheduler&, StatusItemTable&, ProcessTable&, ScreensModel&, const Behaviour&);
     Arrangement(const Arrangement&) = delete;
     Arrangement& operator=(const Arrangement&) = delete;
 
     /// Arranges anew after something that affects the places has changed.
     void refresh();
-    void arrangeAfter(tavrin::Seconds);
+    void arrangeAfter(Seconds);
 
     /// The item drawn at a point of any screen's menu bar; null where there is none or the notch covers it.
-    const StatusItemRecord* itemAt(tavrin::Point) const;
+    const StatusItemRecord* itemAt(Point) const;
     /// Where the item is on that screen's menu bar; none when it has no frame.
-    std::optional<tavrin::Rect> frameOn(const ScreenSpec&, const StatusItemRecord&) const;
+    std::optional<Rect> frameOn(const ScreenSpec&, const StatusItemRecord&) const;
     /// The item's place as Accessibility reports it; for an item pushed off the screen that is uncertain.
-    tavrin::Rect accessibilityFrame(const StatusItemRecord&) const;
+    Rect accessibilityFrame(const StatusItemRecord&) const;
     /// Whether the item's own process sees it drawn.
     bool isDrawnForOwner(StatusItemIdentifier) const;
     /// Stores, as macOS does when the program quits in order, the place of each named item that had none.
-    void storePositions(tavrin::ProcessIdentifier);
+    void storePositions(ProcessIdentifier);
 
     // For moving items.
 
@@ -65,7 +66,7 @@ class Arrangement {
     std::optional<double> rankOf(StatusItemIdentifier) const;
     double positionToStore(const StatusItemRecord&) const;
 
-    tavrin::VirtualScheduler& scheduler_;
+    VirtualScheduler& scheduler_;
     WorldCalls world_;
     StatusItemTable& items_;
     const ProcessTable& processes_;
@@ -73,8 +74,8 @@ class Arrangement {
     const Behaviour& behaviour_;
     std::optional<CarriedItem> carried_;
     bool isArranging_ = false;
-    std::optional<tavrin::Seconds> arrangedAt_; // when an item last moved
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::optional<Seconds> arrangedAt_; // when an item last moved
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

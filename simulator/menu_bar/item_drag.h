@@ -2,6 +2,7 @@
 
 #include "menu_bar/arrangement.h"
 #include "menu_bar/status_item_table.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <vector>
@@ -14,7 +15,7 @@ enum class PutDown { There, WhereItWas };
 /// the displays change.
 class ItemDrag {
   public:
-    static constexpr tavrin::Seconds slidingTime{0.2}; // of an item that was put down
+    static constexpr Seconds slidingTime{0.2}; // of an item that was put down
 
     ItemDrag(StatusItemTable&, Arrangement&, const ProcessTable&, ScreensModel&, const Behaviour&);
     ItemDrag(const ItemDrag&) = delete;
@@ -52,7 +53,7 @@ class ItemDrag {
     const Behaviour& behaviour_;
     std::optional<Carried> carried_;
     int dragsSeen_ = 0; // since `loseDrags` was set
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

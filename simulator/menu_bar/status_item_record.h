@@ -4,6 +4,7 @@
 #include "menu_bar/status_layout.h"
 #include "platform/accessibility.h"
 #include "platform/status_items.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,7 +15,7 @@ namespace mac_model {
 
 /// How the program wants its item drawn.
 struct ItemAppearance {
-    tavrin::TemplateImage image;
+    TemplateImage image;
     double alpha = 1;
     bool isPillShown = false;
     double glow = 0;
@@ -27,7 +28,7 @@ enum class ItemOrigin { DesktopFile, Program };
 /// One status item of any process, and where it stands now.
 struct StatusItemRecord {
     StatusItemIdentifier identifier{};
-    tavrin::ProcessIdentifier owner = 0;
+    ProcessIdentifier owner = 0;
     ItemOrigin origin = ItemOrigin::DesktopFile;
 
     /// The item's texts, and what it opens. The program's items keep their label in `description`, their tool
@@ -44,12 +45,11 @@ struct StatusItemRecord {
     bool isOpen = false;              // its menu, popover or panel is on the screen
     std::uint64_t menuGeneration = 1; // each closing of its menu ends the life of the menu's elements
 
-    ItemAppearance appearance; // the program's items
-    std::function<void(tavrin::StatusItemPress)>
-        action; // the program's items; call it by `StatusItemTable::press`
+    ItemAppearance appearance;                   // the program's items
+    std::function<void(StatusItemPress)> action; // the program's items; call it by `StatusItemTable::press`
 
     /// On the primary screen; none while the item is not in the menu bar or not arranged yet.
-    std::optional<tavrin::Rect> frame;
+    std::optional<Rect> frame;
     bool isDrawn = false;
     std::optional<HiddenReason> why;
 };

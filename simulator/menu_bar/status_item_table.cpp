@@ -6,8 +6,6 @@
 
 namespace mac_model {
 
-using tavrin::ProcessIdentifier;
-
 namespace {
 
 double usableLength(double length) {
@@ -67,7 +65,7 @@ void StatusItemTable::setOpen(StatusItemIdentifier identifier, bool isOpen) {
     onChanged.emit();
 }
 
-bool StatusItemTable::press(StatusItemIdentifier identifier, tavrin::StatusItemPress press) {
+bool StatusItemTable::press(StatusItemIdentifier identifier, StatusItemPress press) {
     const auto* record = find(identifier);
     const auto program = programItems_.find(identifier);
     if (!record || program == programItems_.end()) return false;
@@ -144,7 +142,7 @@ void StatusItemTable::removeItemsOf(ProcessIdentifier owner) {
     onPlacesStale.emit();
 }
 
-tavrin::DefaultsDomain StatusItemTable::domainOf(const StatusItemRecord& record) const {
+DefaultsDomain StatusItemTable::domainOf(const StatusItemRecord& record) const {
     const auto program = programItems_.find(record.identifier);
     if (program != programItems_.end()) return program->second.domain;
     const auto* process = processes_.find(record.owner);
@@ -170,7 +168,7 @@ void StatusItemTable::storePosition(const StatusItemRecord& record, double posit
 }
 
 StatusItemIdentifier StatusItemTable::add(std::shared_ptr<ProgramConnection> connection,
-                                          tavrin::DefaultsDomain domain, double length) {
+                                          DefaultsDomain domain, double length) {
     StatusItemRecord record;
     record.identifier = StatusItemIdentifier{nextIdentifier_++};
     record.owner = connection->process();
@@ -243,7 +241,7 @@ void StatusItemTable::setHiddenFromAccessibility(StatusItemIdentifier identifier
 }
 
 void StatusItemTable::setAction(StatusItemIdentifier identifier,
-                                std::function<void(tavrin::StatusItemPress)> action) {
+                                std::function<void(StatusItemPress)> action) {
     if (auto* record = change(identifier)) record->action = std::move(action);
 }
 

@@ -7,6 +7,7 @@
 #include "system/behaviour.h"
 #include "system/process_table.h"
 #include "system/program_connection.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <map>
@@ -34,7 +35,7 @@ class StatusItemTable {
 
     /// Every item, in the order of creation.
     std::vector<const StatusItemRecord*> items() const;
-    std::vector<const StatusItemRecord*> itemsOf(tavrin::ProcessIdentifier) const;
+    std::vector<const StatusItemRecord*> itemsOf(ProcessIdentifier) const;
     /// The items with a frame, from left to right.
     std::vector<const StatusItemRecord*> fromLeftToRight() const;
     /// Null when there is none; else it holds until the item is removed.
@@ -43,22 +44,21 @@ class StatusItemTable {
     /// Marks the item's menu, popover or panel as open or closed.
     void setOpen(StatusItemIdentifier, bool isOpen);
     /// Sends a press to the program that owns the item; false for items of other processes.
-    bool press(StatusItemIdentifier, tavrin::StatusItemPress);
+    bool press(StatusItemIdentifier, StatusItemPress);
 
     /// The person drags every item of the bundle off the menu bar.
     std::expected<void, std::string> removeItems(std::string_view bundleIdentifier);
     std::expected<void, std::string> setBehindNotch(std::string_view bundleIdentifier, BehindNotch);
     /// Whether no item of that owner's bundle ever stays in sight beside the notch.
-    bool areAllBehindNotch(tavrin::ProcessIdentifier owner) const;
+    bool areAllBehindNotch(ProcessIdentifier owner) const;
 
-    tavrin::Signal<> onChanged;     // after the items were arranged, or one looks different, opened or closed
-    tavrin::Signal<> onPlacesStale; // something that affects their places has changed
-    tavrin::Signal<StatusItemIdentifier> onLeaving; // before it is removed or hidden
+    Signal<> onChanged;     // after the items were arranged, or one looks different, opened or closed
+    Signal<> onPlacesStale; // something that affects their places has changed
+    Signal<StatusItemIdentifier> onLeaving; // before it is removed or hidden
 
     // For the program's items. Positions and visibility are kept in `domain` under the item's name.
 
-    StatusItemIdentifier add(std::shared_ptr<ProgramConnection>, tavrin::DefaultsDomain domain,
-                             double length);
+    StatusItemIdentifier add(std::shared_ptr<ProgramConnection>, DefaultsDomain domain, double length);
     /// Removes the item from the menu bar; macOS may forget its position with that.
     void remove(StatusItemIdentifier);
     void setLength(StatusItemIdentifier, double length);
@@ -67,7 +67,7 @@ class StatusItemTable {
     void setAppearance(StatusItemIdentifier, ItemAppearance);
     void setTexts(StatusItemIdentifier, std::string label, std::string toolTip);
     void setHiddenFromAccessibility(StatusItemIdentifier, bool hidden);
-    void setAction(StatusItemIdentifier, std::function<void(tavrin::StatusItemPress)>);
+    void setAction(StatusItemIdentifier, std::function<void(StatusItemPress)>);
 
     // For placing the items.
 
@@ -78,15 +78,15 @@ class StatusItemTable {
   private:
     struct ProgramItem {
         std::shared_ptr<ProgramConnection> connection;
-        tavrin::DefaultsDomain domain;
+        DefaultsDomain domain;
     };
 
-    void addItemsOf(tavrin::ProcessIdentifier);
-    void removeItemsOf(tavrin::ProcessIdentifier);
+    void addItemsOf(ProcessIdentifier);
+    void removeItemsOf(ProcessIdentifier);
     StatusItemRecord recordFor(const Process& owner, const StatusItemSpec&);
     void hide(StatusItemRecord&);
     void forgetPosition(StatusItemRecord&);
-    tavrin::DefaultsDomain domainOf(const StatusItemRecord&) const;
+    DefaultsDomain domainOf(const StatusItemRecord&) const;
 
     ProcessTable& processes_;
     StoredPlaces stored_;
@@ -95,7 +95,7 @@ class StatusItemTable {
     std::map<StatusItemIdentifier, ProgramItem> programItems_;
     std::set<std::string, std::less<>> behindNotch_; // bundles
     std::uint64_t nextIdentifier_ = 1;
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

@@ -9,8 +9,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::Rect;
-
 constexpr double itemHeight = 24;
 constexpr double narrowestSliver = 1; // of an item beside the notch that still counts as drawn
 constexpr double veryWideScreen = 2560;

@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "desktop/desktop_file.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <optional>
@@ -48,7 +49,7 @@ struct LayoutRules {
 
 struct PlacedItem {
     StatusItemIdentifier identifier{};
-    tavrin::Rect frame;
+    Rect frame;
     bool isDrawn = false;            // any part of it
     std::optional<HiddenReason> why; // none also for an item of width 0, which has nothing to draw
 };
@@ -62,9 +63,9 @@ std::vector<PlacedItem> layOutStatusItems(std::span<const LayoutItem> items, con
 bool isLongOn(const ScreenSpec&, double width);
 
 /// The part of the menu bar under the camera; none on a screen without a notch.
-std::optional<tavrin::Rect> notchOf(const ScreenSpec&);
+std::optional<Rect> notchOf(const ScreenSpec&);
 
 /// The frame on another screen of an item that has `frame` on the primary: as far from its right edge.
-tavrin::Rect frameOnScreen(tavrin::Rect frame, const ScreenSpec& primary, const ScreenSpec& other);
+Rect frameOnScreen(Rect frame, const ScreenSpec& primary, const ScreenSpec& other);
 
 } // namespace mac_model

@@ -11,13 +11,11 @@ constexpr std::string_view visibleKey = "NSStatusItem Visible ";
 constexpr std::string_view controlCenterKey = "NSStatusItem VisibleCC ";
 constexpr int firstVersionWithControlCenterKey = 26;
 
-tavrin::DefaultsDomain globalOfThisHost() {
-    return {".GlobalPreferences", tavrin::DefaultsDomain::Host::Current};
-}
+DefaultsDomain globalOfThisHost() { return {".GlobalPreferences", DefaultsDomain::Host::Current}; }
 
 std::string key(std::string_view prefix, const std::string& name) { return std::string(prefix) + name; }
 
-bool isFalse(const std::optional<tavrin::DefaultsValue>& value) {
+bool isFalse(const std::optional<DefaultsValue>& value) {
     return value && (value->value == decltype(value->value)(false) ||
                      value->value == decltype(value->value)(std::int64_t{0}));
 }
@@ -34,13 +32,13 @@ std::string StoredPlaces::byHostName(std::string_view name) {
     return result + "_v6";
 }
 
-std::optional<tavrin::DefaultsValue> StoredPlaces::value(std::string_view prefix, const std::string& name,
-                                                         const tavrin::DefaultsDomain& domain) const {
+std::optional<DefaultsValue> StoredPlaces::value(std::string_view prefix, const std::string& name,
+                                                 const DefaultsDomain& domain) const {
     if (auto own = preferences_.value(domain, key(prefix, name))) return own;
     return preferences_.value(globalOfThisHost(), key(prefix, byHostName(name)));
 }
 
-void StoredPlaces::read(StatusItemRecord& record, const tavrin::DefaultsDomain& domain) const {
+void StoredPlaces::read(StatusItemRecord& record, const DefaultsDomain& domain) const {
     if (const auto position = tavrin::numberIn(value(positionKey, record.name, domain)))
         record.preferredPosition = position;
     if (isFalse(value(visibleKey, record.name, domain))) record.isVisible = false;
@@ -48,17 +46,16 @@ void StoredPlaces::read(StatusItemRecord& record, const tavrin::DefaultsDomain& 
                           isFalse(value(controlCenterKey, record.name, domain));
 }
 
-void StoredPlaces::setVisible(const StatusItemRecord& record, const tavrin::DefaultsDomain& domain,
-                              bool visible) {
+void StoredPlaces::setVisible(const StatusItemRecord& record, const DefaultsDomain& domain, bool visible) {
     if (!record.name.empty()) preferences_.set(domain, key(visibleKey, record.name), {visible});
 }
 
-void StoredPlaces::setPosition(const StatusItemRecord& record, const tavrin::DefaultsDomain& domain,
+void StoredPlaces::setPosition(const StatusItemRecord& record, const DefaultsDomain& domain,
                                double position) {
     if (!record.name.empty()) preferences_.set(domain, key(positionKey, record.name), {position});
 }
 
-void StoredPlaces::removePosition(const StatusItemRecord& record, const tavrin::DefaultsDomain& domain) {
+void StoredPlaces::removePosition(const StatusItemRecord& record, const DefaultsDomain& domain) {
     preferences_.remove(domain, key(positionKey, record.name));
     preferences_.remove(globalOfThisHost(), key(positionKey, byHostName(record.name)));
 }

@@ -3,6 +3,7 @@
 #include "desktop/desktop_file.h"
 #include "menu_bar/status_item_record.h"
 #include "preferences/preferences_store.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <string_view>
@@ -19,17 +20,17 @@ class StoredPlaces {
         , version_(version) {}
 
     /// Takes over position and visibility; what isn't stored stays as it is.
-    void read(StatusItemRecord&, const tavrin::DefaultsDomain&) const;
-    void setVisible(const StatusItemRecord&, const tavrin::DefaultsDomain&, bool visible);
-    void setPosition(const StatusItemRecord&, const tavrin::DefaultsDomain&, double position);
-    void removePosition(const StatusItemRecord&, const tavrin::DefaultsDomain&);
+    void read(StatusItemRecord&, const DefaultsDomain&) const;
+    void setVisible(const StatusItemRecord&, const DefaultsDomain&, bool visible);
+    void setPosition(const StatusItemRecord&, const DefaultsDomain&, double position);
+    void removePosition(const StatusItemRecord&, const DefaultsDomain&);
 
     /// The name in keys of the second form: what follows the first "_" begins with a small letter, and "_v6".
     static std::string byHostName(std::string_view name);
 
   private:
-    std::optional<tavrin::DefaultsValue> value(std::string_view prefix, const std::string& name,
-                                               const tavrin::DefaultsDomain&) const;
+    std::optional<DefaultsValue> value(std::string_view prefix, const std::string& name,
+                                       const DefaultsDomain&) const;
 
     PreferencesStore& preferences_;
     MacOSVersion version_;

@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "desktop/desktop_file.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <vector>
@@ -11,7 +12,7 @@ namespace mac_model {
 /// One title in the left part of a menu bar.
 struct MenuTitle {
     std::string title;
-    tavrin::Rect frame;
+    Rect frame;
 };
 
 /// The titles that this application shows on the screen's menu bar, from left to right: the Apple menu

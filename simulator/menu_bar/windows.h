@@ -4,6 +4,7 @@
 #include "platform/window_server.h"
 #include "system/behaviour.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace mac_model {
 /// A window of the menu bar as the window server knows it.
 struct MenuBarWindow {
     tavrin::WindowServerMenuBar::WindowNumber number = 0;
-    tavrin::Rect frame;
+    Rect frame;
 };
 
 /// One window for each display's bar and, up to macOS 26, one for each status item of the primary screen,

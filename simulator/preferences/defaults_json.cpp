@@ -13,7 +13,6 @@ using nlohmann::json;
 using tavrin::DefaultsArray;
 using tavrin::DefaultsData;
 using tavrin::DefaultsDictionary;
-using tavrin::DefaultsValue;
 
 namespace {
 

@@ -15,7 +15,6 @@ namespace mac_model {
 namespace {
 
 namespace fs = std::filesystem;
-using tavrin::DefaultsDomain;
 
 constexpr std::string_view byHostFolder = "ByHost";
 

@@ -2,6 +2,7 @@
 
 #include "platform/defaults.h"
 #include "preferences/whole_file.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <filesystem>
@@ -27,18 +28,18 @@ class PreferencesFiles {
     /// to.
     static std::expected<PreferencesFiles, std::string> open(const std::filesystem::path& profile);
 
-    std::expected<std::map<tavrin::DefaultsDomain, StoredDomain>, std::string> readAll() const;
-    std::expected<void, std::string> write(const tavrin::DefaultsDomain&, const StoredDomain&) const;
+    std::expected<std::map<DefaultsDomain, StoredDomain>, std::string> readAll() const;
+    std::expected<void, std::string> write(const DefaultsDomain&, const StoredDomain&) const;
 
   private:
-    using Host = tavrin::DefaultsDomain::Host;
+    using Host = DefaultsDomain::Host;
 
     PreferencesFiles(std::filesystem::path folder, FolderLock lock)
         : folder_(std::move(folder))
         , lock_(std::move(lock)) {}
 
     std::filesystem::path folderOf(Host host) const;
-    std::expected<void, std::string> readFolder(Host, std::map<tavrin::DefaultsDomain, StoredDomain>&) const;
+    std::expected<void, std::string> readFolder(Host, std::map<DefaultsDomain, StoredDomain>&) const;
 
     std::filesystem::path folder_;
     FolderLock lock_;

@@ -6,22 +6,19 @@
 
 namespace mac_model {
 
-using tavrin::DefaultsDomain;
-using tavrin::DefaultsValue;
-
 namespace {
-constexpr tavrin::Seconds writeDelay{0.05};
+constexpr Seconds writeDelay{0.05};
 } // namespace
 
-PreferencesStore::PreferencesStore(tavrin::VirtualScheduler& scheduler, std::optional<PreferencesFiles> files)
+PreferencesStore::PreferencesStore(VirtualScheduler& scheduler, std::optional<PreferencesFiles> files)
     : world_(scheduler)
     , files_(std::move(files)) {}
 
 PreferencesStore::~PreferencesStore() { flush(); }
 
 std::expected<std::unique_ptr<PreferencesStore>, std::string>
-PreferencesStore::create(tavrin::VirtualScheduler& scheduler,
-                         const std::optional<std::filesystem::path>& profile, const DesktopFile& desktop) {
+PreferencesStore::create(VirtualScheduler& scheduler, const std::optional<std::filesystem::path>& profile,
+                         const DesktopFile& desktop) {
     std::optional<PreferencesFiles> files;
     if (profile) {
         auto opened = PreferencesFiles::open(*profile);

@@ -5,6 +5,7 @@
 #include "platform/defaults.h"
 #include "preferences/preferences_files.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <filesystem>
@@ -27,29 +28,28 @@ class PreferencesStore {
     /// Without a profile nothing is kept. The error is one sentence that names the path; nothing was
     /// overwritten.
     static std::expected<std::unique_ptr<PreferencesStore>, std::string>
-    create(tavrin::VirtualScheduler&, const std::optional<std::filesystem::path>& profile,
-           const DesktopFile&);
+    create(VirtualScheduler&, const std::optional<std::filesystem::path>& profile, const DesktopFile&);
 
     PreferencesStore(const PreferencesStore&) = delete;
     PreferencesStore& operator=(const PreferencesStore&) = delete;
     ~PreferencesStore();
 
-    std::optional<tavrin::DefaultsValue> value(const tavrin::DefaultsDomain&, std::string_view key) const;
+    std::optional<DefaultsValue> value(const DefaultsDomain&, std::string_view key) const;
     /// The value as a number when it is an integer or a real.
-    std::optional<double> number(const tavrin::DefaultsDomain&, std::string_view key) const;
-    std::optional<bool> boolean(const tavrin::DefaultsDomain&, std::string_view key) const;
-    void set(const tavrin::DefaultsDomain&, std::string_view key, tavrin::DefaultsValue);
-    void remove(const tavrin::DefaultsDomain&, std::string_view key);
+    std::optional<double> number(const DefaultsDomain&, std::string_view key) const;
+    std::optional<bool> boolean(const DefaultsDomain&, std::string_view key) const;
+    void set(const DefaultsDomain&, std::string_view key, DefaultsValue);
+    void remove(const DefaultsDomain&, std::string_view key);
 
-    std::vector<std::string> keys(const tavrin::DefaultsDomain&) const;
-    std::vector<tavrin::DefaultsDomain> domains() const;
+    std::vector<std::string> keys(const DefaultsDomain&) const;
+    std::vector<DefaultsDomain> domains() const;
     /// The domain as JSON for a person: data values as base64 under "$data".
-    nlohmann::json describe(const tavrin::DefaultsDomain&) const;
+    nlohmann::json describe(const DefaultsDomain&) const;
 
     /// Writes what has changed. Call it at the end of each command, too: virtual time may stand still for
     /// long.
     void flush();
-    void flush(const tavrin::DefaultsDomain&);
+    void flush(const DefaultsDomain&);
 
     /// Why the last write failed; none after one that succeeded. Changes stay in memory and are tried again.
     const std::optional<std::string>& lastWriteError() const { return lastWriteError_; }
@@ -62,15 +62,15 @@ class PreferencesStore {
         bool isDirty = false;
     };
 
-    PreferencesStore(tavrin::VirtualScheduler&, std::optional<PreferencesFiles>);
+    PreferencesStore(VirtualScheduler&, std::optional<PreferencesFiles>);
     std::expected<void, std::string> load();
-    void seed(const PreferenceDomains&, tavrin::DefaultsDomain::Host);
+    void seed(const PreferenceDomains&, DefaultsDomain::Host);
     void touch(Domain&);
-    void write(const tavrin::DefaultsDomain&, Domain&);
+    void write(const DefaultsDomain&, Domain&);
 
     WorldCalls world_;
     std::optional<PreferencesFiles> files_;
-    std::map<tavrin::DefaultsDomain, Domain> domains_;
+    std::map<DefaultsDomain, Domain> domains_;
     std::optional<std::string> lastWriteError_;
     bool isWritePending_ = false;
 };

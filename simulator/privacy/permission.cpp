@@ -3,10 +3,10 @@
 namespace mac_model {
 
 namespace {
-tavrin::DefaultsDomain privacyDomain() { return {"com.apple.TCC"}; }
+DefaultsDomain privacyDomain() { return {"com.apple.TCC"}; }
 } // namespace
 
-Permission::Permission(tavrin::VirtualScheduler& scheduler, PreferencesStore& preferences,
+Permission::Permission(VirtualScheduler& scheduler, PreferencesStore& preferences,
                        const Uncertainties& uncertainties, const std::string& bundleIdentifier,
                        bool isTrustedAtFirst)
     : scheduler_(scheduler)

@@ -4,6 +4,7 @@
 #include "concurrency/virtual_scheduler.h"
 #include "preferences/preferences_store.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 
@@ -12,10 +13,10 @@ namespace mac_model {
 /// The program's entry in the list of applications that may use Accessibility. The profile keeps the choice.
 class Permission {
   public:
-    static constexpr tavrin::Seconds noticeDelay{0.1};
-    static constexpr tavrin::Seconds staleTime{0.8};
+    static constexpr Seconds noticeDelay{0.1};
+    static constexpr Seconds staleTime{0.8};
 
-    Permission(tavrin::VirtualScheduler&, PreferencesStore&, const Uncertainties&,
+    Permission(VirtualScheduler&, PreferencesStore&, const Uncertainties&,
                const std::string& bundleIdentifier, bool isTrustedAtFirst);
 
     /// The state of the switch in System Settings, which messages obey.
@@ -33,11 +34,11 @@ class Permission {
 
     void programStarted() { wasRevoked_ = false; }
 
-    tavrin::Signal<> onChanged; // at once, for System Settings
-    tavrin::Signal<> onNotice;  // for programs
+    Signal<> onChanged; // at once, for System Settings
+    Signal<> onNotice;  // for programs
 
   private:
-    tavrin::VirtualScheduler& scheduler_;
+    VirtualScheduler& scheduler_;
     WorldCalls world_;
     PreferencesStore& preferences_;
     const Uncertainties& uncertainties_;
@@ -45,7 +46,7 @@ class Permission {
     bool isTrustedAtFirst_;
     bool wasRevoked_ = false;
     bool toldWhileStale_ = false;
-    tavrin::Seconds staleUntil_{-1};
+    Seconds staleUntil_{-1};
 };
 
 } // namespace mac_model

@@ -54,7 +54,7 @@ bool focusOn(Surface& surface, const ViewPath& path) {
     return true;
 }
 
-void focusAt(Surface& surface, tavrin::Point point) {
+void focusAt(Surface& surface, Point point) {
     const auto path = deepestPressedAt(surface.content, point, [](const LaidOutView& laidOut) {
         return tavrin::takesFocusWhenPressed(laidOut.view);
     });

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "screen/surface.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
 // Moves the keyboard focus of a surface. Where it goes is decided by the program's own views/focus.h.
-
-using tavrin::FocusStep;
 
 /// Replaces the surface's content by one in the same places: scrolling and focus stay where they can.
 void showAnew(Surface&, LaidOutView content);
@@ -21,6 +20,6 @@ bool moveFocusInList(Surface&, FocusStep);
 bool focusOn(Surface&, const ViewPath&);
 
 /// As a press at the point does.
-void focusAt(Surface&, tavrin::Point);
+void focusAt(Surface&, Point);
 
 } // namespace mac_model

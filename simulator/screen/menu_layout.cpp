@@ -10,8 +10,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::TextStyle;
-
 constexpr double inset = 5; // above the first and below the last entry
 constexpr double rowHeight = 22;
 constexpr double separatorHeight = 11;
@@ -43,7 +41,7 @@ std::string inUpperCase(std::string text) {
 
 } // namespace
 
-tavrin::Size menuSize(const std::vector<MenuItemSpec>& items) {
+Size menuSize(const std::vector<MenuItemSpec>& items) {
     double widest = 0;
     double height = 2 * inset;
     for (const auto& item : items) {
@@ -54,7 +52,7 @@ tavrin::Size menuSize(const std::vector<MenuItemSpec>& items) {
     return {std::max(widthMin, std::ceil(markWidth + widest + trailingWidth)), height};
 }
 
-std::vector<MenuRow> menuRows(std::vector<MenuItemSpec> items, tavrin::Rect frame) {
+std::vector<MenuRow> menuRows(std::vector<MenuItemSpec> items, Rect frame) {
     std::vector<MenuRow> rows;
     double y = frame.y + inset;
     for (auto& item : items) {

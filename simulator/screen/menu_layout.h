@@ -1,6 +1,7 @@
 #pragma once
 
 #include "screen/surface.h"
+#include "vocabulary/vocabulary.h"
 
 #include <optional>
 #include <string>
@@ -8,10 +9,10 @@
 
 namespace mac_model {
 
-tavrin::Size menuSize(const std::vector<MenuItemSpec>&);
+Size menuSize(const std::vector<MenuItemSpec>&);
 
 /// The entries from top to bottom, in a menu with this frame.
-std::vector<MenuRow> menuRows(std::vector<MenuItemSpec>, tavrin::Rect frame);
+std::vector<MenuRow> menuRows(std::vector<MenuItemSpec>, Rect frame);
 
 /// Such as "⇧⌘N"; empty when the entry has no key equivalent.
 std::string keyEquivalentText(const MenuItemSpec&);

@@ -23,7 +23,7 @@ void MenuTracking::open(MenuRequest request) {
     addSurface(std::move(items), frame);
 }
 
-void MenuTracking::addSurface(std::vector<MenuItemSpec> items, tavrin::Rect frame) {
+void MenuTracking::addSurface(std::vector<MenuItemSpec> items, Rect frame) {
     Surface menu;
     menu.kind = SurfaceKind::Menu;
     menu.owner = session_->request.owner;
@@ -58,14 +58,14 @@ Surface& MenuTracking::surfaceAt(std::size_t depth) const {
     return *surface;
 }
 
-bool MenuTracking::contains(tavrin::Point point) const {
+bool MenuTracking::contains(Point point) const {
     if (!session_) return false;
     for (std::size_t depth = 0; depth < session_->surfaces.size(); ++depth)
         if (surfaceAt(depth).frame.contains(point)) return true;
     return false;
 }
 
-std::optional<MenuTracking::Place> MenuTracking::placeAt(tavrin::Point point) const {
+std::optional<MenuTracking::Place> MenuTracking::placeAt(Point point) const {
     if (!session_) return std::nullopt;
     for (std::size_t depth = session_->surfaces.size(); depth-- > 0;) {
         const auto& surface = surfaceAt(depth);
@@ -77,7 +77,7 @@ std::optional<MenuTracking::Place> MenuTracking::placeAt(tavrin::Point point) co
     return std::nullopt;
 }
 
-void MenuTracking::pointerMovedTo(tavrin::Point point) {
+void MenuTracking::pointerMovedTo(Point point) {
     if (const auto place = placeAt(point)) highlight(*place);
 }
 
@@ -121,7 +121,7 @@ void MenuTracking::openSubmenuAt(const MenuPath& path) {
     }
 }
 
-void MenuTracking::releasedAt(tavrin::Point point) {
+void MenuTracking::releasedAt(Point point) {
     const auto place = placeAt(point);
     if (!place || !isChoosable(surfaceAt(place->depth).rows[place->row].item)) return;
     MenuPath path(session_->path.begin(), session_->path.begin() + static_cast<std::ptrdiff_t>(place->depth));

@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "screen/surface_stack.h"
 #include "system/screens_model.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <optional>
@@ -24,8 +25,8 @@ using MenuPath = std::vector<std::size_t>;
 
 struct MenuRequest {
     std::vector<MenuItemSpec> items;
-    tavrin::Rect area; // on the screen; the menu opens below it
-    tavrin::ProcessIdentifier owner = 0;
+    Rect area; // on the screen; the menu opens below it
+    ProcessIdentifier owner = 0;
     MenuAnchor anchor;
     std::function<void(const MenuPath&)> onChosen; // after the menu has closed
     std::function<void()> onClosed;
@@ -49,10 +50,10 @@ class MenuTracking {
     /// The anchor of the open menu; none while no menu is open.
     std::optional<MenuAnchor> anchor() const;
 
-    bool contains(tavrin::Point) const;
-    void pointerMovedTo(tavrin::Point);
+    bool contains(Point) const;
+    void pointerMovedTo(Point);
     /// Chooses the entry at the point, if it can be chosen.
-    void releasedAt(tavrin::Point);
+    void releasedAt(Point);
 
     void choose(const MenuPath&);
     /// Chooses the entry with this key equivalent; false when there is none.
@@ -68,13 +69,13 @@ class MenuTracking {
     void openSubmenuAt(const MenuPath&);
 
     /// The process that the open menu belongs to; 0 while none is open.
-    tavrin::ProcessIdentifier owner() const { return session_ ? session_->request.owner : 0; }
+    ProcessIdentifier owner() const { return session_ ? session_->request.owner : 0; }
 
     /// The entries whose submenus are open.
     MenuPath openPath() const { return session_ ? session_->path : MenuPath{}; }
 
     /// After a menu was opened or closed.
-    tavrin::Signal<> onChanged;
+    Signal<> onChanged;
 
     std::vector<SurfaceIdentifier> menus() const; // outermost first
 
@@ -90,9 +91,9 @@ class MenuTracking {
         std::size_t row;
     };
 
-    std::optional<Place> placeAt(tavrin::Point) const;
+    std::optional<Place> placeAt(Point) const;
     Surface& surfaceAt(std::size_t depth) const;
-    void addSurface(std::vector<MenuItemSpec>, tavrin::Rect frame);
+    void addSurface(std::vector<MenuItemSpec>, Rect frame);
     void highlight(Place);
     void openSubmenu(Place);
     void closeDeeperThan(std::size_t depth);

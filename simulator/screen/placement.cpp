@@ -7,9 +7,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::Rect;
-using tavrin::Size;
-
 constexpr double edgeMargin = 8;
 constexpr double arrowHeight = 8;
 constexpr double menuRowInset = 5;
@@ -18,7 +15,7 @@ double kept(double position, double least, double most) { return std::max(least,
 
 } // namespace
 
-ScreenSpec screenFor(const std::vector<ScreenSpec>& screens, tavrin::Point point) {
+ScreenSpec screenFor(const std::vector<ScreenSpec>& screens, Point point) {
     for (const auto& screen : screens)
         if (screen.frame.contains(point)) return screen;
     if (!screens.empty()) return screens.front();

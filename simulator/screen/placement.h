@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "desktop/desktop_file.h"
+#include "vocabulary/vocabulary.h"
 
 #include <vector>
 
@@ -10,18 +11,18 @@ namespace mac_model {
 // Where macOS puts what it shows. Screen points.
 
 /// The screen with the point on it, else the primary. With no screen at all, a small one stands in.
-ScreenSpec screenFor(const std::vector<ScreenSpec>&, tavrin::Point);
+ScreenSpec screenFor(const std::vector<ScreenSpec>&, Point);
 
 /// A window of this size on the screen: centred, a little high.
-tavrin::Rect windowFrame(tavrin::Size, const ScreenSpec&);
+Rect windowFrame(Size, const ScreenSpec&);
 
 /// Below the area, kept on the screen; the room between holds the arrow. Cut where the screen ends.
-tavrin::Rect popoverFrame(tavrin::Size, tavrin::Rect area, const ScreenSpec&);
+Rect popoverFrame(Size, Rect area, const ScreenSpec&);
 
 /// Below the area and as far left, kept on the screen.
-tavrin::Rect menuFrame(tavrin::Size, tavrin::Rect area, const ScreenSpec&);
+Rect menuFrame(Size, Rect area, const ScreenSpec&);
 
 /// Beside the entry that opens it: on its right, or on its left where the right has no room.
-tavrin::Rect submenuFrame(tavrin::Size, tavrin::Rect entry, const ScreenSpec&);
+Rect submenuFrame(Size, Rect entry, const ScreenSpec&);
 
 } // namespace mac_model

@@ -7,6 +7,7 @@
 #include "platform/accessibility.h"
 #include "views/focus.h"
 #include "views/view_queries.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <cstdint>
@@ -30,7 +31,7 @@ enum class OutsidePress { Ignored, Closes };
 
 struct MenuRow {
     MenuItemSpec item;
-    tavrin::Rect frame;
+    Rect frame;
 };
 
 /// Something on the screen that is no part of the menu bar. Frames are in screen points.
@@ -39,9 +40,9 @@ struct Surface {
 
     SurfaceIdentifier identifier{};
     SurfaceKind kind = SurfaceKind::Window;
-    tavrin::ProcessIdentifier owner = 0;
+    ProcessIdentifier owner = 0;
     std::string title;
-    tavrin::Rect frame;
+    Rect frame;
     bool hasTitleBar = false;
     OutsidePress outsidePress = OutsidePress::Ignored;
 
@@ -54,7 +55,7 @@ struct Surface {
     StatusItemIdentifier anchor = StatusItemIdentifier::None; // the status item that it belongs to
 
     /// Runs a callback of the content in its owner, later; drops it when the owner is gone by then.
-    std::function<void(tavrin::Work)> deliver;
+    std::function<void(Work)> deliver;
     /// Called when the person has moved the keyboard focus in it.
     std::function<void()> onFocusMoved;
     /// Called when it is no longer the key surface, also because it closes, and then first.
@@ -62,12 +63,12 @@ struct Surface {
     /// Called when anyone but its owner has closed it.
     std::function<void()> onDismissed;
 
-    tavrin::Rect contentFrame() const {
+    Rect contentFrame() const {
         const double top = hasTitleBar ? titleBarHeight : 0;
         return {frame.x, frame.y + top, frame.width, frame.height - top};
     }
 
-    tavrin::Rect closeButton() const { return {frame.x + 9, frame.y + 8, 12, 12}; }
+    Rect closeButton() const { return {frame.x + 9, frame.y + 8, 12, 12}; }
 };
 
 } // namespace mac_model

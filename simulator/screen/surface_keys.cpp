@@ -1,6 +1,7 @@
 #include "screen/surface_keys.h"
 
 #include "screen/keyboard_focus.h"
+#include "vocabulary/vocabulary.h"
 
 #include <algorithm>
 
@@ -11,7 +12,7 @@ namespace {
 bool performKeyAction(const Surface& surface, const ViewPath& focused, std::string_view key) {
     for (auto path = focused;; path.pop_back()) {
         const auto& actions = viewAt(surface.content, path)->view.keyActions;
-        const auto found = std::ranges::find(actions, key, &tavrin::KeyAction::key);
+        const auto found = std::ranges::find(actions, key, &KeyAction::key);
         if (found != actions.end() && found->perform && surface.deliver) {
             surface.deliver(found->perform);
             return true;

@@ -29,7 +29,7 @@ Surface* SurfaceStack::find(SurfaceIdentifier identifier) {
     return found == surfaces_.end() ? nullptr : found->get();
 }
 
-Surface* SurfaceStack::at(tavrin::Point point) const {
+Surface* SurfaceStack::at(Point point) const {
     for (const auto& surface : surfaces_ | std::views::reverse)
         if (surface->kind != SurfaceKind::Drag && surface->frame.contains(point)) return surface.get();
     return nullptr;
@@ -63,14 +63,14 @@ void SurfaceStack::dismiss(SurfaceIdentifier identifier) {
     if (taken && taken->onDismissed) taken->onDismissed();
 }
 
-void SurfaceStack::dismissAllOf(tavrin::ProcessIdentifier owner) {
+void SurfaceStack::dismissAllOf(ProcessIdentifier owner) {
     std::vector<SurfaceIdentifier> owned;
     for (const auto& surface : surfaces_)
         if (surface->owner == owner) owned.push_back(surface->identifier);
     for (const auto identifier : owned | std::views::reverse) dismiss(identifier);
 }
 
-std::vector<StatusItemIdentifier> SurfaceStack::dismissForPressAt(tavrin::Point point) {
+std::vector<StatusItemIdentifier> SurfaceStack::dismissForPressAt(Point point) {
     std::vector<std::pair<SurfaceIdentifier, StatusItemIdentifier>> closing;
     for (const auto& surface : surfaces_ | std::views::reverse)
         if (surface->outsidePress == OutsidePress::Closes && !surface->frame.contains(point))
@@ -93,7 +93,7 @@ void SurfaceStack::makeKey(SurfaceIdentifier identifier) {
     noteKeyChange();
 }
 
-void SurfaceStack::setActive(tavrin::ProcessIdentifier process) {
+void SurfaceStack::setActive(ProcessIdentifier process) {
     active_ = process;
     noteKeyChange();
 }

@@ -2,6 +2,7 @@
 
 #include "concurrency/signal.h"
 #include "screen/surface.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <vector>
@@ -21,16 +22,16 @@ class SurfaceStack {
     const Surfaces& backToFront() const { return surfaces_; }
 
     /// The front-most surface at a point, no Drag; null where the desktop or the menu bar is.
-    Surface* at(tavrin::Point) const;
+    Surface* at(Point) const;
 
     /// Its owner closes it: nobody is told. Unknown surfaces are fine.
     void remove(SurfaceIdentifier);
     /// Anyone else closes it: `onDismissed` is called.
     void dismiss(SurfaceIdentifier);
-    void dismissAllOf(tavrin::ProcessIdentifier owner);
+    void dismissAllOf(ProcessIdentifier owner);
     /// Dismisses the surfaces that close on a press at this point, front-most first, and returns the status
     /// items that these surfaces belonged to.
-    std::vector<StatusItemIdentifier> dismissForPressAt(tavrin::Point);
+    std::vector<StatusItemIdentifier> dismissForPressAt(Point);
 
     void raise(SurfaceIdentifier);
     /// When the key surface goes away, the one that was key before it takes its place.
@@ -38,7 +39,7 @@ class SurfaceStack {
     /// None while the windows that could be key belong to applications that aren't active; panels and
     /// popovers can be key without that.
     Surface* key() const;
-    void setActive(tavrin::ProcessIdentifier);
+    void setActive(ProcessIdentifier);
 
     /// Moves the surface and all in it.
     static void moveBy(Surface&, double dx, double dy);
@@ -54,7 +55,7 @@ class SurfaceStack {
     Surfaces surfaces_;
     std::vector<SurfaceIdentifier> keyHistory_; // the one that was made key last comes last
     SurfaceIdentifier key_{};                   // as last noted
-    tavrin::ProcessIdentifier active_ = 0;
+    ProcessIdentifier active_ = 0;
     std::uint64_t nextIdentifier_ = 1;
 };
 

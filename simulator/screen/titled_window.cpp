@@ -10,7 +10,7 @@ namespace mac_model {
 
 namespace {
 
-tavrin::Size sizeFor(const tavrin::View& content) {
+Size sizeFor(const View& content) {
     auto size = measured(content, tavrin::windowWidthMax);
     size.height += Surface::titleBarHeight;
     return size;
@@ -18,14 +18,13 @@ tavrin::Size sizeFor(const tavrin::View& content) {
 
 } // namespace
 
-void placeTitledWindow(Surface& surface, const tavrin::View& content,
-                       const std::vector<ScreenSpec>& screens) {
+void placeTitledWindow(Surface& surface, const View& content, const std::vector<ScreenSpec>& screens) {
     surface.hasTitleBar = true;
     surface.frame = windowFrame(sizeFor(content), screenFor(screens, {}));
     surface.content = laidOut(content, surface.contentFrame());
 }
 
-void replaceContent(Surface& surface, const tavrin::View& content) {
+void replaceContent(Surface& surface, const View& content) {
     const auto size = sizeFor(content);
     const double x = std::round(surface.frame.midX() - size.width / 2);
     surface.frame = {x, surface.frame.y, size.width, size.height};

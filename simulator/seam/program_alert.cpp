@@ -9,6 +9,9 @@
 
 namespace mac_model {
 
+using tavrin::column;
+using tavrin::text;
+
 namespace {
 
 constexpr double contentWidth = 300;
@@ -16,43 +19,39 @@ constexpr double iconSize = 64;
 
 } // namespace
 
-ProgramAlert::ProgramAlert(ProgramPresentation& presentation, tavrin::AlertQuestion question,
+ProgramAlert::ProgramAlert(ProgramPresentation& presentation, AlertQuestion question,
                            std::function<void(std::size_t)> onAnswer, ProgramCallbacks callbacks)
     : presentation_(presentation)
     , onAnswer_(std::move(onAnswer))
-    , surface_(
-          presentation.stack_, std::move(callbacks),
-          {.kind = SurfaceKind::Alert,
-           .title = question.messageText,
-           .layOut = [this](Surface& surface, const tavrin::View& content) { layOut(surface, content); }}) {
+    , surface_(presentation.stack_, std::move(callbacks),
+               {.kind = SurfaceKind::Alert,
+                .title = question.messageText,
+                .layOut = [this](Surface& surface, const View& content) { layOut(surface, content); }}) {
     surface_.setContent(content(question));
     if (surface_.open()) bringToFront();
 }
 
-void ProgramAlert::layOut(Surface& surface, const tavrin::View& content) const {
+void ProgramAlert::layOut(Surface& surface, const View& content) const {
     const auto screen = screenFor(presentation_.mac_.screens.screens(), {});
     surface.frame = windowFrame(measured(content, contentWidth), screen);
     showAnew(surface, laidOut(content, surface.frame));
 }
 
-tavrin::View ProgramAlert::content(const tavrin::AlertQuestion& question) {
+View ProgramAlert::content(const AlertQuestion& question) {
     const tavrin::IconOfApplication own{presentation_.mac_.program.info().bundleIdentifier};
-    std::vector<tavrin::View> children{
-        tavrin::icon(question.icon.value_or(own), iconSize),
-        tavrin::text(question.messageText, {.style = tavrin::TextStyle::Heading, .isCentered = true}),
-        tavrin::text(question.informativeText, {.isCentered = true})};
-    std::vector<tavrin::KeyAction> keys;
+    std::vector<View> children{tavrin::icon(question.icon.value_or(own), iconSize),
+                               text(question.messageText, {.style = TextStyle::Heading, .isCentered = true}),
+                               text(question.informativeText, {.isCentered = true})};
+    std::vector<KeyAction> keys;
     for (std::size_t i = 0; i < question.buttons.size(); ++i) {
         const auto press = [this, i] { answer(i); };
-        auto button =
-            tavrin::button(question.buttons[i], press,
-                           {.style = i == 0 ? tavrin::ButtonStyle::Prominent : tavrin::ButtonStyle::Bordered,
-                            .isDefault = i == 0});
+        auto button = tavrin::button(
+            question.buttons[i], press,
+            {.style = i == 0 ? ButtonStyle::Prominent : ButtonStyle::Bordered, .isDefault = i == 0});
         children.push_back(std::move(button));
         if (question.buttons[i] == "Cancel") keys.push_back({"escape", press});
     }
-    auto view =
-        tavrin::column(std::move(children), {.padding = 20, .width = contentWidth, .isCentered = true});
+    auto view = column(std::move(children), {.padding = 20, .width = contentWidth, .isCentered = true});
     view.keyActions = std::move(keys);
     return view;
 }

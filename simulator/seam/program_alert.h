@@ -2,6 +2,7 @@
 
 #include "platform/presentation.h"
 #include "seam/program_surface.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstddef>
 #include <functional>
@@ -11,14 +12,14 @@ namespace mac_model {
 /// An alert of the program. It doesn't keep presses from the program's other surfaces.
 class ProgramAlert final : public tavrin::Alert {
   public:
-    ProgramAlert(ProgramPresentation&, tavrin::AlertQuestion, std::function<void(std::size_t)> onAnswer,
+    ProgramAlert(ProgramPresentation&, AlertQuestion, std::function<void(std::size_t)> onAnswer,
                  ProgramCallbacks);
 
     void bringToFront() override { surface_.bringToFront(); }
 
   private:
-    void layOut(Surface&, const tavrin::View& content) const;
-    tavrin::View content(const tavrin::AlertQuestion&);
+    void layOut(Surface&, const View& content) const;
+    View content(const AlertQuestion&);
     void answer(std::size_t button);
 
     ProgramPresentation& presentation_;

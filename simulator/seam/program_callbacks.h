@@ -2,6 +2,7 @@
 
 #include "base/owner_gate.h"
 #include "system/program_connection.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <memory>
@@ -19,10 +20,10 @@ class ProgramCallbacks {
 
     bool isOpen() const { return connection_ && connection_->isOpen(); }
 
-    tavrin::ProcessIdentifier process() const { return connection_ ? connection_->process() : 0; }
+    ProcessIdentifier process() const { return connection_ ? connection_->process() : 0; }
 
-    std::function<void(tavrin::Work)> deliver() const {
-        return [connection = connection_, pass = gate_.pass()](tavrin::Work work) {
+    std::function<void(Work)> deliver() const {
+        return [connection = connection_, pass = gate_.pass()](Work work) {
             if (connection) connection->post(pass.guarded(std::move(work)));
         };
     }

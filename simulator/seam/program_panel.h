@@ -2,6 +2,7 @@
 
 #include "platform/presentation.h"
 #include "seam/program_surface.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
@@ -9,19 +10,19 @@ class ProgramPanel final : public tavrin::Panel {
   public:
     ProgramPanel(ProgramPresentation&, ProgramCallbacks);
 
-    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
+    void setContent(View content) override { surface_.setContent(std::move(content)); }
 
-    void show(tavrin::Rect anchor) override;
+    void show(Rect anchor) override;
 
     void close() override { surface_.close(); }
 
     bool isShown() const override { return surface_.isOpen(); }
 
   private:
-    void layOut(Surface&, const tavrin::View& content) const;
+    void layOut(Surface&, const View& content) const;
 
     ProgramPresentation& presentation_;
-    tavrin::Rect anchor_;
+    Rect anchor_;
     ProgramSurface surface_;
 };
 

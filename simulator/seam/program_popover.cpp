@@ -9,13 +9,13 @@
 
 namespace mac_model {
 
-ProgramPopover::ProgramPopover(ProgramPresentation& presentation, tavrin::PopoverBehavior behavior,
+ProgramPopover::ProgramPopover(ProgramPresentation& presentation, PopoverBehavior behavior,
                                ProgramCallbacks callbacks)
     : presentation_(presentation)
     , behavior_(behavior)
     , surface_(presentation.stack_, std::move(callbacks),
                {.kind = SurfaceKind::Popover,
-                .layOut = [this](Surface& surface, const tavrin::View& content) { layOut(surface, content); },
+                .layOut = [this](Surface& surface, const View& content) { layOut(surface, content); },
                 .onGone = [this] { surface_.callbacks().postOnClose(); }}) {
     presentation_.popovers_.push_back(this);
 }
@@ -23,16 +23,16 @@ ProgramPopover::ProgramPopover(ProgramPresentation& presentation, tavrin::Popove
 ProgramPopover::~ProgramPopover() { std::erase(presentation_.popovers_, this); }
 
 OutsidePress ProgramPopover::outsidePress() const {
-    const bool isTransient = behavior_ == tavrin::PopoverBehavior::Transient;
+    const bool isTransient = behavior_ == PopoverBehavior::Transient;
     return isTransient ? OutsidePress::Closes : OutsidePress::Ignored;
 }
 
-void ProgramPopover::setBehavior(tavrin::PopoverBehavior behavior) {
+void ProgramPopover::setBehavior(PopoverBehavior behavior) {
     behavior_ = behavior;
     if (auto* surface = surface_.shown()) surface->outsidePress = outsidePress();
 }
 
-bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
+bool ProgramPopover::show(StatusItem& item, Rect area) {
     const auto frame = item.frame();
     if (!frame) return false;
     item_ = identifierOf(item);
@@ -43,7 +43,7 @@ bool ProgramPopover::show(tavrin::StatusItem& item, tavrin::Rect area) {
     return true;
 }
 
-void ProgramPopover::layOut(Surface& surface, const tavrin::View& content) const {
+void ProgramPopover::layOut(Surface& surface, const View& content) const {
     const auto screen = screenFor(presentation_.mac_.screens.screens(), area_.middle());
     surface.anchor = item_;
     surface.outsidePress = outsidePress();

@@ -2,20 +2,21 @@
 
 #include "platform/presentation.h"
 #include "seam/program_surface.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
 class ProgramPopover final : public tavrin::Popover {
   public:
-    ProgramPopover(ProgramPresentation&, tavrin::PopoverBehavior, ProgramCallbacks);
+    ProgramPopover(ProgramPresentation&, PopoverBehavior, ProgramCallbacks);
     ~ProgramPopover() override;
     ProgramPopover(const ProgramPopover&) = delete;
     ProgramPopover& operator=(const ProgramPopover&) = delete;
 
-    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
+    void setContent(View content) override { surface_.setContent(std::move(content)); }
 
-    void setBehavior(tavrin::PopoverBehavior) override;
-    bool show(tavrin::StatusItem& item, tavrin::Rect area) override;
+    void setBehavior(PopoverBehavior) override;
+    bool show(StatusItem& item, Rect area) override;
 
     void close() override { surface_.close(); }
 
@@ -24,14 +25,14 @@ class ProgramPopover final : public tavrin::Popover {
     void followItem();
 
   private:
-    void layOut(Surface&, const tavrin::View& content) const;
+    void layOut(Surface&, const View& content) const;
     OutsidePress outsidePress() const;
 
     ProgramPresentation& presentation_;
-    tavrin::PopoverBehavior behavior_;
+    PopoverBehavior behavior_;
     StatusItemIdentifier item_{};
-    tavrin::Rect area_;
-    tavrin::Point itemOrigin_; // when `area_` was valid
+    Rect area_;
+    Point itemOrigin_; // when `area_` was valid
     ProgramSurface surface_;
 };
 

@@ -26,12 +26,12 @@ MenuItemSpec entryFor(const tavrin::MenuItem& item) {
 
 } // namespace
 
-StatusItemIdentifier identifierOf(const tavrin::StatusItem& item) {
+StatusItemIdentifier identifierOf(const StatusItem& item) {
     const auto* known = dynamic_cast<const ProgramStatusItem*>(&item);
     return known ? known->identifier() : StatusItemIdentifier::None;
 }
 
-std::unique_ptr<tavrin::Popover> ProgramPresentation::makePopover(tavrin::PopoverBehavior behavior,
+std::unique_ptr<tavrin::Popover> ProgramPresentation::makePopover(PopoverBehavior behavior,
                                                                   std::function<void()> onClose) {
     return std::make_unique<ProgramPopover>(*this, behavior,
                                             ProgramCallbacks(mac_.program.connection(), std::move(onClose)));
@@ -47,13 +47,13 @@ std::unique_ptr<tavrin::Panel> ProgramPresentation::makePanel() {
     return std::make_unique<ProgramPanel>(*this, ProgramCallbacks(mac_.program.connection(), nullptr));
 }
 
-std::unique_ptr<tavrin::Alert> ProgramPresentation::showAlert(tavrin::AlertQuestion question,
+std::unique_ptr<tavrin::Alert> ProgramPresentation::showAlert(AlertQuestion question,
                                                               std::function<void(std::size_t)> onAnswer) {
     return std::make_unique<ProgramAlert>(*this, std::move(question), std::move(onAnswer),
                                           ProgramCallbacks(mac_.program.connection(), nullptr));
 }
 
-void ProgramPresentation::popUp(tavrin::Menu menu, tavrin::StatusItem& item, tavrin::Rect area) {
+void ProgramPresentation::popUp(tavrin::Menu menu, StatusItem& item, Rect area) {
     const auto connection = mac_.program.connection();
     if (!connection || !item.frame()) return;
     MenuRequest request;

@@ -12,7 +12,7 @@ namespace {
 
 using Makers = std::map<ViewPath, std::shared_ptr<const tavrin::RecorderButtonMaker>>;
 
-void findMakers(const tavrin::View& view, ViewPath& path, Makers& found) {
+void findMakers(const View& view, ViewPath& path, Makers& found) {
     const auto* recorder = std::get_if<tavrin::kinds::ShortcutRecorder>(&view.kind);
     if (recorder && recorder->maker) found[path] = recorder->maker;
     for (std::size_t i = 0; i < view.children.size(); ++i) {
@@ -35,13 +35,13 @@ class ProgramRecorders::Host final : public tavrin::RecorderButtonHost {
 
     void dress(LaidOutView& view, const std::shared_ptr<Host>& self) const {
         view.recorderTitle = title_;
-        view.isRecording = look_ == tavrin::RecorderLook::Recording;
+        view.isRecording = look_ == RecorderLook::Recording;
         view.view.onPress = [host = std::weak_ptr(self)] {
             if (const auto alive = host.lock()) alive->button_->clicked();
         };
     }
 
-    void show(std::string title, tavrin::RecorderLook look) override {
+    void show(std::string title, RecorderLook look) override {
         title_ = std::move(title);
         look_ = look;
         if (auto* surface = recorders_.stack_.find(recorders_.surface_)) recorders_.dress(*surface);
@@ -61,7 +61,7 @@ class ProgramRecorders::Host final : public tavrin::RecorderButtonHost {
         return surface && surface->focus.standsAt() == path_;
     }
 
-    tavrin::Subscription onWindowResignedKey(std::function<void()> handler) override {
+    Subscription onWindowResignedKey(std::function<void()> handler) override {
         return recorders_.resignedKey_.subscribe(std::move(handler));
     }
 
@@ -75,12 +75,12 @@ class ProgramRecorders::Host final : public tavrin::RecorderButtonHost {
     ProgramRecorders& recorders_;
     const ViewPath path_;
     std::string title_;
-    tavrin::RecorderLook look_ = tavrin::RecorderLook::Resting;
+    RecorderLook look_ = RecorderLook::Resting;
     bool isFirst_ = false;
     std::unique_ptr<tavrin::RecorderButton> button_;
 };
 
-void ProgramRecorders::follow(const tavrin::View& content) {
+void ProgramRecorders::follow(const View& content) {
     Makers makers;
     ViewPath path;
     findMakers(content, path, makers);

@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "screen/surface_stack.h"
 #include "views/recorder_button.h"
+#include "vocabulary/vocabulary.h"
 
 #include <map>
 #include <memory>
@@ -23,7 +24,7 @@ class ProgramRecorders {
     ProgramRecorders& operator=(const ProgramRecorders&) = delete;
 
     /// Makes the recorders that this content has and lets the others go.
-    void follow(const tavrin::View& content);
+    void follow(const View& content);
     /// Shows them in the laid-out content of the surface.
     void dress(Surface&) const;
 
@@ -37,7 +38,7 @@ class ProgramRecorders {
     SurfaceStack& stack_;
     const SurfaceIdentifier& surface_;
     std::map<ViewPath, std::shared_ptr<Host>> hosts_;
-    tavrin::Signal<> resignedKey_;
+    Signal<> resignedKey_;
 };
 
 } // namespace mac_model

@@ -4,7 +4,7 @@
 
 namespace mac_model {
 
-void ProgramSurface::setContent(tavrin::View content) {
+void ProgramSurface::setContent(View content) {
     content_ = std::move(content);
     recorders_.follow(content_);
     layOut();

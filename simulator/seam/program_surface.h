@@ -3,6 +3,7 @@
 #include "seam/program_callbacks.h"
 #include "seam/program_presentation.h"
 #include "seam/program_recorders.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <string>
@@ -18,7 +19,7 @@ class ProgramSurface {
         SurfaceKind kind{};
         std::string title = {};
         /// Gives the surface its frame, and this content laid out in it by `showAnew`.
-        std::function<void(Surface&, const tavrin::View& content)> layOut;
+        std::function<void(Surface&, const View& content)> layOut;
         /// Called when it has left the screen while its owner lives.
         std::function<void()> onGone = {};
     };
@@ -34,7 +35,7 @@ class ProgramSurface {
     ProgramSurface(const ProgramSurface&) = delete;
     ProgramSurface& operator=(const ProgramSurface&) = delete;
 
-    void setContent(tavrin::View);
+    void setContent(View);
 
     /// Puts it on the screen unless it is there, and lays it out. False when the process has ended.
     bool open();
@@ -59,7 +60,7 @@ class ProgramSurface {
     SurfaceStack& stack_;
     ProgramCallbacks callbacks_;
     Nature nature_;
-    tavrin::View content_;
+    View content_;
     SurfaceIdentifier identifier_{};
     ProgramRecorders recorders_{stack_, identifier_};
 };

@@ -11,14 +11,14 @@ ProgramWindow::ProgramWindow(ProgramPresentation& presentation, std::string titl
     , surface_(presentation.stack_, std::move(callbacks),
                {.kind = SurfaceKind::Window,
                 .title = std::move(title),
-                .layOut = [this](Surface& surface, const tavrin::View& content) { layOut(surface, content); },
+                .layOut = [this](Surface& surface, const View& content) { layOut(surface, content); },
                 .onGone = [this] { hasClosed(); }}) {}
 
 void ProgramWindow::makeKeyAndOrderFront() {
     if (surface_.isOpen() || surface_.open()) surface_.bringToFront();
 }
 
-void ProgramWindow::layOut(Surface& surface, const tavrin::View& content) const {
+void ProgramWindow::layOut(Surface& surface, const View& content) const {
     if (surface.hasTitleBar)
         replaceContent(surface, content);
     else

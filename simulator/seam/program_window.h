@@ -2,6 +2,7 @@
 
 #include "platform/presentation.h"
 #include "seam/program_surface.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 
@@ -11,7 +12,7 @@ class ProgramWindow final : public tavrin::Window {
   public:
     ProgramWindow(ProgramPresentation&, std::string title, ProgramCallbacks);
 
-    void setContent(tavrin::View content) override { surface_.setContent(std::move(content)); }
+    void setContent(View content) override { surface_.setContent(std::move(content)); }
 
     void makeKeyAndOrderFront() override;
 
@@ -20,7 +21,7 @@ class ProgramWindow final : public tavrin::Window {
     bool isVisible() const override { return surface_.isOpen(); }
 
   private:
-    void layOut(Surface&, const tavrin::View& content) const;
+    void layOut(Surface&, const View& content) const;
     void hasClosed();
 
     ProgramPresentation& presentation_;

@@ -7,7 +7,6 @@
 namespace mac_model {
 
 using nlohmann::json;
-using tavrin::Seconds;
 
 namespace {
 

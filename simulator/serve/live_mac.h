@@ -4,6 +4,7 @@
 #include "driver/modelled_mac.h"
 #include "serve/broadcast.h"
 #include "serve/trace.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <functional>
@@ -27,7 +28,7 @@ class LiveMac {
     using Start = std::function<std::expected<std::unique_ptr<ModelledMac>, std::string>(DesktopFile)>;
 
     /// There is at least one choice.
-    LiveMac(tavrin::Scheduler& clock, Broadcast& broadcast, std::vector<DesktopChoice> choices, Start start)
+    LiveMac(Scheduler& clock, Broadcast& broadcast, std::vector<DesktopChoice> choices, Start start)
         : clock_(clock)
         , broadcast_(broadcast)
         , choices_(std::move(choices))
@@ -56,18 +57,18 @@ class LiveMac {
     nlohmann::json state();
     nlohmann::json surroundings() const;
 
-    tavrin::VirtualScheduler& scheduler() { return modelled_->mac().scheduler(); }
+    VirtualScheduler& scheduler() { return modelled_->mac().scheduler(); }
 
-    tavrin::Seconds clockTime() const { return clock_.now() - beginning_; }
+    Seconds clockTime() const { return clock_.now() - beginning_; }
 
-    tavrin::Scheduler& clock_;
+    Scheduler& clock_;
     Broadcast& broadcast_;
     std::vector<DesktopChoice> choices_;
     Start start_;
     std::unique_ptr<ModelledMac> modelled_;
     std::unique_ptr<Trace> trace_;
-    std::string shown_;            // the name of the choice
-    tavrin::Seconds beginning_{0}; // on the clock, of the Mac's time
+    std::string shown_;    // the name of the choice
+    Seconds beginning_{0}; // on the clock, of the Mac's time
     tavrin::TimerIdentifier timer_ = tavrin::TimerIdentifier::None;
 };
 

@@ -4,6 +4,7 @@
 #include "desktop/desktop_loader.h"
 #include "serve/page_files.h"
 #include "serve/page_server.h"
+#include "vocabulary/vocabulary.h"
 
 #include <csignal>
 #include <future>
@@ -22,7 +23,7 @@ using nlohmann::json;
 /// Carries commands from the server's threads to the main thread.
 class Crossing {
   public:
-    Crossing(tavrin::ThreadScheduler& main, LiveMac& mac) : main_(main), mac_(mac) {}
+    Crossing(ThreadScheduler& main, LiveMac& mac) : main_(main), mac_(mac) {}
 
     json ask(json command) {
         auto reply = std::make_shared<std::promise<json>>();
@@ -43,7 +44,7 @@ class Crossing {
     }
 
   private:
-    tavrin::ThreadScheduler& main_;
+    ThreadScheduler& main_;
     LiveMac& mac_;
     std::mutex mutex_;
     bool isClosed_ = false;
@@ -71,7 +72,7 @@ int serve(ServeOptions options, std::ostream& out, std::ostream& errors) {
     const auto signals = endingSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     Broadcast broadcast;
-    tavrin::ThreadScheduler clock;
+    ThreadScheduler clock;
     const auto first = options.desktops.front().name;
     LiveMac mac(clock, broadcast, std::move(options.desktops), std::move(options.start));
     if (const auto shown = mac.show(first, std::nullopt); !shown) {
@@ -97,7 +98,7 @@ int serve(ServeOptions options, std::ostream& out, std::ostream& errors) {
         << std::endl;
     clock.run();
     crossing.close();
-    clock.runFor(tavrin::Seconds{0});
+    clock.runFor(Seconds{0});
     broadcast.close();
     (*server)->stop();
     return 0;

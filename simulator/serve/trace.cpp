@@ -17,7 +17,7 @@ std::string shortened(const std::string& text) {
     return front.size() == text.size() ? front : front + "…";
 }
 
-std::string inPoints(tavrin::Point point) {
+std::string inPoints(Point point) {
     return std::to_string(std::lround(point.x)) + ", " + std::to_string(std::lround(point.y));
 }
 
@@ -53,8 +53,8 @@ Trace::Trace(ModelledMac& modelled)
                                                                     : "Accessibility may not be used");
     }));
     subscriptions.push_back(mac.processes().onLaunched.subscribe(
-        [this](tavrin::ProcessIdentifier process) { note("told", nameOf(process) + " was launched"); }));
-    subscriptions.push_back(mac.processes().onEnded.subscribe([this](tavrin::ProcessIdentifier process) {
+        [this](ProcessIdentifier process) { note("told", nameOf(process) + " was launched"); }));
+    subscriptions.push_back(mac.processes().onEnded.subscribe([this](ProcessIdentifier process) {
         note("told", "process " + std::to_string(process) + " has ended");
     }));
     subscriptions.push_back(modelled.content().events.onRecorded.subscribe(
@@ -63,7 +63,7 @@ Trace::Trace(ModelledMac& modelled)
         [this](const ChosenEntry& entry) { note("chose", describe(entry)); }));
 }
 
-std::string Trace::nameOf(tavrin::ProcessIdentifier identifier) const {
+std::string Trace::nameOf(ProcessIdentifier identifier) const {
     const auto* process = modelled_.mac().processes().find(identifier);
     return process ? process->application.name : "process " + std::to_string(identifier);
 }

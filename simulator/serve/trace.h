@@ -1,6 +1,7 @@
 #pragma once
 
 #include "driver/modelled_mac.h"
+#include "vocabulary/vocabulary.h"
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -24,12 +25,12 @@ class Trace {
   private:
     void note(std::string kind, std::string text);
     void noteStored();
-    std::string nameOf(tavrin::ProcessIdentifier) const;
+    std::string nameOf(ProcessIdentifier) const;
 
     ModelledMac& modelled_;
     std::vector<nlohmann::json> entries_;
     nlohmann::json stored_;
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

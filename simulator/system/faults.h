@@ -1,6 +1,7 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
+#include "vocabulary/vocabulary.h"
 
 #include <array>
 #include <functional>
@@ -22,12 +23,12 @@ inline constexpr std::array<std::string_view, 3> windowReportNames{"no", "displa
 
 /// How the menus of a bundle's status items and menu bar misbehave towards Accessibility.
 struct MenuFaults {
-    bool ignoresPress = false;                 // actions on its status items come to nothing
-    bool blocksInPress = false;                // such an action opens the menu and isn't answered in time
-    tavrin::Seconds opensAfter{0};             // between such an action and the menu
-    std::optional<tavrin::Seconds> fillsAfter; // a menu lists nothing until it has been open for so long
-    bool hidesShownMenu = false;               // AXShownMenuUIElement is unsupported
-    bool refusesChoices = false;               // actions on entries fail
+    bool ignoresPress = false;         // actions on its status items come to nothing
+    bool blocksInPress = false;        // such an action opens the menu and isn't answered in time
+    Seconds opensAfter{0};             // between such an action and the menu
+    std::optional<Seconds> fillsAfter; // a menu lists nothing until it has been open for so long
+    bool hidesShownMenu = false;       // AXShownMenuUIElement is unsupported
+    bool refusesChoices = false;       // actions on entries fail
     bool ignoresCancel = false;
     bool ignoresEscape = false; // posted to the process; the person's own isn't
 };

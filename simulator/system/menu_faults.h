@@ -2,11 +2,12 @@
 
 #include "system/faults.h"
 #include "system/process_table.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
 /// How the menus of this process misbehave.
-inline MenuFaults menuFaultsOf(tavrin::ProcessIdentifier process, const ProcessTable& processes,
+inline MenuFaults menuFaultsOf(ProcessIdentifier process, const ProcessTable& processes,
                                const Faults& faults) {
     const auto* found = processes.find(process);
     const auto faulty = found ? faults.menus.find(found->application.bundleIdentifier) : faults.menus.end();

@@ -5,8 +5,6 @@
 
 namespace mac_model {
 
-using tavrin::ProcessIdentifier;
-
 ProcessTable::ProcessTable(const std::vector<ApplicationSpec>& applications) {
     for (const auto& application : applications) highest_ = std::max(highest_, application.processIdentifier);
     for (const auto& application : applications) {
@@ -91,7 +89,7 @@ std::expected<void, std::string> ProcessTable::resume(std::string_view bundleIde
 }
 
 std::expected<void, std::string> ProcessTable::setLatency(std::string_view bundleIdentifier,
-                                                          tavrin::Seconds latency) {
+                                                          Seconds latency) {
     return forEach(bundleIdentifier,
                    [&](Process& process) { process.application.latencySeconds = latency.count(); });
 }

@@ -4,6 +4,7 @@
 #include "concurrency/signal.h"
 #include "desktop/desktop_file.h"
 #include "platform/accessibility.h"
+#include "vocabulary/vocabulary.h"
 
 #include <expected>
 #include <map>
@@ -20,7 +21,7 @@ enum class Quitting { AtOnce, AfterItsAnswer };
 
 /// A running process. Policy, latency and whether it responds are its application's fields, as they are now.
 struct Process {
-    tavrin::ProcessIdentifier identifier = 0;
+    ProcessIdentifier identifier = 0;
     ApplicationSpec application;
     Quitting quitting = Quitting::AtOnce;
 };
@@ -34,44 +35,43 @@ class ProcessTable {
 
     /// In the order of their launch.
     std::vector<const Process*> processes() const;
-    const Process* find(tavrin::ProcessIdentifier) const;
-    std::vector<tavrin::ProcessIdentifier> withBundle(std::string_view bundleIdentifier) const;
+    const Process* find(ProcessIdentifier) const;
+    std::vector<ProcessIdentifier> withBundle(std::string_view bundleIdentifier) const;
 
     /// Gives a process identifier never used before when the application names none; refuses one in use. A
     /// regular application becomes the frontmost.
-    std::expected<tavrin::ProcessIdentifier, std::string> launch(ApplicationSpec,
-                                                                 Quitting = Quitting::AtOnce);
-    void end(tavrin::ProcessIdentifier);
+    std::expected<ProcessIdentifier, std::string> launch(ApplicationSpec, Quitting = Quitting::AtOnce);
+    void end(ProcessIdentifier);
 
     // These act on every process of the bundle; the error is a sentence for the user.
     std::expected<void, std::string> quit(std::string_view bundleIdentifier);
     std::expected<void, std::string> hang(std::string_view bundleIdentifier);
     std::expected<void, std::string> resume(std::string_view bundleIdentifier);
     /// Time that each Accessibility message to the process takes.
-    std::expected<void, std::string> setLatency(std::string_view bundleIdentifier, tavrin::Seconds);
+    std::expected<void, std::string> setLatency(std::string_view bundleIdentifier, Seconds);
 
-    void setPolicy(tavrin::ProcessIdentifier, Policy);
+    void setPolicy(ProcessIdentifier, Policy);
 
     /// Makes it the frontmost process; nothing happens for background processes.
-    void activate(tavrin::ProcessIdentifier);
+    void activate(ProcessIdentifier);
     /// Null when nothing is active.
     const Process* frontmost() const;
     /// The process whose menus the menu bar shows: the regular one that was active last.
     const Process* menuBarOwner() const;
 
-    tavrin::Signal<tavrin::ProcessIdentifier> onLaunched;
-    tavrin::Signal<tavrin::ProcessIdentifier> onEnded;      // it is no longer in the table
-    tavrin::Signal<tavrin::ProcessIdentifier> onToldToQuit; // one that decides for itself
-    tavrin::Signal<> onFrontChanged; // another process is active, or other menus are in the menu bar
+    Signal<ProcessIdentifier> onLaunched;
+    Signal<ProcessIdentifier> onEnded;      // it is no longer in the table
+    Signal<ProcessIdentifier> onToldToQuit; // one that decides for itself
+    Signal<> onFrontChanged;                // another process is active, or other menus are in the menu bar
 
   private:
     template <class Change>
     std::expected<void, std::string> forEach(std::string_view bundleIdentifier, const Change& change);
 
     std::vector<std::unique_ptr<Process>> inOrder_;
-    std::map<tavrin::ProcessIdentifier, Process*> byIdentifier_;
-    std::vector<tavrin::ProcessIdentifier> activations_; // each once, the most recent last
-    tavrin::ProcessIdentifier highest_ = 0;
+    std::map<ProcessIdentifier, Process*> byIdentifier_;
+    std::vector<ProcessIdentifier> activations_; // each once, the most recent last
+    ProcessIdentifier highest_ = 0;
 };
 
 } // namespace mac_model

@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "concurrency/virtual_scheduler.h"
 #include "platform/accessibility.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <memory>
@@ -14,29 +15,29 @@ namespace mac_model {
 /// an effect. Every object that the Mac hands to the program keeps this and asks `isOpen` first.
 class ProgramConnection : public std::enable_shared_from_this<ProgramConnection> {
   public:
-    ProgramConnection(tavrin::VirtualScheduler& scheduler, tavrin::ProcessIdentifier process)
+    ProgramConnection(VirtualScheduler& scheduler, ProcessIdentifier process)
         : scheduler_(scheduler)
         , process_(process) {}
 
-    tavrin::ProcessIdentifier process() const { return process_; }
+    ProcessIdentifier process() const { return process_; }
 
     bool isOpen() const { return isOpen_; }
 
     void close() { isOpen_ = false; }
 
     /// Calls into the program when its main loop turns; dropped when the process has ended by then.
-    void post(tavrin::Work work) {
+    void post(Work work) {
         scheduler_.post([self = shared_from_this(), work = std::move(work)] {
             if (self->isOpen()) work();
         });
     }
 
     /// Posts `handler` for each emission, unless it was unsubscribed meanwhile.
-    tavrin::Subscription relay(tavrin::Signal<>& signal, std::function<void()> handler);
+    Subscription relay(Signal<>& signal, std::function<void()> handler);
 
   private:
-    tavrin::VirtualScheduler& scheduler_;
-    tavrin::ProcessIdentifier process_;
+    VirtualScheduler& scheduler_;
+    ProcessIdentifier process_;
     bool isOpen_ = true;
 };
 

@@ -2,6 +2,7 @@
 
 #include "concurrency/signal.h"
 #include "system/program_connection.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <string>
@@ -32,7 +33,7 @@ class ProgramProcess {
         onDisconnected.emit();
     }
 
-    tavrin::Signal<> onDisconnected; // close all that the program shows; nothing reaches it any more
+    Signal<> onDisconnected; // close all that the program shows; nothing reaches it any more
 
   private:
     ProgramInfo info_;

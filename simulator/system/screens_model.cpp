@@ -3,12 +3,11 @@
 namespace mac_model {
 
 namespace {
-constexpr tavrin::Seconds noticeDelay{0.05};
-constexpr tavrin::Seconds vanishingTime{0.2};
+constexpr Seconds noticeDelay{0.05};
+constexpr Seconds vanishingTime{0.2};
 } // namespace
 
-ScreensModel::ScreensModel(tavrin::VirtualScheduler& scheduler, std::vector<ScreenSpec> screens,
-                           const Faults& faults)
+ScreensModel::ScreensModel(VirtualScheduler& scheduler, std::vector<ScreenSpec> screens, const Faults& faults)
     : world_(scheduler)
     , screens_(std::move(screens))
     , faults_(faults) {}

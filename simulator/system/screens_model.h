@@ -5,6 +5,7 @@
 #include "desktop/desktop_file.h"
 #include "system/faults.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <cstdint>
 #include <vector>
@@ -14,7 +15,7 @@ namespace mac_model {
 /// The connected displays.
 class ScreensModel {
   public:
-    ScreensModel(tavrin::VirtualScheduler&, std::vector<ScreenSpec>, const Faults&);
+    ScreensModel(VirtualScheduler&, std::vector<ScreenSpec>, const Faults&);
 
     /// The primary first; empty only while the displays are being rearranged.
     const std::vector<ScreenSpec>& screens() const { return screens_; }
@@ -25,8 +26,8 @@ class ScreensModel {
     /// first.
     void set(std::vector<ScreenSpec>);
 
-    tavrin::Signal<> onChanged; // at once, for the rest of the Mac
-    tavrin::Signal<> onNotice;  // 0.05 s later, for programs
+    Signal<> onChanged; // at once, for the rest of the Mac
+    Signal<> onNotice;  // 0.05 s later, for programs
 
   private:
     void show(std::vector<ScreenSpec>);

@@ -10,11 +10,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::ButtonStyle;
-using tavrin::Size;
-using tavrin::TextStyle;
-using tavrin::View;
-
 namespace kinds = tavrin::kinds;
 
 constexpr double iconSide = 16;

@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "views/view.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <vector>
@@ -12,9 +13,9 @@ inline constexpr double checkboxBoxWidth = 14;
 inline constexpr double checkboxGap = 6;
 
 /// The size of a view that has no children, without its padding.
-tavrin::Size sizeOfControl(const tavrin::View&, double width);
+Size sizeOfControl(const View&, double width);
 
 /// The words of a Text or a Checkbox as they wrap in this width, without the view's padding.
-std::vector<std::string> linesOfControl(const tavrin::View&, double width);
+std::vector<std::string> linesOfControl(const View&, double width);
 
 } // namespace mac_model

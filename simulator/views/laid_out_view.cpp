@@ -11,17 +11,12 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::Rect;
-using tavrin::View;
-
 namespace kinds = tavrin::kinds;
 
 /// Sizes of the model's own drawings.
 class DrawnSizes final : public tavrin::ControlSizes {
   public:
-    tavrin::Size sizeOf(const View& control, double width) const override {
-        return sizeOfControl(control, width);
-    }
+    Size sizeOf(const View& control, double width) const override { return sizeOfControl(control, width); }
 };
 
 void layOutChildren(LaidOutView& parent) {
@@ -40,7 +35,7 @@ void layOutChildren(LaidOutView& parent) {
 
 } // namespace
 
-tavrin::Size measured(const View& view, double width) { return tavrin::measured(view, width, DrawnSizes()); }
+Size measured(const View& view, double width) { return tavrin::measured(view, width, DrawnSizes()); }
 
 LaidOutView laidOut(View view, Rect frame) {
     LaidOutView result;

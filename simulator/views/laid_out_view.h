@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "views/view.h"
+#include "vocabulary/vocabulary.h"
 
 #include <string>
 #include <vector>
@@ -11,8 +12,8 @@ namespace mac_model {
 /// A view with its place on the screen. A view that is scrolled out of sight keeps its frame, which then lies
 /// outside that of its Scroll.
 struct LaidOutView {
-    tavrin::View view;              // its children stand below, laid out
-    tavrin::Rect frame;             // screen points
+    View view;                      // its children stand below, laid out
+    Rect frame;                     // screen points
     std::vector<std::string> lines; // Text and Checkbox: the text as wrapped
     double scrollOffset = 0;        // Scroll: points of its child above its top edge
     double scrollOffsetMax = 0;
@@ -23,10 +24,10 @@ struct LaidOutView {
 
 /// The size that the view takes when it is offered `width`; less when it needs less, more only where
 /// something cannot be narrowed.
-tavrin::Size measured(const tavrin::View&, double width);
+Size measured(const View&, double width);
 
 /// Lays the view out into `frame`, all Scrolls at their tops.
-LaidOutView laidOut(tavrin::View, tavrin::Rect frame);
+LaidOutView laidOut(View, Rect frame);
 
 /// Moves the content of a Scroll as far as it goes.
 void scrollTo(LaidOutView& scroll, double offset);

@@ -32,8 +32,8 @@ double advanceOf(char32_t character) {
     return 560;
 }
 
-double stretchOf(tavrin::TextStyle style) {
-    const bool isSemibold = style == tavrin::TextStyle::Title || style == tavrin::TextStyle::Heading;
+double stretchOf(TextStyle style) {
+    const bool isSemibold = style == TextStyle::Title || style == TextStyle::Heading;
     return isSemibold ? semiboldStretch : regularStretch;
 }
 
@@ -41,7 +41,7 @@ double stretchOf(tavrin::TextStyle style) {
 /// line.
 class LineFiller {
   public:
-    LineFiller(tavrin::TextStyle style, double width) : style_(style), width_(width) {}
+    LineFiller(TextStyle style, double width) : style_(style), width_(width) {}
 
     void addWord(std::string_view word) {
         const double wordWidth = widthOf(word, style_);
@@ -92,7 +92,7 @@ class LineFiller {
         }
     }
 
-    tavrin::TextStyle style_;
+    TextStyle style_;
     double width_;
     std::vector<std::string> lines_;
     std::string line_;
@@ -102,29 +102,29 @@ class LineFiller {
 
 } // namespace
 
-double fontSizeOf(tavrin::TextStyle style) {
+double fontSizeOf(TextStyle style) {
     switch (style) {
-    case tavrin::TextStyle::Title:
+    case TextStyle::Title:
         return 22;
-    case tavrin::TextStyle::Heading:
+    case TextStyle::Heading:
         return 15;
-    case tavrin::TextStyle::Caption:
+    case TextStyle::Caption:
         return 11;
-    case tavrin::TextStyle::Body:
+    case TextStyle::Body:
         break;
     }
     return 13;
 }
 
-double lineHeightOf(tavrin::TextStyle style) { return std::ceil(fontSizeOf(style) * 1.22); }
+double lineHeightOf(TextStyle style) { return std::ceil(fontSizeOf(style) * 1.22); }
 
-double widthOf(std::string_view text, tavrin::TextStyle style) {
+double widthOf(std::string_view text, TextStyle style) {
     double thousandths = 0;
     for (const auto character : tavrin::charactersOf(text)) thousandths += advanceOf(character.value);
     return thousandths / 1000 * fontSizeOf(style) * stretchOf(style);
 }
 
-std::vector<std::string> wrapped(std::string_view text, tavrin::TextStyle style, double width) {
+std::vector<std::string> wrapped(std::string_view text, TextStyle style, double width) {
     LineFiller filler(style, width);
     std::size_t wordBegin = 0;
     std::size_t position = 0;

@@ -8,8 +8,6 @@ namespace mac_model {
 
 namespace {
 
-using tavrin::Point;
-
 namespace kinds = tavrin::kinds;
 
 bool reaches(const LaidOutView& view, Point point) {
@@ -43,7 +41,7 @@ std::string shownText(const LaidOutView& view) {
     return tavrin::is<kinds::ShortcutRecorder>(view.view) ? view.recorderTitle : tavrin::shownText(view.view);
 }
 
-tavrin::View viewOf(const LaidOutView& laidOut) {
+View viewOf(const LaidOutView& laidOut) {
     auto view = laidOut.view;
     for (const auto& child : laidOut.children) view.children.push_back(viewOf(child));
     return view;

@@ -2,6 +2,7 @@
 
 #include "views/focus.h"
 #include "views/laid_out_view.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <optional>
@@ -16,7 +17,7 @@ using tavrin::ViewPath;
 std::string shownText(const LaidOutView&);
 
 /// The tree as the program gave it.
-tavrin::View viewOf(const LaidOutView&);
+View viewOf(const LaidOutView&);
 
 /// Null when the tree has no such place.
 const LaidOutView* viewAt(const LaidOutView& root, const ViewPath&);
@@ -25,14 +26,14 @@ LaidOutView* viewAt(LaidOutView& root, const ViewPath&);
 // Views under a pointer; parts that are scrolled away are never found.
 
 /// The deepest matching view; later siblings are in front.
-std::optional<ViewPath> deepestAt(const LaidOutView& root, tavrin::Point,
+std::optional<ViewPath> deepestAt(const LaidOutView& root, Point,
                                   const std::function<bool(const LaidOutView&)>& matches);
 /// The same, but none when a control inside it takes a press at the point.
-std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, tavrin::Point,
+std::optional<ViewPath> deepestPressedAt(const LaidOutView& root, Point,
                                          const std::function<bool(const LaidOutView&)>& matches);
-std::optional<ViewPath> controlAt(const LaidOutView& root, tavrin::Point);
-LaidOutView* scrollAt(LaidOutView& root, tavrin::Point);
-const LaidOutView* contextMenuAt(const LaidOutView& root, tavrin::Point);
+std::optional<ViewPath> controlAt(const LaidOutView& root, Point);
+LaidOutView* scrollAt(LaidOutView& root, Point);
+const LaidOutView* contextMenuAt(const LaidOutView& root, Point);
 
 /// The enabled button that Return presses.
 const LaidOutView* defaultButton(const LaidOutView& root);

@@ -1,25 +1,23 @@
 #include "seam/system/program_facades.h"
+#include "vocabulary/vocabulary.h"
 
 namespace mac_model {
 
-using tavrin::AccessibilityElement;
-using tavrin::AccessibilityError;
-
 bool ProgramAccessibility::isTrusted() const { return side_.mac.permission.isTrustedAsTold(); }
 
-tavrin::Subscription ProgramAccessibility::onTrustListChanged(std::function<void()> handler) {
+Subscription ProgramAccessibility::onTrustListChanged(std::function<void()> handler) {
     return side_.connection->relay(side_.mac.permission.onNotice, std::move(handler));
 }
 
-AccessibilityElement ProgramAccessibility::application(tavrin::ProcessIdentifier process) {
+AccessibilityElement ProgramAccessibility::application(ProcessIdentifier process) {
     ElementKey key;
     key.process = process;
     return elementFor(key);
 }
 
-void ProgramAccessibility::setMessagingTimeout(const AccessibilityElement& element, tavrin::Seconds timeout) {
+void ProgramAccessibility::setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) {
     const auto* reference = dynamic_cast<const ElementReference*>(&element.reference());
-    if (reference && timeout >= tavrin::Seconds{0}) reference->setTimeout(timeout);
+    if (reference && timeout >= Seconds{0}) reference->setTimeout(timeout);
 }
 
 template <class Ask>
@@ -30,13 +28,12 @@ auto ProgramAccessibility::message(const Ask& ask) -> decltype(ask()) {
     return answer;
 }
 
-tavrin::AttributeResult ProgramAccessibility::attribute(const AccessibilityElement& element,
-                                                        std::string_view name) {
+AttributeResult ProgramAccessibility::attribute(const AccessibilityElement& element, std::string_view name) {
     return message(
         [&] { return side_.mac.accessibility.attribute(side_.connection->process(), element, name); });
 }
 
-std::expected<std::vector<tavrin::AttributeResult>, AccessibilityError>
+std::expected<std::vector<AttributeResult>, AccessibilityError>
 ProgramAccessibility::attributes(const AccessibilityElement& element,
                                  std::span<const std::string_view> names) {
     return message(

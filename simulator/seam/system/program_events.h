@@ -2,6 +2,7 @@
 
 #include "platform/events.h"
 #include "seam/system/program_side.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <utility>
@@ -13,15 +14,15 @@ class ProgramEvents final : public tavrin::Events {
   public:
     explicit ProgramEvents(ProgramSide side) : side_(std::move(side)) {}
 
-    std::shared_ptr<const tavrin::EventSource> createSource(const tavrin::EventSourceSettings&) override;
-    std::unique_ptr<tavrin::PreparedEvent> create(const tavrin::MouseEvent&) override;
-    void post(const tavrin::PreparedEvent&, tavrin::EventTap) override;
-    void postToProcess(const tavrin::PreparedEvent&, tavrin::ProcessIdentifier) override;
-    bool postKeyToProcess(const tavrin::KeyEvent&, tavrin::ProcessIdentifier) override;
-    std::optional<tavrin::Point> pointerLocation() const override;
-    std::uint32_t eventCount(tavrin::MouseEventType) const override;
+    std::shared_ptr<const EventSource> createSource(const EventSourceSettings&) override;
+    std::unique_ptr<PreparedEvent> create(const MouseEvent&) override;
+    void post(const PreparedEvent&, EventTap) override;
+    void postToProcess(const PreparedEvent&, ProcessIdentifier) override;
+    bool postKeyToProcess(const KeyEvent&, ProcessIdentifier) override;
+    std::optional<Point> pointerLocation() const override;
+    std::uint32_t eventCount(MouseEventType) const override;
     bool mayPost() const override;
-    void warpPointer(tavrin::Point) override;
+    void warpPointer(Point) override;
     void hideCursor() override;
     void showCursor() override;
 

@@ -7,15 +7,15 @@ namespace mac_model {
 
 namespace {
 
-constexpr tavrin::Seconds activationTime{0.02};
+constexpr Seconds activationTime{0.02};
 
-Policy policyOf(tavrin::ActivationPolicy policy) {
+Policy policyOf(ActivationPolicy policy) {
     switch (policy) {
-    case tavrin::ActivationPolicy::Regular:
+    case ActivationPolicy::Regular:
         return Policy::Regular;
-    case tavrin::ActivationPolicy::Accessory:
+    case ActivationPolicy::Accessory:
         return Policy::Accessory;
-    case tavrin::ActivationPolicy::Prohibited:
+    case ActivationPolicy::Prohibited:
         return Policy::Background;
     }
     return Policy::Accessory;
@@ -31,7 +31,7 @@ std::string ProgramApplication::bundleIdentifier() const { return side_.mac.prog
 
 std::string ProgramApplication::displayVersion() const { return side_.mac.program.info().displayVersion; }
 
-void ProgramApplication::setActivationPolicy(tavrin::ActivationPolicy policy) {
+void ProgramApplication::setActivationPolicy(ActivationPolicy policy) {
     if (side_.isOpen()) side_.mac.processes.setPolicy(side_.connection->process(), policyOf(policy));
 }
 
@@ -42,7 +42,7 @@ void ProgramApplication::activate() {
     });
 }
 
-tavrin::Subscription ProgramApplication::onDidBecomeActive(std::function<void()> handler) {
+Subscription ProgramApplication::onDidBecomeActive(std::function<void()> handler) {
     return side_.connection->relay(host_.onActivated, std::move(handler));
 }
 
@@ -58,27 +58,26 @@ void ProgramApplication::replyToShouldTerminate(bool terminates) {
     if (side_.isOpen()) host_.replyToShouldTerminate(terminates);
 }
 
-tavrin::DefaultsDomain ProgramDefaults::ownDomain() const { return side_.domain(); }
+DefaultsDomain ProgramDefaults::ownDomain() const { return side_.domain(); }
 
-std::optional<tavrin::DefaultsValue> ProgramDefaults::value(const tavrin::DefaultsDomain& domain,
-                                                            std::string_view key) const {
+std::optional<DefaultsValue> ProgramDefaults::value(const DefaultsDomain& domain,
+                                                    std::string_view key) const {
     return side_.mac.preferences.value(domain, key);
 }
 
-void ProgramDefaults::set(const tavrin::DefaultsDomain& domain, std::string_view key,
-                          tavrin::DefaultsValue value) {
+void ProgramDefaults::set(const DefaultsDomain& domain, std::string_view key, DefaultsValue value) {
     if (side_.isOpen()) side_.mac.preferences.set(domain, key, std::move(value));
 }
 
-void ProgramDefaults::remove(const tavrin::DefaultsDomain& domain, std::string_view key) {
+void ProgramDefaults::remove(const DefaultsDomain& domain, std::string_view key) {
     if (side_.isOpen()) side_.mac.preferences.remove(domain, key);
 }
 
-std::vector<std::string> ProgramDefaults::keys(const tavrin::DefaultsDomain& domain) const {
+std::vector<std::string> ProgramDefaults::keys(const DefaultsDomain& domain) const {
     return side_.mac.preferences.keys(domain);
 }
 
-void ProgramDefaults::synchronize(const tavrin::DefaultsDomain& domain) {
+void ProgramDefaults::synchronize(const DefaultsDomain& domain) {
     if (side_.isOpen()) side_.mac.preferences.flush(domain);
 }
 
@@ -88,11 +87,11 @@ std::vector<tavrin::Screen> ProgramScreens::screens() const {
     return screens;
 }
 
-tavrin::Subscription ProgramScreens::onChanged(std::function<void()> handler) {
+Subscription ProgramScreens::onChanged(std::function<void()> handler) {
     return side_.connection->relay(side_.mac.screens.onNotice, std::move(handler));
 }
 
-std::unique_ptr<tavrin::StatusItem> ProgramStatusItems::create(double length) {
+std::unique_ptr<StatusItem> ProgramStatusItems::create(double length) {
     return std::make_unique<ProgramStatusItem>(side_, length);
 }
 

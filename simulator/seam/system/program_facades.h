@@ -12,6 +12,7 @@
 #include "seam/system/program_side.h"
 #include "seam/system/program_window_server.h"
 #include "seam/system/program_workspace.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <string>
@@ -27,13 +28,13 @@ class ProgramApplication final : public tavrin::Application {
   public:
     ProgramApplication(ProgramSide side, ProgramHost& host) : side_(std::move(side)), host_(host) {}
 
-    tavrin::ProcessIdentifier processIdentifier() const override { return side_.connection->process(); }
+    ProcessIdentifier processIdentifier() const override { return side_.connection->process(); }
 
     std::string bundleIdentifier() const override;
     std::string displayVersion() const override;
-    void setActivationPolicy(tavrin::ActivationPolicy) override;
+    void setActivationPolicy(ActivationPolicy) override;
     void activate() override;
-    tavrin::Subscription onDidBecomeActive(std::function<void()> handler) override;
+    Subscription onDidBecomeActive(std::function<void()> handler) override;
     void showAboutPanel() override;
     void terminate() override;
     void replyToShouldTerminate(bool terminates) override;
@@ -48,16 +49,16 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     explicit ProgramAccessibility(ProgramSide side) : side_(std::move(side)) {}
 
     bool isTrusted() const override;
-    tavrin::Subscription onTrustListChanged(std::function<void()> handler) override;
-    tavrin::AccessibilityElement application(tavrin::ProcessIdentifier) override;
-    void setMessagingTimeout(const tavrin::AccessibilityElement&, tavrin::Seconds) override;
-    tavrin::AttributeResult attribute(const tavrin::AccessibilityElement&, std::string_view name) override;
-    std::expected<std::vector<tavrin::AttributeResult>, tavrin::AccessibilityError>
-    attributes(const tavrin::AccessibilityElement&, std::span<const std::string_view> names) override;
-    std::expected<std::vector<std::string>, tavrin::AccessibilityError>
-    actionNames(const tavrin::AccessibilityElement&) override;
-    std::expected<void, tavrin::AccessibilityError> perform(const tavrin::AccessibilityElement&,
-                                                            std::string_view action) override;
+    Subscription onTrustListChanged(std::function<void()> handler) override;
+    AccessibilityElement application(ProcessIdentifier) override;
+    void setMessagingTimeout(const AccessibilityElement&, Seconds) override;
+    AttributeResult attribute(const AccessibilityElement&, std::string_view name) override;
+    std::expected<std::vector<AttributeResult>, AccessibilityError>
+    attributes(const AccessibilityElement&, std::span<const std::string_view> names) override;
+    std::expected<std::vector<std::string>, AccessibilityError>
+    actionNames(const AccessibilityElement&) override;
+    std::expected<void, AccessibilityError> perform(const AccessibilityElement&,
+                                                    std::string_view action) override;
 
   private:
     /// The answer to a message that `ask` sends, unless the process ends before it comes.
@@ -71,13 +72,12 @@ class ProgramDefaults final : public tavrin::Defaults {
   public:
     explicit ProgramDefaults(ProgramSide side) : side_(std::move(side)) {}
 
-    tavrin::DefaultsDomain ownDomain() const override;
-    std::optional<tavrin::DefaultsValue> value(const tavrin::DefaultsDomain&,
-                                               std::string_view key) const override;
-    void set(const tavrin::DefaultsDomain&, std::string_view key, tavrin::DefaultsValue) override;
-    void remove(const tavrin::DefaultsDomain&, std::string_view key) override;
-    std::vector<std::string> keys(const tavrin::DefaultsDomain&) const override;
-    void synchronize(const tavrin::DefaultsDomain&) override;
+    DefaultsDomain ownDomain() const override;
+    std::optional<DefaultsValue> value(const DefaultsDomain&, std::string_view key) const override;
+    void set(const DefaultsDomain&, std::string_view key, DefaultsValue) override;
+    void remove(const DefaultsDomain&, std::string_view key) override;
+    std::vector<std::string> keys(const DefaultsDomain&) const override;
+    void synchronize(const DefaultsDomain&) override;
 
   private:
     ProgramSide side_;
@@ -88,7 +88,7 @@ class ProgramScreens final : public tavrin::Screens {
     explicit ProgramScreens(ProgramSide side) : side_(std::move(side)) {}
 
     std::vector<tavrin::Screen> screens() const override;
-    tavrin::Subscription onChanged(std::function<void()> handler) override;
+    Subscription onChanged(std::function<void()> handler) override;
 
   private:
     ProgramSide side_;
@@ -99,7 +99,7 @@ class ProgramStatusItems final : public tavrin::StatusItems {
     explicit ProgramStatusItems(ProgramSide side) : side_(std::move(side)) {}
 
     /// Makes a `ProgramStatusItem`.
-    std::unique_ptr<tavrin::StatusItem> create(double length) override;
+    std::unique_ptr<StatusItem> create(double length) override;
 
   private:
     ProgramSide side_;

@@ -15,7 +15,7 @@ struct ProgramHost::Life {
     std::unique_ptr<tavrin::ApplicationDelegate> delegate;
 };
 
-bool hasWindow(const SurfaceStack& surfaces, tavrin::ProcessIdentifier process) {
+bool hasWindow(const SurfaceStack& surfaces, ProcessIdentifier process) {
     return std::ranges::any_of(surfaces.backToFront(), [&](const auto& surface) {
         return surface->kind == SurfaceKind::Window && surface->owner == process;
     });
@@ -23,7 +23,7 @@ bool hasWindow(const SurfaceStack& surfaces, tavrin::ProcessIdentifier process) 
 
 ProgramHost::ProgramHost(const MacServices& mac) : mac_(mac), world_(mac.scheduler) {
     subscriptions_.push_back(mac_.processes.onFrontChanged.subscribe([this] { noticeActivation(); }));
-    subscriptions_.push_back(mac_.processes.onToldToQuit.subscribe([this](tavrin::ProcessIdentifier process) {
+    subscriptions_.push_back(mac_.processes.onToldToQuit.subscribe([this](ProcessIdentifier process) {
         if (life_ && life_->connection->process() == process) terminate();
     }));
 }

@@ -6,6 +6,7 @@
 #include "platform/platform.h"
 #include "seam/system/program_side.h"
 #include "system/world_calls.h"
+#include "vocabulary/vocabulary.h"
 
 #include <functional>
 #include <memory>
@@ -18,7 +19,7 @@ namespace mac_model {
 using ProgramFactory = std::function<std::unique_ptr<tavrin::ApplicationDelegate>(tavrin::Platform&)>;
 
 /// Whether a process has a window on the screen.
-bool hasWindow(const SurfaceStack&, tavrin::ProcessIdentifier);
+bool hasWindow(const SurfaceStack&, ProcessIdentifier);
 
 /// Launches the program, asks it to quit and ends its process. Calls into the program are posted to the main
 /// thread: let the scheduler run to see them happen. The end of a process disconnects it at once; the
@@ -49,8 +50,8 @@ class ProgramHost {
     /// platform. One sentence each; meaningful once the main loop has turned.
     std::vector<std::string> leftovers() const;
 
-    tavrin::Signal<> onStarted;
-    tavrin::Signal<> onActivated; // the program has become the active application
+    Signal<> onStarted;
+    Signal<> onActivated; // the program has become the active application
 
   private:
     struct Life;
@@ -70,7 +71,7 @@ class ProgramHost {
     std::weak_ptr<ProgramConnection> lastConnection_;
     bool isReplyAwaited_ = false;
     bool isActive_ = false;
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model

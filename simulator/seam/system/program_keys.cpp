@@ -6,7 +6,7 @@ namespace mac_model {
 
 namespace {
 
-class RegisteredHotKey final : public tavrin::HotKeyReference {
+class RegisteredHotKey final : public HotKeyReference {
   public:
     RegisteredHotKey(HotKeyCenter& hotKeys, HotKeyCenter::Registration registration)
         : hotKeys_(hotKeys)
@@ -24,15 +24,14 @@ class RegisteredHotKey final : public tavrin::HotKeyReference {
 
 } // namespace
 
-std::string ProgramKeyboard::character(tavrin::KeyCode key) const {
+std::string ProgramKeyboard::character(KeyCode key) const {
     return characterOn(side_.mac.keyboard.layout, key);
 }
 
-tavrin::Subscription
-ProgramKeyboard::monitorKeyDown(std::function<tavrin::KeyHandling(const tavrin::KeyPress&)> handler) {
+Subscription ProgramKeyboard::monitorKeyDown(std::function<KeyHandling(const KeyPress&)> handler) {
     return side_.mac.keyboard.monitors.subscribe(
-        [connection = side_.connection, handler = std::move(handler)](const tavrin::KeyPress& press,
-                                                                      tavrin::KeyHandling* handling) {
+        [connection = side_.connection, handler = std::move(handler)](const KeyPress& press,
+                                                                      KeyHandling* handling) {
             if (connection->isOpen()) *handling = handler(press);
         });
 }
@@ -41,7 +40,7 @@ void ProgramKeyboard::beep() {
     if (side_.isOpen()) side_.mac.keyboard.onBeep.emit();
 }
 
-class ProgramHotKeys::InstalledHandler final : public tavrin::HotKeyEventHandler {
+class ProgramHotKeys::InstalledHandler final : public HotKeyEventHandler {
   public:
     InstalledHandler(std::shared_ptr<Handlers> all, std::shared_ptr<Handler> handler)
         : all_(std::move(all))
@@ -62,18 +61,17 @@ class ProgramHotKeys::InstalledHandler final : public tavrin::HotKeyEventHandler
     std::shared_ptr<Handler> handler_;
 };
 
-std::unique_ptr<tavrin::HotKeyEventHandler> ProgramHotKeys::installPressHandler(Handler handler) {
+std::unique_ptr<HotKeyEventHandler> ProgramHotKeys::installPressHandler(Handler handler) {
     return std::make_unique<InstalledHandler>(handlers_, std::make_shared<Handler>(std::move(handler)));
 }
 
-void ProgramHotKeys::deliver(const Handlers& handlers, const tavrin::HotKeyIdentifier& identifier) {
+void ProgramHotKeys::deliver(const Handlers& handlers, const HotKeyIdentifier& identifier) {
     for (const auto& handler : handlers | std::views::reverse)
         if (*handler && (*handler)(identifier) == Handling::Handled) return;
 }
 
-std::expected<std::unique_ptr<tavrin::HotKeyReference>, tavrin::HotKeys::Error>
-ProgramHotKeys::registerHotKey(tavrin::KeyCode key, tavrin::CarbonModifiers modifiers,
-                               tavrin::HotKeyIdentifier identifier) {
+std::expected<std::unique_ptr<HotKeyReference>, tavrin::HotKeys::Error>
+ProgramHotKeys::registerHotKey(KeyCode key, tavrin::CarbonModifiers modifiers, HotKeyIdentifier identifier) {
     constexpr Error internalError = -9868;
     if (!side_.isOpen()) return std::unexpected(internalError);
     const auto added = side_.mac.hotKeys.add(
@@ -86,7 +84,7 @@ ProgramHotKeys::registerHotKey(tavrin::KeyCode key, tavrin::CarbonModifiers modi
     return std::make_unique<RegisteredHotKey>(side_.mac.hotKeys, *added);
 }
 
-std::vector<tavrin::SymbolicHotKey> ProgramHotKeys::symbolicHotKeys() const {
+std::vector<SymbolicHotKey> ProgramHotKeys::symbolicHotKeys() const {
     return side_.mac.hotKeys.symbolicHotKeys;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/hot_keys.h"
 #include "platform/keyboard.h"
 #include "seam/system/program_side.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <utility>
@@ -16,9 +17,8 @@ class ProgramKeyboard final : public tavrin::Keyboard {
   public:
     explicit ProgramKeyboard(ProgramSide side) : side_(std::move(side)) {}
 
-    std::string character(tavrin::KeyCode) const override;
-    tavrin::Subscription
-    monitorKeyDown(std::function<tavrin::KeyHandling(const tavrin::KeyPress&)> handler) override;
+    std::string character(KeyCode) const override;
+    Subscription monitorKeyDown(std::function<KeyHandling(const KeyPress&)> handler) override;
     void beep() override;
 
   private:
@@ -28,20 +28,20 @@ class ProgramKeyboard final : public tavrin::Keyboard {
 /// A press is an event that the program's main loop finds when it turns.
 class ProgramHotKeys final : public tavrin::HotKeys {
   public:
-    using Handler = std::function<Handling(const tavrin::HotKeyIdentifier&)>;
+    using Handler = std::function<Handling(const HotKeyIdentifier&)>;
 
     explicit ProgramHotKeys(ProgramSide side) : side_(std::move(side)) {}
 
-    std::expected<std::unique_ptr<tavrin::HotKeyReference>, Error>
-        registerHotKey(tavrin::KeyCode, tavrin::CarbonModifiers, tavrin::HotKeyIdentifier) override;
-    std::unique_ptr<tavrin::HotKeyEventHandler> installPressHandler(Handler) override;
-    std::vector<tavrin::SymbolicHotKey> symbolicHotKeys() const override;
+    std::expected<std::unique_ptr<HotKeyReference>, Error> registerHotKey(KeyCode, tavrin::CarbonModifiers,
+                                                                          HotKeyIdentifier) override;
+    std::unique_ptr<HotKeyEventHandler> installPressHandler(Handler) override;
+    std::vector<SymbolicHotKey> symbolicHotKeys() const override;
 
   private:
     class InstalledHandler;
     using Handlers = std::vector<std::shared_ptr<Handler>>;
 
-    static void deliver(const Handlers&, const tavrin::HotKeyIdentifier&);
+    static void deliver(const Handlers&, const HotKeyIdentifier&);
 
     ProgramSide side_;
     std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>(); // the one installed last comes last

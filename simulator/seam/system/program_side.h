@@ -20,6 +20,7 @@
 #include "system/program_process.h"
 #include "system/screens_model.h"
 #include "system/updater_model.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 
@@ -27,7 +28,7 @@ namespace mac_model {
 
 /// The parts of this Mac that the program's calls reach.
 struct MacServices {
-    tavrin::VirtualScheduler& scheduler;
+    VirtualScheduler& scheduler;
     const Behaviour& behaviour;
     ProgramProcess& program;
     ProcessTable& processes;
@@ -60,7 +61,7 @@ struct ProgramSide {
     bool isOpen() const { return connection->isOpen(); }
 
     /// Where the program keeps its preferences.
-    tavrin::DefaultsDomain domain() const { return {mac.program.info().bundleIdentifier}; }
+    DefaultsDomain domain() const { return {mac.program.info().bundleIdentifier}; }
 };
 
 } // namespace mac_model

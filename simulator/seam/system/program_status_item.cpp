@@ -33,7 +33,7 @@ void ProgramStatusItem::changeAppearance(const Change& change) {
     side_.mac.statusItems.setAppearance(identifier_, std::move(appearance));
 }
 
-void ProgramStatusItem::setImage(tavrin::TemplateImage image) {
+void ProgramStatusItem::setImage(TemplateImage image) {
     changeAppearance([&](ItemAppearance& appearance) { appearance.image = std::move(image); });
 }
 
@@ -60,13 +60,11 @@ void ProgramStatusItem::setDecorations(bool pillShown, double glow) {
     });
 }
 
-void ProgramStatusItem::setAction(std::function<void(tavrin::StatusItemPress)> action) {
+void ProgramStatusItem::setAction(std::function<void(StatusItemPress)> action) {
     side_.mac.statusItems.setAction(identifier_, std::move(action));
 }
 
-std::optional<tavrin::Rect> ProgramStatusItem::frame() const {
-    return record() ? record()->frame : std::nullopt;
-}
+std::optional<Rect> ProgramStatusItem::frame() const { return record() ? record()->frame : std::nullopt; }
 
 bool ProgramStatusItem::isDrawn() const { return side_.mac.arrangement.isDrawnForOwner(identifier_); }
 

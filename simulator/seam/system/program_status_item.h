@@ -3,6 +3,7 @@
 #include "menu_bar/status_item_record.h"
 #include "platform/status_items.h"
 #include "seam/system/program_side.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <string>
@@ -10,7 +11,7 @@
 namespace mac_model {
 
 /// The program's handle on one of its items in the status area.
-class ProgramStatusItem final : public tavrin::StatusItem {
+class ProgramStatusItem final : public StatusItem {
   public:
     ProgramStatusItem(ProgramSide, double length);
     ProgramStatusItem(const ProgramStatusItem&) = delete;
@@ -24,14 +25,14 @@ class ProgramStatusItem final : public tavrin::StatusItem {
     double length() const override;
     void setAutosaveName(std::string name) override;
     void setVisible(bool visible) override;
-    void setImage(tavrin::TemplateImage image) override;
+    void setImage(TemplateImage image) override;
     void setToolTip(std::string text) override;
     void setAccessibilityLabel(std::string label) override;
     void setHiddenFromAccessibility(bool hidden) override;
     void setAlpha(double alpha) override;
     void setDecorations(bool pillShown, double glow) override;
-    void setAction(std::function<void(tavrin::StatusItemPress)> action) override;
-    std::optional<tavrin::Rect> frame() const override;
+    void setAction(std::function<void(StatusItemPress)> action) override;
+    std::optional<Rect> frame() const override;
     bool isDrawn() const override;
 
   private:

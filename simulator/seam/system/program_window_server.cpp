@@ -16,11 +16,11 @@ constexpr std::array surfaceLayers{0, 8, 25, 101, 101, 500}; // of each SurfaceK
 constexpr std::uint32_t firstSurfaceNumber = 100'000;
 constexpr int menuBarLayer = 24;
 constexpr int statusItemLayer = 25;
-constexpr tavrin::ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
+constexpr ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
 
 /// The windows of everything on the screen besides the menu bar, from front to back.
-std::vector<tavrin::OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
-    std::vector<tavrin::OnScreenWindow> windows;
+std::vector<OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
+    std::vector<OnScreenWindow> windows;
     for (const auto& surface : surfaces.backToFront() | std::views::reverse)
         windows.push_back({firstSurfaceNumber + static_cast<std::uint32_t>(surface->identifier),
                            surface->owner, surfaceLayers[std::size_t(surface->kind)], surface->frame});
@@ -58,8 +58,8 @@ ProgramWindowServer::processMenuBarWindowList(Connection connection, std::span<W
     return static_cast<std::int32_t>(count);
 }
 
-std::expected<tavrin::Rect, ProgramWindowServer::Status>
-ProgramWindowServer::screenRect(Connection connection, WindowNumber number) {
+std::expected<Rect, ProgramWindowServer::Status> ProgramWindowServer::screenRect(Connection connection,
+                                                                                 WindowNumber number) {
     if (!isMine(connection)) return std::unexpected(failure);
     const auto windows = side_.mac.menuBarWindows.all();
     const auto found = std::ranges::find(windows, number, &MenuBarWindow::number);
@@ -67,7 +67,7 @@ ProgramWindowServer::screenRect(Connection connection, WindowNumber number) {
     return found->frame;
 }
 
-std::vector<tavrin::OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
+std::vector<OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
     if (!side_.isOpen()) return {};
     auto windows = windowsOf(side_.mac.surfaces);
     for (const auto& bar : side_.mac.menuBarWindows.all()) {

@@ -2,6 +2,7 @@
 
 #include "platform/window_server.h"
 #include "seam/system/program_side.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <utility>
@@ -16,7 +17,7 @@ class ProgramWindowServer final : public tavrin::WindowServer,
 
     tavrin::WindowServerMenuBar::Functions* menuBarFunctions() override;
 
-    std::vector<tavrin::OnScreenWindow> onScreenWindows() const override;
+    std::vector<OnScreenWindow> onScreenWindows() const override;
 
   private:
     using Connection = tavrin::WindowServerMenuBar::Connection;
@@ -27,7 +28,7 @@ class ProgramWindowServer final : public tavrin::WindowServer,
     std::expected<std::int32_t, Status> windowCount(Connection) override;
     std::expected<std::int32_t, Status> processMenuBarWindowList(Connection,
                                                                  std::span<WindowNumber>) override;
-    std::expected<tavrin::Rect, Status> screenRect(Connection, WindowNumber) override;
+    std::expected<Rect, Status> screenRect(Connection, WindowNumber) override;
 
     bool isMine(Connection) const;
 

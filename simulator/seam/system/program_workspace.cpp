@@ -7,7 +7,7 @@ namespace mac_model {
 namespace {
 
 /// Becoming active is a request that the window server grants a moment later.
-constexpr tavrin::Seconds activationTime{0.02};
+constexpr Seconds activationTime{0.02};
 
 } // namespace
 
@@ -18,10 +18,10 @@ ProgramWorkspace::ProgramWorkspace(ProgramSide side) : side_(std::move(side)) {
     subscriptions_.push_back(processes.onEnded.subscribe([this](auto) { updateLater(); }));
 }
 
-std::vector<tavrin::RunningApplication> ProgramWorkspace::present() const {
-    std::vector<tavrin::RunningApplication> applications;
+std::vector<RunningApplication> ProgramWorkspace::present() const {
+    std::vector<RunningApplication> applications;
     for (const auto* process : side_.mac.processes.processes()) {
-        tavrin::RunningApplication application;
+        RunningApplication application;
         if (!process->application.bundleIdentifier.empty())
             application.bundleIdentifier = process->application.bundleIdentifier;
         application.processIdentifier = process->identifier;
@@ -39,11 +39,11 @@ void ProgramWorkspace::updateLater() {
     });
 }
 
-tavrin::Subscription ProgramWorkspace::onApplicationsChanged(std::function<void()> handler) {
+Subscription ProgramWorkspace::onApplicationsChanged(std::function<void()> handler) {
     return state_->onChanged.subscribe(std::move(handler));
 }
 
-tavrin::OperatingSystemVersion ProgramWorkspace::operatingSystemVersion() const {
+OperatingSystemVersion ProgramWorkspace::operatingSystemVersion() const {
     return {side_.mac.behaviour.version.major, side_.mac.behaviour.version.minor};
 }
 
@@ -51,8 +51,7 @@ std::optional<std::string> ProgramWorkspace::bundleIdentifierAt(std::string_view
     return side_.mac.bundles.bundleIdentifierAt(path);
 }
 
-std::optional<std::vector<std::byte>>
-ProgramWorkspace::iconPngOfProcess(tavrin::ProcessIdentifier identifier) const {
+std::optional<std::vector<std::byte>> ProgramWorkspace::iconPngOfProcess(ProcessIdentifier identifier) const {
     const auto* process = side_.mac.processes.find(identifier);
     if (!process) return std::nullopt;
     const auto& application = process->application;
@@ -67,7 +66,7 @@ ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
     return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
 }
 
-bool ProgramWorkspace::activate(tavrin::ProcessIdentifier process) {
+bool ProgramWorkspace::activate(ProcessIdentifier process) {
     if (!side_.isOpen() || !side_.mac.processes.find(process)) return false;
     side_.mac.scheduler.callInWorldAfter(activationTime, [side = side_, process] {
         if (side.isOpen()) side.mac.processes.activate(process);

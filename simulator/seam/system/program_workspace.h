@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "platform/workspace.h"
 #include "seam/system/program_side.h"
+#include "vocabulary/vocabulary.h"
 
 #include <memory>
 #include <vector>
@@ -16,31 +17,29 @@ class ProgramWorkspace final : public tavrin::Workspace {
     ProgramWorkspace(const ProgramWorkspace&) = delete;
     ProgramWorkspace& operator=(const ProgramWorkspace&) = delete;
 
-    tavrin::OperatingSystemVersion operatingSystemVersion() const override;
+    OperatingSystemVersion operatingSystemVersion() const override;
 
-    std::vector<tavrin::RunningApplication> runningApplications() const override {
-        return state_->applications;
-    }
+    std::vector<RunningApplication> runningApplications() const override { return state_->applications; }
 
-    tavrin::Subscription onApplicationsChanged(std::function<void()> handler) override;
+    Subscription onApplicationsChanged(std::function<void()> handler) override;
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
-    std::optional<std::vector<std::byte>> iconPngOfProcess(tavrin::ProcessIdentifier) const override;
+    std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier) const override;
     std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
-    bool activate(tavrin::ProcessIdentifier) override;
+    bool activate(ProcessIdentifier) override;
     bool openUrl(std::string_view url) override;
 
   private:
     struct State {
-        std::vector<tavrin::RunningApplication> applications;
-        tavrin::Signal<> onChanged;
+        std::vector<RunningApplication> applications;
+        Signal<> onChanged;
     };
 
-    std::vector<tavrin::RunningApplication> present() const;
+    std::vector<RunningApplication> present() const;
     void updateLater();
 
     ProgramSide side_;
     std::shared_ptr<State> state_ = std::make_shared<State>();
-    std::vector<tavrin::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace mac_model
