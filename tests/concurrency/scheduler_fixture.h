@@ -16,7 +16,7 @@ namespace tavrin {
 using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
 
-/// What happened, in order, told from any thread.
+/// A record of what happened, in order; any thread may write to it.
 class Trace {
   public:
     void add(std::string line) {
@@ -55,7 +55,7 @@ class Departure {
     std::function<void()> tell_;
 };
 
-/// What both schedulers promise is tested on both.
+/// Tests of the promises that both schedulers make run on both.
 using Schedulers = testing::Types<VirtualScheduler, ThreadScheduler>;
 
 inline void runFor(VirtualScheduler& scheduler, Seconds duration) { scheduler.advance(duration); }

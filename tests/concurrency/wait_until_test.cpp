@@ -9,7 +9,7 @@
 namespace tavrin {
 namespace {
 
-/// What a wait has looked at, and how it ended.
+/// The moments at which a wait looked, and how it ended.
 struct Record {
     std::vector<double> looks;
     std::optional<Waited> end;

@@ -273,7 +273,7 @@ TEST(DesktopFiles, theShippedOnesLoadAndAreCrowded) {
     }
 }
 
-/// The most common thing a person does with the notch is to lose items behind it; the file must show that.
+/// People notice a notch mostly because items get lost behind it, so the file must show that.
 TEST(DesktopFiles, theNotchedLaptopReachesPastItsNotch) {
     const auto desktop = loadDesktopFile(TAVRIN_SOURCE_DIR "/simulator/desktops/notched-laptop.json");
     ASSERT_TRUE(desktop) << desktop.error();

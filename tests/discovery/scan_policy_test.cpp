@@ -33,7 +33,7 @@ TEST_F(ScanPolicyTest, canonicalIdentifierOfWhatAnElementSays) {
         {"com.apple.controlcenter", "Bätterý", {}, 30, "com.apple.menuextra.battery"},
         {"com.apple.controlcenter", "FocusMode", {}, 0, "com.apple.menuextra.focusmode"},
         {"com.apple.controlcenter", "com.sample.menu-item", "Clock", 30, "com.sample.menu-item"},
-        // What is no identifier leaves the word to the label.
+        // A text that is no identifier leaves the decision to the label.
         {"com.apple.controlcenter", "a.b", "Clock", 30, "com.apple.menuextra.clock"},
         {"com.apple.controlcenter", "a..b.c", {}, 30, {}},
         {"com.apple.controlcenter", "_NS:12", " Battery, 80 percent", 30, "com.apple.menuextra.battery"},

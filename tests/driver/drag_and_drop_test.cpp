@@ -93,7 +93,7 @@ class DragAndDrop : public ::testing::Test {
         mac.done({{"do", "key"}, {"key", name}, {"modifiers", modifiers}});
     }
 
-    /// What "look" calls the focused view; empty without one.
+    /// The name that "look" gives the focused view; empty without one.
     std::string focused(const json& node) {
         if (node.value("focused", false)) return node.value("text", "?");
         for (const auto& child : node.value("children", json::array()))

@@ -13,7 +13,7 @@
 
 namespace mac_model {
 
-/// A small program for tests of the Mac around it: one status item, and what the test makes it show.
+/// A small program for tests of the Mac around it: one status item, and whatever the test makes it show.
 struct Probe {
     tavrin::Platform* platform = nullptr;
     std::unique_ptr<tavrin::StatusItem> item;

@@ -150,7 +150,7 @@ TEST_F(Surfaces, menuOfTheProgramTracksUntilChosen) {
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
 
     popUpMenu();
-    mac.clickItem(tavrinBundle); // closes the menu and does no more
+    mac.clickItem(tavrinBundle); // only closes the menu
     EXPECT_EQ(takeLog(), Log{});
     EXPECT_FALSE(mac.shows("First"));
 

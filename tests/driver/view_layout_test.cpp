@@ -141,7 +141,7 @@ TEST(ViewLayout, scrollsWhatIsTooTall) {
     EXPECT_EQ(laid.children[1].frame.height, 200);
     EXPECT_LE(laid.children[1].frame.maxY(), laid.children[2].frame.minY());
 
-    // What is scrolled away can't be pointed at where it would be.
+    // A view that is scrolled away can't be pointed at where it would be.
     const ViewPath last{1, 0, 39};
     const auto away = viewAt(laid, last)->frame.middle();
     EXPECT_NE(controlAt(laid, away), last);

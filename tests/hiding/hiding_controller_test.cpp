@@ -10,8 +10,8 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Notes what it is told and answers as the test has it; what it takes half a second to prepare or confirm
-/// may be overtaken.
+/// Notes what it is told and answers as the test decides; preparing and confirming take half a second, in
+/// which something newer may overtake them.
 class ScriptedMechanism final : public HidingMechanism {
   public:
     Task<bool> ensureLayout() override { co_return true; }

@@ -17,8 +17,8 @@ namespace tavrin {
 
 using Lines = std::vector<std::string>;
 
-/// Applications with one item each, whose places the test decides, and a mover that acts on them. All the
-/// rest is a modelled Mac.
+/// Applications with one item each, whose places the test decides, and a mover that acts on them. Everything
+/// else is a modelled Mac.
 class MovingTest : public mac_model::MacTest {
   protected:
     static constexpr int itemNode = 10'000; // plus the process identifier

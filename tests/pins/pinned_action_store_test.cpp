@@ -35,7 +35,7 @@ class PinnedActionStoreTest : public testing::Test {
 
     PinnedAction pin(std::uint8_t number) const { return store.pin(idOf(number)).value(); }
 
-    /// What a store would find that is made now.
+    /// The pins that a store made now would find.
     PinnedActionStore::Pins stored() { return PinnedActionStore(defaults, *text).pins(); }
 
     /// Each act must have written this often since the last question, and left the list stored as it is.

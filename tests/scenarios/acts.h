@@ -17,7 +17,7 @@ inline TavrinMacOptions trustedMac(std::string desktop, json stored = json::obje
     return options;
 }
 
-/// What a user's preferences hold who has set Tavrin up.
+/// The preferences of a user who has set Tavrin up.
 inline json setUp(std::vector<std::string> hidden = {}, json more = json::object()) {
     json stored{{"Skerrow.didPresentInitialConfiguration", true},
                 {"Skerrow.hiddenItemIdentifiers", std::move(hidden)}};
@@ -42,7 +42,7 @@ inline void clickControlAndWait(TavrinMac& mac) {
     mac.wait(1);
 }
 
-/// The spacer as the menu bar has it; null without one.
+/// The spacer as it stands in the menu bar; null without one.
 inline json spacer(TavrinMac& mac) {
     for (auto& item : mac.itemsOf(tavrinBundle))
         if (!item.contains("symbol")) return item;

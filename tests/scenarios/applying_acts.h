@@ -81,7 +81,7 @@ inline bool isRightOfControl(TavrinMac& mac, const std::string& identifier) {
     return false;
 }
 
-/// What every gesture owes to the person, however it ended.
+/// The state in which every gesture must leave the pointer, however it ended.
 inline void expectPointerIsFree(TavrinMac& mac, const json& place) {
     const auto pointer = mac.look()["pointer"];
     EXPECT_EQ(pointer["buttons"], json::array());

@@ -321,7 +321,7 @@ Platform with(Lie& lie, const Platform& real) {
             .updater = real.updater};
 }
 
-/// Whichever family of the platform somebody asks for.
+/// Gives the family of the platform that is asked for by type.
 struct AnyFamily {
     operator Scheduler&() const { return real.scheduler; }
 

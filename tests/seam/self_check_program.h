@@ -27,7 +27,7 @@ struct SelfCheck {
     std::ostringstream report{};
     bool hasEnded = false;
 
-    /// The verdict on a promise; a promise that nobody makes fails the test.
+    /// The verdict on a promise; a promise that no check makes fails the test.
     tavrin::seam_check::Verdict on(std::string_view promise) const {
         for (const auto& result : results)
             if (result.promise == promise) return result.verdict;

@@ -8,7 +8,7 @@
 
 namespace tavrin {
 
-/// One domain in memory, which counts what is written to it.
+/// One domain in memory, which counts the writes to it.
 class CountingDefaults final : public Defaults {
   public:
     int writes = 0;

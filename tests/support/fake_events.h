@@ -13,7 +13,7 @@
 
 namespace tavrin {
 
-/// Notes what is posted, with the milliseconds since the first, and what that does to button, cursor and
+/// Notes the posted events, with the milliseconds since the first, and their effects on button, cursor and
 /// pointer.
 class FakeEvents final : public Events {
   public:

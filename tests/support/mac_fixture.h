@@ -14,7 +14,7 @@
 
 namespace mac_model {
 
-/// Shows nothing; the tests here are about what is under the surfaces.
+/// Shows nothing; these tests are about the parts below the surfaces.
 class BlankPresentation final : public tavrin::Presentation {
   public:
     std::unique_ptr<tavrin::Popover> makePopover(tavrin::PopoverBehavior, std::function<void()>) override {
@@ -35,7 +35,7 @@ class BlankPresentation final : public tavrin::Presentation {
     void popUp(tavrin::Menu, tavrin::StatusItem&, tavrin::Rect) override {}
 };
 
-/// A program that notes what it is asked and does what the test tells it.
+/// A program that notes each request and does as the test tells it.
 struct ScriptedProgram {
     tavrin::Platform* platform = nullptr;
     tavrin::TerminateReply reply = tavrin::TerminateReply::Now;

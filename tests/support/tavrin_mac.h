@@ -28,7 +28,7 @@ struct TavrinMacOptions {
     ProgramFactory program{}; // instead of Tavrin
 };
 
-/// A modelled Mac with Tavrin launched on it, driven through the protocol. A setting that can't be made fails
+/// A modelled Mac with Tavrin launched on it, driven through the protocol. A setting that is refused fails
 /// the test by an exception.
 class TavrinMac {
   public:
@@ -42,9 +42,9 @@ class TavrinMac {
 
     /// The reply, whatever it is.
     json command(const json&);
-    /// The reply to a command that must be taken; a refusal is a test failure.
+    /// The reply to a command that must be accepted; a refusal is a test failure.
     json done(const json&);
-    /// The error of a command that must be refused; its being taken is a test failure.
+    /// The error of a command that must be refused; accepting it is a test failure.
     std::string refused(const json&);
 
     json look() { return done({{"do", "look"}}); }
@@ -90,7 +90,7 @@ class TavrinMac {
     /// The names of all items that are drawn, from left to right.
     std::vector<std::string> drawnItems();
 
-    /// What is stored in Tavrin's domain.
+    /// The values stored in Tavrin's domain.
     json defaults() { return done({{"do", "defaults"}})["values"]; }
 
     /// Through onboarding and the start-up task, with Tavrin trusted.
