@@ -37,6 +37,11 @@ Task<bool> StatusItemGeometryKeeper::performExpandedStatusItemGeometryRepair() {
 
 Task<bool> StatusItemGeometryKeeper::repair() {
     using enum OwnStatusItems::PositionSeed;
+    // Displays that are away for a moment and a bar that is being arranged pass by themselves.
+    if (co_await waitForStableStatusItemGeometry()) co_return true;
+    // A control in the status area is where its user has put it, and only the spacer has to follow.
+    if (hasValidGlyph() && co_await reseatSpacer()) co_return true;
+    if (co_await isCancelled()) co_return false;
     if (co_await rebuild(Force)) co_return true;
     // A control behind the notch stays there under any name; one left of its own spacer was taken for new.
     if (items_.isSpacerLeftOfControl() || co_await isCancelled()) co_return false;

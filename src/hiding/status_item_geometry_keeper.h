@@ -11,8 +11,8 @@
 namespace tavrin {
 
 /// Keeps the two facts true that hiding with a spacer stands on: the control's glyph is in the status area,
-/// and the spacer ends where the control begins. Repairs by starting the items over under fresh autosave
-/// names. Main thread.
+/// and the spacer ends where the control begins. Repairs by bringing the spacer to the control, and where
+/// that isn't enough by starting the items over under fresh autosave names. Main thread.
 class StatusItemGeometryKeeper {
   public:
     StatusItemGeometryKeeper(const Platform& platform, OwnStatusItems& items, FailureMessage& failure);

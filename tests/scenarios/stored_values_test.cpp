@@ -135,7 +135,7 @@ TEST(Repair, twoCallersShareOneRebuild) {
     mac.rightClickItem(tavrinBundle);
     mac.set("behindNotch", {{tavrinBundle, "presentItems"}});
     mac.press("Hide Configured Items");
-    mac.wait(0.15);
+    mac.wait(1.4);
     clickControl(mac); // the rebuilt control is on the screen while the check still waits
     mac.wait(3);
     EXPECT_EQ(storedText(mac, "Skerrow.statusItemAutosaveVersion"), "2");
