@@ -15,9 +15,9 @@ namespace mac_model {
 /// Only regular files are read: a pipe would keep the reader waiting.
 [[nodiscard]] std::expected<std::string, std::string> readWholeFile(const std::filesystem::path&);
 
-/// Writes beside the file under a name that nothing has, flushes to the disk and renames: after a crash of the
-/// machine the file holds either the old text or the new one. A link at the path is replaced; what it led to
-/// stays as it is. Its folder must exist.
+/// Writes beside the file under a name that nothing has, flushes to the disk and renames: after a crash of
+/// the machine the file holds either the old text or the new one. A link at the path is replaced; what it led
+/// to stays as it is. Its folder must exist.
 [[nodiscard]] std::expected<void, std::string> replaceWholeFile(const std::filesystem::path&,
                                                                 std::string_view text);
 

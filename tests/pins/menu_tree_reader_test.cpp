@@ -11,6 +11,10 @@ namespace {
 
 using Limits = MenuTreeReader::Limits;
 
+bool toTheFirst(const PinnedMenuNode& item, std::size_t) {
+    return item.title && item.title->contains("Item");
+}
+
 class MenuTreeReaderTest : public testing::Test {
   protected:
     FakeAccessibility ax;
@@ -73,8 +77,26 @@ TEST_F(MenuTreeReaderTest, cutsALargeMenuOff) {
     EXPECT_EQ(countOf(*whole.tree(FakeAccessibility::element(1), abandoned)), 1500);
     MenuTreeReader stepwise(ax, MenuTreeReader::statusItemLimits);
     auto root = stepwise.root(FakeAccessibility::element(1), abandoned);
-    ASSERT_TRUE(stepwise.readItems(*root, abandoned));
+    ASSERT_TRUE(stepwise.readItems(*root, toTheFirst, abandoned));
     EXPECT_EQ(root->items().size(), 599u);
+}
+
+TEST_F(MenuTreeReaderTest, readsWhatIsBelowAnItemBeforeWhatIsBehindIt) {
+    makeNested(3);
+    std::vector<int> items{2};
+    for (int item = 10; item < 40; ++item) {
+        make(item, "AXMenuItem", std::to_string(item));
+        items.push_back(item);
+    }
+    ax.setChildren(1, items);
+    MenuTreeReader reader(ax, {6, 10});
+    for (int reading = 0; reading < 2; ++reading) {
+        auto root = reader.root(FakeAccessibility::element(1), abandoned);
+        ASSERT_TRUE(root);
+        ASSERT_TRUE(reader.readItems(*root, toTheFirst, abandoned));
+        EXPECT_EQ(depthOf(*root), 5);
+        EXPECT_EQ(countOf(*root), 10) << "in each reading";
+    }
 }
 
 TEST_F(MenuTreeReaderTest, takesThreeMessagesANodeAtMost) {
@@ -85,10 +107,8 @@ TEST_F(MenuTreeReaderTest, takesThreeMessagesANodeAtMost) {
     ax.messages = 0;
     MenuTreeReader stepwise(ax, {30, 1500});
     auto node = *stepwise.root(FakeAccessibility::element(1), abandoned);
-    while (stepwise.readItems(node, abandoned) && !node.items().empty()) {
-        const auto next = *node.items().front();
-        node = next;
-    }
+    ASSERT_TRUE(stepwise.readItems(node, toTheFirst, abandoned));
+    EXPECT_EQ(depthOf(node), 7);
     EXPECT_LE(ax.messages, 3 * static_cast<int>(stepwise.elements().size()));
 }
 

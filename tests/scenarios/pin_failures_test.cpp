@@ -80,6 +80,11 @@ std::vector<FailingRun> failingRuns() {
         {"ticked", pin("P", {"dark mode"}),
          "\"Dark Mode\" can't run: switches, checkboxes and sliders can't be pinned."},
         {"disabled", pin("P", {"Later"}), "\"Later\" can't run: disabled right now."},
+        {"titles that show nothing",
+         pin("P", {"Gone"}),
+         "This item changed: \"Gone\" is no longer in the menu. Current choices: Here.",
+         nullptr,
+         {notesApplication(statusItem({entry("\u00A0"), entry("Here"), entry("\u2003\u00A0")}))}},
         {"a slider",
          pin("P", {"Volume"}),
          "\"Volume\" can't run: switches, checkboxes and sliders can't be pinned.",
@@ -108,8 +113,7 @@ std::vector<FailingRun> failingRuns() {
 TEST(PinFailures, tellWhyTheyDidNotRun) {
     for (const auto& [what, stored, message, prepare, applications] : failingRuns()) {
         SCOPED_TRACE(what);
-        TavrinMac mac(macWithPins({stored}, applications));
-        mac.wait(2);
+        auto mac = started(macWithPins({stored}, applications));
         if (prepare) prepare(mac);
         runPin(mac, "P");
         EXPECT_EQ(chosen(mac), Strings{}) << "nothing was pressed";
@@ -124,8 +128,7 @@ TEST(PinFailures, tellWhyTheyDidNotRun) {
 }
 
 TEST(PinFailures, blameHiddenItemsForAMenuThatDoesNotOpen) {
-    TavrinMac mac(macWithPins({pin("P", {"Sync Now"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Sync Now"})}));
     mac.set("menus", {{notesBundle, {{"ignoresPress", true}}}});
     mac.done({{"do", "drag"},
               {"from", {mac.itemsOf(notesBundle)[0]["frame"][0].get<double>() + 10, 12}},
@@ -135,17 +138,16 @@ TEST(PinFailures, blameHiddenItemsForAMenuThatDoesNotOpen) {
     clickControlAndWait(mac);
     ASSERT_TRUE(isCollapsed(mac));
     ASSERT_EQ(mac.itemsOf(notesBundle)[0].value("why", ""), "offscreen");
-    (void)mac.done({{"do", "events"}});
+    (void)mac.events();
     runPin(mac, "P");
     EXPECT_TRUE(
         mac.shows("Notes's menu didn't open. It may show a panel instead of a menu. Tavrin is hiding items "
                   "right now; show them and try again."));
-    EXPECT_TRUE(mac.done({{"do", "events"}})["events"].empty()) << "an item off the screen isn't clicked";
+    EXPECT_TRUE(mac.events()["events"].empty()) << "an item off the screen isn't clicked";
 }
 
 TEST(PinFailures, askForAccessAndForgiveItsAbsenceLater) {
-    TavrinMac mac(macWithPins({pin("P", {"Sync Now"}), pin("Q", {"Gone"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Sync Now"}), pin("Q", {"Gone"})}));
     runPin(mac, "Q");
     mac.set("trusted", false);
     runPin(mac, "P");
@@ -165,8 +167,7 @@ TEST(PinFailures, noticeThatAccessGoesInTheMiddle) {
     for (const auto* answer : {"apiDisabled", "timesOut"}) {
         auto options = macWithPins({pin("P", {"Sync Now"})});
         options.model["revokedAccess"] = answer;
-        TavrinMac mac(options);
-        mac.wait(2);
+        auto mac = started(options);
         mac.set("menus", {{notesBundle, {{"opensAfter", 0.6}}}});
         request(mac, "P");
         mac.wait(0.3);
@@ -176,18 +177,39 @@ TEST(PinFailures, noticeThatAccessGoesInTheMiddle) {
         EXPECT_EQ(lastFailure(mac, "P"), std::string(answer) == "apiDisabled"
                                              ? "Tavrin needs Accessibility access to open other apps' menus."
                                              : "Notes isn't responding.");
+        mac.set("trusted", true);
+        mac.wait(3);
+        EXPECT_EQ(lastFailure(mac, "P") == "none", std::string(answer) == "apiDisabled")
+            << "the mark goes when the access is back";
+    }
+}
+
+TEST(PinFailures, sayWhatHappenedWhileASubmenuOpened) {
+    const std::vector<std::pair<std::function<void(TavrinMac&)>, std::string>> cases{
+        {[](TavrinMac& mac) { mac.set("hang", notesBundle); }, "Notes isn't responding."},
+        {[](TavrinMac& mac) { mac.set("trusted", false); },
+         "Tavrin needs Accessibility access to open other apps' menus."}};
+    for (const auto& [happen, message] : cases) {
+        auto options = macWithPins({pin("P", {"Accounts", "Work", "Fetch"})});
+        options.model["revokedAccess"] = "apiDisabled";
+        auto mac = started(options);
+        mac.set("menus", {{notesBundle, {{"fillsAfter", 0.6}}}});
+        request(mac, "P");
+        mac.wait(0.9);
+        happen(mac);
+        mac.wait(6);
+        EXPECT_EQ(lastFailure(mac, "P"), message);
     }
 }
 
 TEST(PinFailures, closeByEscapeWhatIgnoresBeingCancelled) {
-    TavrinMac mac(macWithPins({pin("P", {"Gone"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Gone"})}));
     for (const bool ignores : {false, true}) {
         mac.set("menus", {{notesBundle, {{"ignoresCancel", ignores}}}});
-        (void)mac.done({{"do", "events"}});
+        (void)mac.events();
         runPin(mac, "P");
         EXPECT_EQ(openMenus(mac), 0);
-        const auto events = mac.done({{"do", "events"}})["events"];
+        const auto events = mac.events()["events"];
         EXPECT_EQ(events.size(), ignores ? 2u : 0u) << events;
         for (const auto& key : events)
             EXPECT_EQ(key.value("fields", json::object()).value("9", 0), 53) << key;
@@ -195,9 +217,94 @@ TEST(PinFailures, closeByEscapeWhatIgnoresBeingCancelled) {
     mac.set("menus", {{notesBundle, {{"ignoresCancel", true}, {"ignoresEscape", true}}}});
     runPin(mac, "P");
     EXPECT_EQ(openMenus(mac), 1) << "and gives up in the end";
-    mac.done({{"do", "key"}, {"key", "escape"}});
+    mac.key("escape");
     runPin(mac, "P");
     EXPECT_NE(lastFailure(mac, "P"), "none");
+}
+
+TEST(PinFailures, closeWhatOpenedTooLate) {
+    struct Case {
+        json faults;
+        double latency = 0;
+        std::string message;
+    };
+
+    for (const auto& [faults, latency, message] :
+         {Case{{{"opensAfter", 0.3}}, 0.3, "Notes isn't responding."},
+          Case{{{"opensAfter", 0.3}}, 0.8, "Notes isn't responding."},
+          Case{{{"ignoresPress", true}, {"fillsAfter", 2}},
+               0.001,
+               "Notes's menu didn't open. It may show a panel instead of a menu."}}) {
+        SCOPED_TRACE(faults.dump() + std::to_string(latency));
+        auto mac = started(macWithPins({pin("P", {"Sync Now"})}));
+        mac.set("menus", {{notesBundle, faults}});
+        request(mac, "P");
+        mac.wait(0.1);
+        mac.set("latency", {{notesBundle, latency}});
+        mac.wait(9);
+        EXPECT_EQ(lastFailure(mac, "P"), message);
+        EXPECT_EQ(openMenus(mac), 0);
+        EXPECT_EQ(countOf(mac.events(), "keyDown"), 0) << "it lets itself be cancelled";
+    }
+}
+
+/// Escape would wait for the application to come back, and dismiss what the item has shown.
+TEST(PinFailures, postNoEscapeToAnApplicationThatFallsSilentAfterThePress) {
+    for (const bool isBar : {false, true}) {
+        const auto bundle = isBar ? editorBundle : notesBundle;
+        auto mac = started(macWithPins({isBar ? barPin("P", {"File", "New"}) : pin("P", {"Sync Now"})}));
+        mac.set("menus", {{bundle, {{"fillsAfter", 0.1}}}});
+        request(mac, "P");
+        auto happened = mac.events();
+        for (int i = 0; i < 3000 && chosenIn(happened).empty(); ++i) {
+            mac.wait(0.001);
+            happened = mac.events();
+        }
+        ASSERT_EQ(chosenIn(happened).size(), 1u);
+        mac.set("hang", bundle);
+        mac.wait(5);
+        EXPECT_EQ(lastFailure(mac, "P"), "none");
+        EXPECT_EQ(countOf(mac.events(), "keyDown"), 0);
+    }
+}
+
+TEST(PinFailures, readWhatIsBelowAnItemBeforeWhatIsBehindIt) {
+    auto items = notesMenu();
+    for (int i = 0; i < 700; ++i) items.push_back(entry("Entry " + std::to_string(i)));
+    for (const double fillsAfter : {0.0, 0.2}) {
+        auto mac = started(
+            macWithPins({pin("P", {"Accounts", "Work", "Fetch"})}, {notesApplication(statusItem(items))}));
+        if (fillsAfter > 0) mac.set("menus", {{notesBundle, {{"fillsAfter", fillsAfter}}}});
+        runPin(mac, "P");
+        EXPECT_EQ(lastFailure(mac, "P"), "none");
+        EXPECT_EQ(chosen(mac), Strings{notesBundle + ": > Accounts > Work > Fetch"});
+    }
+}
+
+/// A Mac on which a second process of the bundle runs, launched before all others.
+TavrinMacOptions withHelper(TavrinMacOptions options, const std::string& bundle, json more = json::object()) {
+    auto desktop = json::parse(options.desktopJson);
+    auto& applications = desktop["applications"];
+    applications.insert(applications.begin(), application(bundle, "Helper", "accessory", std::move(more)));
+    options.desktopJson = desktop.dump();
+    return options;
+}
+
+TEST(PinFailures, takeTheProcessWithTheMenuBar) {
+    for (const auto& more : {json::object(), json{{"responding", false}}}) {
+        auto mac = started(withHelper(macWithPins({barPin("P", {"File", "New"})}), editorBundle, more));
+        runPin(mac, "P");
+        EXPECT_EQ(lastFailure(mac, "P"), "none");
+        EXPECT_EQ(chosen(mac), Strings{editorBundle + ": > New"});
+    }
+}
+
+TEST(PinFailures, runBesideAHungProcessOfTheSameApplication) {
+    auto mac =
+        started(withHelper(macWithPins({pin("P", {"Sync Now"})}), notesBundle, {{"responding", false}}));
+    runPin(mac, "P");
+    EXPECT_EQ(chosen(mac), Strings{synced});
+    EXPECT_EQ(lastFailure(mac, "P"), "none");
 }
 
 } // namespace

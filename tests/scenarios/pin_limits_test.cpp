@@ -6,9 +6,8 @@ namespace {
 TEST(PinLimits, takeThreeMessagesANodeAtMost) {
     json items = json::array();
     for (int i = 0; i < 400; ++i) items.push_back(entry("Entry " + std::to_string(i)));
-    TavrinMac mac(macWithPins({pin("P", {"Entry 399"})}, {notesApplication(statusItem(items))}));
-    mac.wait(2);
-    const auto sent = [&] { return mac.done({{"do", "stats"}})["messages"].value(notesBundle, 0); };
+    auto mac = started(macWithPins({pin("P", {"Entry 399"})}, {notesApplication(statusItem(items))}));
+    const auto sent = [&] { return mac.stats()["messages"].value(notesBundle, 0); };
     const int before = sent();
     runPin(mac, "P");
     EXPECT_EQ(chosen(mac).size(), 1u);
@@ -16,8 +15,7 @@ TEST(PinLimits, takeThreeMessagesANodeAtMost) {
 }
 
 TEST(PinLimits, costOneTimeOutWhenAnApplicationHangsAndTheMainThreadNothing) {
-    TavrinMac mac(macWithPins({pin("P", {"Sync Now"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Sync Now"})}));
     mac.set("hang", notesBundle);
     request(mac, "P");
     mac.wait(0.2);
@@ -32,8 +30,8 @@ TEST(PinLimits, costOneTimeOutWhenAnApplicationHangsAndTheMainThreadNothing) {
 TEST(PinLimits, costABoundedTimeWhenAnApplicationHangsInTheMiddle) {
     for (const double after : {0.0, 0.001, 0.002, 0.004, 0.006, 0.01, 0.05, 0.1, 0.3}) {
         SCOPED_TRACE(after);
-        TavrinMac mac(macWithPins({pin("P", {"Accounts", "Work", "Fetch"}), barPin("Q", {"File", "New"})}));
-        mac.wait(2);
+        auto mac =
+            started(macWithPins({pin("P", {"Accounts", "Work", "Fetch"}), barPin("Q", {"File", "New"})}));
         request(mac, "P");
         mac.wait(after);
         mac.set("hang", notesBundle);
@@ -47,8 +45,7 @@ TEST(PinLimits, costABoundedTimeWhenAnApplicationHangsInTheMiddle) {
 }
 
 TEST(PinLimits, runOneAtATime) {
-    TavrinMac mac(macWithPins({pin("P", {"Sync Now"}), pin("Q", {"Accounts", "Home"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Sync Now"}), pin("Q", {"Accounts", "Home"})}));
     mac.set("hang", notesBundle);
     request(mac, "P");
     mac.wait(0.1);
@@ -65,8 +62,7 @@ TEST(PinLimits, runOneAtATime) {
 
 TEST(PinLimits, runOnceWhenAskedForTwiceWithinHalfASecond) {
     for (const auto& [pause, runs] : {std::pair{0.1, 1u}, {0.3, 1u}, {0.55, 2u}, {3.0, 2u}}) {
-        TavrinMac mac(macWithPins({pin("P", {"Sync Now"})}));
-        mac.wait(2);
+        auto mac = started(macWithPins({pin("P", {"Sync Now"})}));
         request(mac, "P");
         mac.wait(pause);
         request(mac, "P");
@@ -76,15 +72,14 @@ TEST(PinLimits, runOnceWhenAskedForTwiceWithinHalfASecond) {
 }
 
 TEST(PinLimits, runAgainAndAgain) {
-    TavrinMac mac(macWithPins({pin("P", {"Sync Now"}), barPin("Q", {"File", "New"})}));
-    mac.wait(2);
+    auto mac = started(macWithPins({pin("P", {"Sync Now"}), barPin("Q", {"File", "New"})}));
     for (int i = 0; i < 20; ++i) {
         runPin(mac, i % 2 == 0 ? "P" : "Q");
         EXPECT_EQ(chosen(mac).size(), 1u);
     }
     mac.wait(20);
-    EXPECT_EQ(mac.done({{"do", "stats"}})["timers"], 0) << "nothing is left behind";
-    EXPECT_EQ(mac.done({{"do", "stats"}})["tasks"], 0);
+    EXPECT_EQ(mac.stats()["timers"], 0) << "nothing is left behind";
+    EXPECT_EQ(mac.stats()["tasks"], 0);
 }
 
 /// At any moment of a run, whatever the application does: Tavrin ends soon and leaves no menu behind.
@@ -94,21 +89,20 @@ TEST(PinLimits, letTavrinQuitAtAnyMoment) {
             for (int moment = 0; moment < 14; ++moment) {
                 SCOPED_TRACE(std::to_string(moment) + (hangs ? " hung" : "") + (isBar ? " bar" : ""));
                 const auto bundle = isBar ? editorBundle : notesBundle;
-                TavrinMac mac(macWithPins({isBar ? barPin("P", {"File", "Export", "As PDF"})
-                                                 : pin("P", {"Accounts", "Work", "Fetch"})}));
-                mac.wait(2);
+                auto mac = started(macWithPins({isBar ? barPin("P", {"File", "Export", "As PDF"})
+                                                      : pin("P", {"Accounts", "Work", "Fetch"})}));
                 mac.set("menus", {{bundle, {{"fillsAfter", 0.1}}}});
                 request(mac, "P");
                 mac.wait(0.05 * moment);
                 if (hangs) mac.set("hang", bundle);
-                mac.done({{"do", "terminate"}});
+                mac.terminate();
                 mac.wait(2);
                 EXPECT_TRUE(mac.itemsOf(tavrinBundle).empty()) << "it has ended";
                 if (!hangs) {
                     EXPECT_EQ(openMenus(mac), 0);
                 }
                 if (hangs) mac.set("resume", bundle);
-                mac.done({{"do", "start"}});
+                mac.start();
                 mac.wait(3);
                 runPin(mac, "P");
                 EXPECT_EQ(lastFailure(mac, "P"), "none") << "and runs it the next time";
@@ -116,9 +110,8 @@ TEST(PinLimits, letTavrinQuitAtAnyMoment) {
 }
 
 TEST(PinLimits, outliveAnAlertThatNobodyAnswers) {
-    TavrinMac mac(
-        macWithPins({pin("P", {"Sync Now"}, {{"hasConfirmedFirstRun", false}}), pin("Q", {"Twin"})}));
-    mac.wait(2);
+    auto mac =
+        started(macWithPins({pin("P", {"Sync Now"}, {{"hasConfirmedFirstRun", false}}), pin("Q", {"Twin"})}));
     request(mac, "P");
     mac.wait(1);
     request(mac, "Q");
@@ -129,7 +122,7 @@ TEST(PinLimits, outliveAnAlertThatNobodyAnswers) {
     mac.press("Run");
     mac.wait(2);
     EXPECT_EQ(lastFailure(mac, "P"), "Notes isn't running. Open it and try again.");
-    mac.done({{"do", "terminate"}});
+    mac.terminate();
     mac.wait(1);
     EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
 }

@@ -1,4 +1,12 @@
+#include "app/app_delegate.h"
+#include "platform/accessibility.h"
+#include "platform/platform.h"
 #include "scenarios/pin_acts.h"
+
+#include <expected>
+#include <functional>
+#include <memory>
+#include <stdexcept>
 
 namespace mac_model {
 namespace {
@@ -116,6 +124,71 @@ TEST(Pins, runHoweverTheMenuOpens) {
             ASSERT_NE(down, events.end());
             EXPECT_EQ((*down)["at"][0], frame[0].get<double>() + frame[2].get<double>() / 2);
         }
+}
+
+/// Accessibility whose first action is a fault of the program.
+class ThrowingOnce final : public tavrin::Accessibility {
+  public:
+    explicit ThrowingOnce(tavrin::Accessibility& real) : real_(real) {}
+
+    bool isTrusted() const override { return real_.isTrusted(); }
+
+    tavrin::Subscription onTrustListChanged(std::function<void()> handler) override {
+        return real_.onTrustListChanged(std::move(handler));
+    }
+
+    tavrin::AccessibilityElement application(tavrin::ProcessIdentifier process) override {
+        return real_.application(process);
+    }
+
+    void setMessagingTimeout(const tavrin::AccessibilityElement& element, tavrin::Seconds timeout) override {
+        real_.setMessagingTimeout(element, timeout);
+    }
+
+    tavrin::AttributeResult attribute(const tavrin::AccessibilityElement& element,
+                                      std::string_view name) override {
+        return real_.attribute(element, name);
+    }
+
+    std::expected<std::vector<tavrin::AttributeResult>, tavrin::AccessibilityError>
+    attributes(const tavrin::AccessibilityElement& element,
+               std::span<const std::string_view> names) override {
+        return real_.attributes(element, names);
+    }
+
+    std::expected<std::vector<std::string>, tavrin::AccessibilityError>
+    actionNames(const tavrin::AccessibilityElement& element) override {
+        return real_.actionNames(element);
+    }
+
+    std::expected<void, tavrin::AccessibilityError> perform(const tavrin::AccessibilityElement& element,
+                                                            std::string_view action) override {
+        if (!std::exchange(hasThrown_, true)) throw std::runtime_error("a fault");
+        return real_.perform(element, action);
+    }
+
+  private:
+    tavrin::Accessibility& real_;
+    bool hasThrown_ = false;
+};
+
+TEST(Pins, runAfterOneThatAFaultHasEnded) {
+    std::unique_ptr<ThrowingOnce> accessibility;
+    std::unique_ptr<tavrin::Platform> platform;
+    auto options = macWithPins({pin("P", {"Sync Now"})});
+    options.program = [&](tavrin::Platform& real) {
+        accessibility = std::make_unique<ThrowingOnce>(real.accessibility);
+        platform = std::make_unique<tavrin::Platform>(
+            tavrin::Platform{real.scheduler, real.application, *accessibility, real.defaults, real.events,
+                             real.hotKeys, real.keyboard, real.presentation, real.randomness, real.screens,
+                             real.statusItems, real.text, real.windowServer, real.workspace, real.updater});
+        return tavrin::makeAppDelegate(*platform);
+    };
+    auto mac = started(options);
+    runPin(mac, "P");
+    EXPECT_EQ(chosen(mac), Strings{});
+    runPin(mac, "P");
+    EXPECT_EQ(chosen(mac), Strings{synced});
 }
 
 TEST(Pins, walkTheMenuBarOfAnApplication) {

@@ -57,11 +57,13 @@ PinnedMenuNode nodeFrom(const Attributes& attributes) {
 
 MenuTreeReader::Result<PinnedMenuNode> MenuTreeReader::tree(const AccessibilityElement& root,
                                                             const AbandonFlag& abandoned) {
+    budget_ = limits_.maximumNodes;
     return node(root, 0, Reach::Subtree, abandoned);
 }
 
 MenuTreeReader::Result<PinnedMenuNode> MenuTreeReader::root(const AccessibilityElement& root,
                                                             const AbandonFlag& abandoned) {
+    budget_ = limits_.maximumNodes;
     return node(root, 0, Reach::Alone, abandoned);
 }
 
@@ -107,7 +109,14 @@ MenuTreeReader::childrenOf(const AccessibilityElement& element) const {
     return std::move(*children).value_or(AccessibilityElements{});
 }
 
-MenuTreeReader::Result<void> MenuTreeReader::readItems(PinnedMenuNode& parent, const AbandonFlag& abandoned) {
+MenuTreeReader::Result<void> MenuTreeReader::readItems(PinnedMenuNode& parent, const Leads& leads,
+                                                       const AbandonFlag& abandoned) {
+    budget_ = limits_.maximumNodes - 1; // the parent is one of them
+    return readBelow(parent, leads, 0, abandoned);
+}
+
+MenuTreeReader::Result<void> MenuTreeReader::readBelow(PinnedMenuNode& parent, const Leads& leads,
+                                                       std::size_t level, const AbandonFlag& abandoned) {
     const int depth = depths_[parent.elementIndex];
     parent.children.clear();
     if (depth >= limits_.maximumDepth) return {};
@@ -117,8 +126,10 @@ MenuTreeReader::Result<void> MenuTreeReader::readItems(PinnedMenuNode& parent, c
         if (budget_ < 1) break;
         auto item = node(child, depth + 1, Reach::Alone, abandoned);
         if (!item) return std::unexpected(item.error());
-        if (item->role == ax::menuRole) {
-            if (auto below = readItems(*item, abandoned); !below) return below;
+        const bool isMenu = item->role == ax::menuRole;
+        if (isMenu || leads(*item, level)) {
+            if (auto below = readBelow(*item, leads, isMenu ? level : level + 1, abandoned); !below)
+                return below;
         }
         parent.children.push_back(std::move(*item));
     }

@@ -7,12 +7,14 @@
 
 #include <cstddef>
 #include <expected>
+#include <functional>
 #include <vector>
 
 namespace tavrin {
 
-/// Reads one menu, whole or a level at a time, with at most three messages an element. The first message that
-/// an application doesn't answer ends the reading. On a background queue.
+/// Reads one menu, whole or the branch toward something, with at most three messages an element. Each reading
+/// has the limits for itself and goes depth first, so that what stands behind an item takes nothing from what
+/// is below it. The first message that an application doesn't answer ends the reading. On a background queue.
 class MenuTreeReader {
   public:
     struct Limits {
@@ -25,8 +27,7 @@ class MenuTreeReader {
 
     MenuTreeReader(Accessibility& accessibility, Limits limits)
         : accessibility_(accessibility)
-        , limits_(limits)
-        , budget_(limits.maximumNodes) {}
+        , limits_(limits) {}
 
     template <class T>
     using Result = std::expected<T, ReadFailure>;
@@ -45,8 +46,12 @@ class MenuTreeReader {
     /// The element alone.
     Result<PinnedMenuNode> root(const AccessibilityElement& root, const AbandonFlag& abandoned);
 
-    /// Fills the children of a node that was read alone, far enough for `items` to have all there are.
-    Result<void> readItems(PinnedMenuNode& parent, const AbandonFlag& abandoned);
+    /// Whether the reading goes on below an item; the level counts items from where it began, which is 0.
+    using Leads = std::function<bool(const PinnedMenuNode& item, std::size_t level)>;
+
+    /// Fills the children of a node that was read before, far enough for `items` to have all there are, and
+    /// those of the items that lead on.
+    Result<void> readItems(PinnedMenuNode& parent, const Leads& leads, const AbandonFlag& abandoned);
 
     /// Whether the limit of depth lets items below this node be read.
     bool isDescendable(const PinnedMenuNode& node) const;
@@ -59,11 +64,13 @@ class MenuTreeReader {
 
     Result<PinnedMenuNode> node(const AccessibilityElement& element, int depth, Reach reach,
                                 const AbandonFlag& abandoned);
+    Result<void> readBelow(PinnedMenuNode& parent, const Leads& leads, std::size_t level,
+                           const AbandonFlag& abandoned);
     Result<AccessibilityElements> childrenOf(const AccessibilityElement& element) const;
 
     Accessibility& accessibility_;
     Limits limits_;
-    int budget_; // nodes that may still be read
+    int budget_ = 0; // nodes that this reading may still read
     std::vector<AccessibilityElement> elements_;
     std::vector<int> depths_; // of the elements
 };

@@ -5,13 +5,10 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace tavrin {
 
 namespace {
-
-constexpr std::string_view whitespace = " \t\n\r";
 
 void addItems(const PinnedMenuNode& node, PinnedMenuNode::Items& items) {
     for (const auto& child : node.children) {
@@ -38,9 +35,14 @@ PinnedMenuNode::Items PinnedMenuNode::items() const {
 }
 
 PinnedMenuNode::Items PinnedMenuNode::labelledItems() const {
-    return filtered(items(), [](const PinnedMenuNode* item) {
-        return item->title && item->title->find_first_not_of(whitespace) != std::string::npos;
-    });
+    return filtered(
+        items(), [](const PinnedMenuNode* item) { return item->title && !MenuTitle::isBlank(*item->title); });
+}
+
+bool PinnedMenuNode::couldBe(const PinnedMenuStep& step, const Text& text) const {
+    if (step.identifier && identifier == step.identifier) return true;
+    const auto wanted = MenuTitle::normalized(step.title, text);
+    return wanted && MenuTitle::normalized(title, text) == wanted;
 }
 
 PinnedMenuNode::StepMatch PinnedMenuNode::match(const PinnedMenuStep& step, const Items& in,

@@ -33,6 +33,9 @@ struct PinnedMenuNode {
     /// The items with a title, which separators lack.
     Items labelledItems() const;
 
+    /// Whether a stored step may mean it: by its identifier or its title.
+    bool couldBe(const PinnedMenuStep& step, const Text& text) const;
+
     /// The number of nodes among which a stored step can't choose.
     struct Many {
         std::size_t count = 0;

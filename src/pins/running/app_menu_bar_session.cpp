@@ -54,9 +54,7 @@ Task<PinnedRunResult> AppMenuBarSession::press(PinnedAction pin) {
     auto result = co_await walk.press(**bar);
     if (co_await isCancelled()) co_return result;
     isWalking_ = false;
-    // After a press without an answer Escape could dismiss what the item has shown.
-    const bool isToBeClosed = walk.opened() && (result || !walk.hasPressed());
-    if (isToBeClosed) co_await close(*walk.opened());
+    if (walk.opened()) co_await close(*walk.opened(), walk.hasPressed());
     co_return result;
 }
 
@@ -82,18 +80,22 @@ Task<AppMenuBarSession::Bar> AppMenuBarSession::menuBar() {
         MenuAccess::messagingTimeout);
 }
 
-Task<> AppMenuBarSession::close(AccessibilityElement opened) {
-    for (const bool isByKey : {false, true}) {
-        if (!showsMenu()) co_return;
-        if (isByKey)
-            postEscape();
-        else
-            (void)co_await access_.messenger.perform(opened, ax::cancelAction, MenuAccess::messagingTimeout);
-        const auto waited = co_await waitUntil(
-            access_.platform.scheduler, [this] { return !showsMenu(); }, MenuAccess::pollInterval,
-            MenuAccess::closingTime);
-        if (waited == Waited::CutShort) co_return;
-    }
+/// A silent application would come to Escape after what the pressed item shows, and dismiss that.
+Task<> AppMenuBarSession::close(AccessibilityElement opened, bool hasPressed) {
+    if (!showsMenu()) co_return;
+    const auto performed =
+        co_await access_.messenger.perform(std::move(opened), ax::cancelAction, MenuAccess::messagingTimeout);
+    const bool answers = performed || performed.error() != AccessibilityError::CannotComplete;
+    if (co_await waitUntilMenuCloses() || co_await isCancelled()) co_return;
+    if (!answers && hasPressed) co_return;
+    postEscape();
+    (void)co_await waitUntilMenuCloses();
+}
+
+Task<bool> AppMenuBarSession::waitUntilMenuCloses() {
+    co_return co_await waitUntil(
+        access_.platform.scheduler, [this] { return !showsMenu(); }, MenuAccess::pollInterval,
+        MenuAccess::closingTime) == Waited::Met;
 }
 
 } // namespace tavrin

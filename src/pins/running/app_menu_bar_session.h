@@ -32,7 +32,8 @@ class AppMenuBarSession {
     Task<> bringForward();
     Task<bool> isFrontmostOrSilent();
     Task<Bar> menuBar();
-    Task<> close(AccessibilityElement opened);
+    Task<> close(AccessibilityElement opened, bool hasPressed);
+    Task<bool> waitUntilMenuCloses();
     bool showsMenu() const;
     void postEscape();
 

@@ -16,8 +16,10 @@ PinnedRunFailure itemChanged(std::string step, const PinnedMenuNode& parent) {
 }
 
 MenuTreeReader::Result<PinnedMenuNode> withItems(MenuTreeReader& reader, PinnedMenuNode parent,
+                                                 const MenuTreeReader::Leads& leads,
                                                  const AbandonFlag& abandoned) {
-    if (auto items = reader.readItems(parent, abandoned); !items) return std::unexpected(items.error());
+    if (auto items = reader.readItems(parent, leads, abandoned); !items)
+        return std::unexpected(items.error());
     return parent;
 }
 
@@ -49,7 +51,7 @@ Task<PinnedRunResult> MenuPathWalk::press(AccessibilityElement root) {
         if (!child) co_return std::unexpected(child.error());
         trail.push_back(*child);
         if (i + 1 == pin_.path.size()) break;
-        current = co_await readItems(std::move(*child));
+        current = co_await showItems(std::move(*child), i + 1);
         if (!current) co_return std::unexpected(current.error());
     }
     co_return co_await pressLast(std::move(trail));
@@ -61,43 +63,54 @@ MenuPathWalk::Level MenuPathWalk::levelFrom(MenuTreeReader::Result<PinnedMenuNod
 }
 
 Task<MenuPathWalk::Level> MenuPathWalk::readRoot(AccessibilityElement root) {
-    co_return levelFrom(co_await access_.messenger.ask(
-        [reader = reader_, root = std::move(root)](Accessibility&, const AbandonFlag& abandoned) {
+    co_return levelFrom(
+        co_await access_.messenger.ask([reader = reader_, leads = leadsFrom(0), root = std::move(root)](
+                                           Accessibility&, const AbandonFlag& abandoned) {
             auto node = reader->root(root, abandoned);
-            return node ? withItems(*reader, std::move(*node), abandoned) : node;
+            return node ? withItems(*reader, std::move(*node), leads, abandoned) : node;
         }));
 }
 
-Task<MenuPathWalk::Level> MenuPathWalk::readLevel(PinnedMenuNode parent) {
+/// What stands below an item that the steps before this one have led to.
+Task<MenuPathWalk::Level> MenuPathWalk::readBranch(PinnedMenuNode parent, std::size_t step) {
     co_return levelFrom(co_await access_.messenger.ask(
-        [reader = reader_, parent = std::move(parent)](Accessibility&, const AbandonFlag& abandoned) {
-            return withItems(*reader, parent, abandoned);
+        [reader = reader_, leads = leadsFrom(step),
+         parent = std::move(parent)](Accessibility&, const AbandonFlag& abandoned) {
+            return withItems(*reader, parent, leads, abandoned);
         }));
 }
 
-Task<MenuPathWalk::Level> MenuPathWalk::readItems(PinnedMenuNode parent) {
-    auto level = co_await readLevel(parent);
-    if (!level || !isToBeOpened(*level) || !reader_->isDescendable(parent)) co_return level;
-    co_return co_await openSubmenu(std::move(parent));
+/// Items that could be those of the path, but for its last, which has nothing below.
+MenuTreeReader::Leads MenuPathWalk::leadsFrom(std::size_t step) const {
+    return [path = pin_.path, step, &text = std::as_const(access_.platform.text)](const PinnedMenuNode& item,
+                                                                                  std::size_t level) {
+        return step + level + 1 < path.size() && item.couldBe(path[step + level], text);
+    };
+}
+
+Task<MenuPathWalk::Level> MenuPathWalk::showItems(PinnedMenuNode parent, std::size_t step) {
+    if (!isToBeOpened(parent) || !reader_->isDescendable(parent)) co_return parent;
+    co_return co_await openSubmenu(std::move(parent), step);
 }
 
 /// Some applications fill a submenu no sooner than it opens.
-Task<MenuPathWalk::Level> MenuPathWalk::openSubmenu(PinnedMenuNode parent) {
+Task<MenuPathWalk::Level> MenuPathWalk::openSubmenu(PinnedMenuNode parent, std::size_t step) {
     const auto element = reader_->elementOf(parent);
     if (!opened_) opened_ = element;
     // A menu that has opened keeps some applications from answering.
     (void)co_await perform(element);
-    if (co_await waitForItems(parent)) co_return co_await readLevel(std::move(parent));
-    parent.children.clear();
+    const auto hasItems = co_await waitForItems(parent);
+    if (!hasItems) co_return std::unexpected(failureOf(hasItems.error(), pin_.applicationName));
+    if (*hasItems) co_return co_await readBranch(std::move(parent), step);
     co_return parent;
 }
 
-/// False at once when the application doesn't answer.
-Task<bool> MenuPathWalk::waitForItems(PinnedMenuNode parent) {
+/// A failure at once when the application doesn't answer.
+Task<MenuTreeReader::Result<bool>> MenuPathWalk::waitForItems(PinnedMenuNode parent) {
     (void)co_await waitUntil(
         access_.platform.scheduler, [this, parent] { return looksSettled(parent); }, MenuAccess::pollInterval,
         MenuAccess::submenuOpeningTime);
-    co_return hasItems_.value_or(false);
+    co_return hasItems_;
 }
 
 Task<bool> MenuPathWalk::looksSettled(PinnedMenuNode parent) {

@@ -6,6 +6,7 @@
 #include "pins/running/pinned_run_failure.h"
 #include "pins/store/pinned_action.h"
 
+#include <cstddef>
 #include <expected>
 #include <memory>
 #include <optional>
@@ -21,7 +22,7 @@ using PinnedRunResult = std::expected<void, PinnedRunFailure>;
 PinnedRunFailure failureOf(ReadFailure failure, const std::string& application);
 
 /// Follows a pin's path through a menu that can be read, open or not, and presses the last item. Reads only
-/// the levels that it passes.
+/// the branch toward the path.
 class MenuPathWalk {
   public:
     /// The reader is that of the session, and shared with the work on the queue.
@@ -43,14 +44,15 @@ class MenuPathWalk {
     using Level = std::expected<PinnedMenuNode, PinnedRunFailure>;
 
     Task<Level> readRoot(AccessibilityElement root);
-    Task<Level> readItems(PinnedMenuNode parent);
-    Task<Level> readLevel(PinnedMenuNode parent);
-    Task<Level> openSubmenu(PinnedMenuNode parent);
-    Task<bool> waitForItems(PinnedMenuNode parent);
+    Task<Level> showItems(PinnedMenuNode parent, std::size_t step);
+    Task<Level> openSubmenu(PinnedMenuNode parent, std::size_t step);
+    Task<Level> readBranch(PinnedMenuNode parent, std::size_t step);
+    Task<MenuTreeReader::Result<bool>> waitForItems(PinnedMenuNode parent);
     Task<bool> looksSettled(PinnedMenuNode parent);
     Task<PinnedRunResult> pressLast(std::vector<PinnedMenuNode> trail);
     Task<std::expected<void, AccessibilityError>> perform(AccessibilityElement element);
     Level childFor(const PinnedMenuStep& step, const PinnedMenuNode& parent) const;
+    MenuTreeReader::Leads leadsFrom(std::size_t step) const;
     Level levelFrom(MenuTreeReader::Result<PinnedMenuNode> read) const;
 
     MenuAccess access_;

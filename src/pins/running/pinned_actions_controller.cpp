@@ -6,6 +6,7 @@
 #include "platform/application.h"
 #include "platform/workspace.h"
 
+#include <exception>
 #include <utility>
 
 namespace tavrin {
@@ -114,19 +115,31 @@ void PinnedActionsController::start(PinnedAction pin) {
 }
 
 Task<> PinnedActionsController::perform(PinnedAction pin) {
-    const auto result = co_await runner_.run(pin);
+    const auto result = co_await runToItsEnd(pin);
     if (co_await isCancelled()) co_return;
     runningPinID_.set(std::nullopt);
     if (!result) co_return report(pin, result.error());
     store_.recordRun(pin.id, std::nullopt);
 }
 
+/// A fault that is thrown goes on to where faults are told, and the next pin runs all the same.
+Task<PinnedRunResult> PinnedActionsController::runToItsEnd(PinnedAction pin) {
+    try {
+        co_return co_await runner_.run(std::move(pin));
+    } catch (...) {
+        runningPinID_.set(std::nullopt);
+        std::rethrow_exception(std::current_exception());
+    }
+}
+
 void PinnedActionsController::report(const PinnedAction& pin, const PinnedRunFailure& failure) {
     auto message = failure.message();
     if (failure.is<PinnedRunFailure::MenuDidNotOpen>() && hooks_.isHidingItems())
         message += " Tavrin is hiding items right now; show them and try again.";
-    store_.recordRun(pin.id, message);
     const bool isDenied = failure.is<PinnedRunFailure::AccessibilityDenied>();
+    // From then on the permission looks for the access to come back, which clears the mark.
+    if (isDenied) permission_.refresh();
+    store_.recordRun(pin.id, message);
     show({.style = PinnedNotice::Style::Failure,
           .title = titleOfFailure(pin),
           .message = std::move(message),

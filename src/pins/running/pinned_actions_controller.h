@@ -61,6 +61,7 @@ class PinnedActionsController {
     void answered(const Uuid& id, std::size_t button);
     void start(PinnedAction pin);
     Task<> perform(PinnedAction pin);
+    Task<PinnedRunResult> runToItsEnd(PinnedAction pin);
     void report(const PinnedAction& pin, const PinnedRunFailure& failure);
 
     void show(PinnedNotice notice) { notice_.show(std::move(notice), hooks_.noticeAnchor()); }

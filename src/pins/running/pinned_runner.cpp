@@ -2,9 +2,12 @@
 
 #include "pins/running/app_menu_bar_session.h"
 #include "pins/running/status_menu_session.h"
+#include "platform/accessibility_names.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 namespace tavrin {
@@ -73,8 +76,23 @@ Task<PinnedRunResult> PinnedRunner::runAppMenuBar(PinnedAction pin) {
     auto running = runningWith(pin.bundleIdentifier);
     if (running.empty())
         co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::AppNotRunning{pin.applicationName}});
-    AppMenuBarSession session(access_, std::move(running.front()));
+    auto application = co_await withMenuBar(std::move(running));
+    AppMenuBarSession session(access_, std::move(application));
     co_return co_await session.press(std::move(pin));
+}
+
+/// An application's helpers may share its bundle. Where none has a menu bar, the first that doesn't say so,
+/// or the first.
+Task<RunningApplication> PinnedRunner::withMenuBar(std::vector<RunningApplication> running) {
+    std::optional<std::size_t> silent;
+    for (std::size_t i = 0; running.size() > 1 && i < running.size(); ++i) {
+        const auto bar = co_await access_.messenger.readOne<AccessibilityElement>(
+            access_.platform.accessibility.application(running[i].processIdentifier), ax::menuBar,
+            MenuAccess::messagingTimeout);
+        if (bar && *bar) co_return running[i];
+        if (!bar && !silent) silent = i;
+    }
+    co_return running[silent.value_or(0)];
 }
 
 } // namespace tavrin

@@ -30,6 +30,7 @@ class PinnedRunner {
     Task<PinnedRunResult> runStatusItem(PinnedAction pin);
     Task<PinnedRunResult> runAppMenuBar(PinnedAction pin);
     Task<Found> findStatusItem(PinnedAction pin);
+    Task<RunningApplication> withMenuBar(std::vector<RunningApplication> running);
     std::vector<RunningApplication> runningWith(const std::string& bundleIdentifier) const;
 
     MenuAccess access_;

@@ -30,7 +30,7 @@ StatusMenuSession::StatusMenuSession(MenuAccess access, LiveStatusItem item)
                                                MenuTreeReader::statusItemLimits)) {}
 
 StatusMenuSession::~StatusMenuSession() {
-    if (mayBeOpen_) postEscape();
+    if (mayBeOpen_ && isKnownToBeOpen()) postEscape();
 }
 
 void StatusMenuSession::postEscape() {
@@ -39,33 +39,41 @@ void StatusMenuSession::postEscape() {
         events.postKeyToProcess({escapeKeyCode, motion}, item_.processIdentifier);
 }
 
+StatusMenuSession::Sighting StatusMenuSession::unseen(ReadFailure failure) {
+    return {failure == ReadFailure::Denied ? Presence::Denied : Presence::Unanswered, {}};
+}
+
 StatusMenuSession::Sighting StatusMenuSession::look(Accessibility& accessibility,
                                                     const WindowServer& windowServer,
                                                     const LiveStatusItem& item, Seconds timeout) {
     const auto attributes =
         read(accessibility, item.element, std::array{ax::shownMenu, ax::children}, timeout);
-    if (!attributes)
-        return {attributes.error() == ReadFailure::Denied ? Presence::Denied : Presence::Unanswered, {}};
-    if (const auto shown = attributes->as<AccessibilityElement>(ax::shownMenu)) {
+    if (!attributes) return unseen(attributes.error());
+    const auto shown = attributes->as<AccessibilityElement>(ax::shownMenu);
+    if (shown) {
         const auto children = readOne<AccessibilityElements>(accessibility, *shown, ax::children, timeout);
-        if (!children) return {Presence::Unanswered, {}};
+        if (!children) return unseen(children.error());
         if (*children && !(*children)->empty()) return {Presence::Shown, shown};
     }
+    const auto told = shown ? Sighting{Presence::Empty, shown} : Sighting{};
     // The item's menu may be in the tree while it is closed.
-    if (!hasPopUpWindow(windowServer, item.processIdentifier)) return {};
-    return menuAmong(accessibility, attributes->elements(ax::children), timeout);
+    if (!hasPopUpWindow(windowServer, item.processIdentifier)) return told;
+    auto found = menuAmong(accessibility, attributes->elements(ax::children), timeout);
+    return found.presence == Presence::Absent ? told : found;
 }
 
 StatusMenuSession::Sighting StatusMenuSession::menuAmong(Accessibility& accessibility,
                                                          const AccessibilityElements& children,
                                                          Seconds timeout) {
+    Sighting empty;
     for (const auto& child : children) {
         const auto attributes = read(accessibility, child, std::array{ax::role, ax::children}, timeout);
-        if (!attributes) return {Presence::Unanswered, {}};
-        const bool isMenu = attributes->as<std::string>(ax::role) == ax::menuRole;
-        if (isMenu && !attributes->elements(ax::children).empty()) return {Presence::Shown, child};
+        if (!attributes) return unseen(attributes.error());
+        if (attributes->as<std::string>(ax::role) != ax::menuRole) continue;
+        if (!attributes->elements(ax::children).empty()) return {Presence::Shown, child};
+        if (!empty.menu) empty = {Presence::Empty, child};
     }
-    return {};
+    return empty;
 }
 
 Task<StatusMenuSession::Sighting> StatusMenuSession::look(Seconds timeout) {
@@ -85,14 +93,15 @@ Task<std::expected<void, StatusMenuSession::Failure>> StatusMenuSession::open(Se
                                              isPressable ? ax::pressAction : ax::showMenuAction,
                                              MenuAccess::messagingTimeoutWhileOpening);
     auto presence = co_await waitForMenu(timeout);
-    if (presence == Presence::Absent && canBeClicked()) {
+    const bool hasNoItems = presence == Presence::Absent || presence == Presence::Empty;
+    if (hasNoItems && canBeClicked()) {
         openedByClick_ = true;
         (void)co_await postClick(access_.platform.events, {.location = item_.frame->middle()});
         presence = co_await waitForMenu(timeout);
     }
     if (co_await isCancelled()) co_return std::unexpected(Failure::DidNotOpen);
     if (presence == Presence::Shown) co_return std::expected<void, Failure>{};
-    mayBeOpen_ = false;
+    co_await close();
     if (presence == Presence::Denied) co_return std::unexpected(Failure::Denied);
     co_return std::unexpected(presence == Presence::Unanswered ? Failure::TimedOut : Failure::DidNotOpen);
 }
@@ -108,7 +117,7 @@ Task<StatusMenuSession::Presence> StatusMenuSession::waitForMenu(Seconds timeout
 
 Task<bool> StatusMenuSession::looksDecided() {
     auto sighting = co_await look(MenuAccess::messagingTimeoutWhileOpening);
-    if (sighting.presence == Presence::Shown) menu_ = std::move(sighting.menu);
+    if (sighting.menu) menu_ = std::move(sighting.menu);
     if (sighting.presence != Presence::Unanswered) seen_ = sighting.presence;
     co_return seen_ == Presence::Shown || seen_ == Presence::Denied;
 }
@@ -133,16 +142,15 @@ Task<PinnedRunResult> StatusMenuSession::press(PinnedAction pin) {
         co_return std::unexpected(PinnedRunFailure{PinnedRunFailure::MenuDidNotOpen{pin.applicationName}});
     MenuPathWalk walk(access_, reader_, std::move(pin));
     auto result = co_await walk.press(*menu_);
-    // The item may have done what it does, and shown something that Escape would dismiss.
-    if (walk.hasPressed() && !result) mayBeOpen_ = false;
+    hasPressed_ = walk.hasPressed();
+    if (hasPressed_) seen_ = Presence::Unanswered;
     co_return result;
 }
 
 /// A look that isn't answered ends the wait: each further look would cost as much.
 Task<bool> StatusMenuSession::waitUntilMenuCloses(Seconds timeout) {
-    seen_ = Presence::Shown;
     (void)co_await waitUntil(
-        access_.platform.scheduler, [this] { return looksOtherThanShown(); }, MenuAccess::pollInterval,
+        access_.platform.scheduler, [this] { return looksOtherThanOpen(); }, MenuAccess::pollInterval,
         timeout);
     if (seen_ != Presence::Absent) co_return false;
     menu_.reset();
@@ -150,23 +158,39 @@ Task<bool> StatusMenuSession::waitUntilMenuCloses(Seconds timeout) {
     co_return true;
 }
 
-Task<bool> StatusMenuSession::looksOtherThanShown() {
-    const auto sighting = co_await look(MenuAccess::messagingTimeout);
+Task<bool> StatusMenuSession::looksOtherThanOpen() {
+    auto sighting = co_await look(MenuAccess::messagingTimeout);
+    if (sighting.menu) menu_ = std::move(sighting.menu);
     seen_ = sighting.presence;
-    co_return seen_ != Presence::Shown;
+    co_return seen_ != Presence::Shown&& seen_ != Presence::Empty;
+}
+
+/// Once an item was pressed, only the application can say so: what an item shows comes to a silent
+/// application's mind before the key, which would dismiss it.
+bool StatusMenuSession::isKnownToBeOpen() const {
+    if (seen_ == Presence::Shown || seen_ == Presence::Empty) return true;
+    return seen_ != Presence::Absent && !hasPressed_ &&
+           hasPopUpWindow(access_.platform.windowServer, item_.processIdentifier);
 }
 
 Task<> StatusMenuSession::close() {
-    if (!menu_ || !mayBeOpen_) co_return;
-    const auto performed =
-        co_await access_.messenger.perform(*menu_, ax::cancelAction, MenuAccess::messagingTimeout);
-    if (co_await isCancelled()) co_return;
-    const bool answers = performed || performed.error() != AccessibilityError::CannotComplete;
+    if (!mayBeOpen_) co_return;
+    if (!menu_ && co_await looksOtherThanOpen() && seen_ == Presence::Absent) mayBeOpen_ = false;
+    const bool answers = mayBeOpen_ && menu_ && co_await cancelMenu();
     if (answers && co_await waitUntilMenuCloses(MenuAccess::closingTime)) co_return;
     if (co_await isCancelled()) co_return;
-    mayBeOpen_ = false;
+    if (!std::exchange(mayBeOpen_, false) || !isKnownToBeOpen()) co_return;
     postEscape();
     if (answers) (void)co_await waitUntilMenuCloses(MenuAccess::closingTime);
+}
+
+/// Whether the application answers. The action may come to it later than the answer was waited for.
+Task<bool> StatusMenuSession::cancelMenu() {
+    const auto performed =
+        co_await access_.messenger.perform(*menu_, ax::cancelAction, MenuAccess::messagingTimeout);
+    const bool answers = performed || performed.error() != AccessibilityError::CannotComplete;
+    if (!answers && hasPressed_) seen_ = Presence::Unanswered;
+    co_return answers;
 }
 
 } // namespace tavrin

@@ -13,8 +13,9 @@
 
 namespace tavrin {
 
-/// One opening of a status item's menu. A menu that is still open when the session goes, because its job was
-/// cut short, is sent the Escape key. Waits suspend.
+/// One opening of a status item's menu, which is closed again even when it opens too late to be used. A menu
+/// that is still open when the session goes, because its job was cut short, is sent the Escape key. Waits
+/// suspend.
 class StatusMenuSession {
   public:
     enum class Failure {
@@ -47,7 +48,13 @@ class StatusMenuSession {
     Task<bool> waitUntilMenuCloses(Seconds timeout);
 
   private:
-    enum class Presence { Absent, Shown, Unanswered, Denied };
+    enum class Presence {
+        Absent,
+        Empty, // it is open and lists nothing yet
+        Shown,
+        Unanswered,
+        Denied,
+    };
 
     struct Sighting {
         Presence presence = Presence::Absent;
@@ -56,23 +63,27 @@ class StatusMenuSession {
 
     static Sighting look(Accessibility& accessibility, const WindowServer& windowServer,
                          const LiveStatusItem& item, Seconds timeout);
+    static Sighting unseen(ReadFailure failure);
     static Sighting menuAmong(Accessibility& accessibility, const AccessibilityElements& children,
                               Seconds timeout);
 
     Task<Sighting> look(Seconds timeout);
     Task<bool> looksDecided();
     Task<Presence> waitForMenu(Seconds timeout);
-    Task<bool> looksOtherThanShown();
+    Task<bool> looksOtherThanOpen();
+    Task<bool> cancelMenu();
+    bool isKnownToBeOpen() const;
     bool canBeClicked() const;
     void postEscape();
 
     MenuAccess access_;
     LiveStatusItem item_;
     std::optional<AccessibilityElement> menu_;
-    Presence seen_ = Presence::Unanswered; // in the present wait
+    Presence seen_ = Presence::Unanswered; // by the last look that says something of the menu
     std::shared_ptr<MenuTreeReader> reader_;
     bool openedByClick_ = false;
     bool mayBeOpen_ = false;
+    bool hasPressed_ = false; // the path's last item, even without an answer
 };
 
 } // namespace tavrin

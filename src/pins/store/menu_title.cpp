@@ -62,6 +62,8 @@ Units withSingleSpaces(const Units& title) {
 
 } // namespace
 
+bool isBlank(const std::string& title) { return trimmed(utf16From(title)).empty(); }
+
 std::optional<std::string> normalized(const std::optional<std::string>& title, const Text& text) {
     if (!title) return std::nullopt;
     const auto stripped = withoutFinalStops(withPlainPunctuation(trimmed(utf16From(*title))));

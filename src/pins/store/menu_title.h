@@ -9,6 +9,9 @@
 /// compare normalized forms.
 namespace tavrin::MenuTitle {
 
+/// Whether there is nothing to be seen: it is empty, or all white space.
+bool isBlank(const std::string& title);
+
 /// The title without differences of case, diacritics, width, white space, kinds of hyphen and of a final
 /// ellipsis; none when nothing is left. An em dash stays one. Any thread.
 std::optional<std::string> normalized(const std::optional<std::string>& title, const Text& text);
