@@ -7,6 +7,8 @@
 
 namespace tavrin {
 
+// The events are the platform's, which outlives every job.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-reference-coroutine-parameters)
 Task<GestureResult> postClick(Events& events, Click click) {
     MouseEvent up{.type = MouseEventType::LeftUp,
                   .location = click.location,

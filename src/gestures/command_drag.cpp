@@ -76,6 +76,8 @@ Point CommandDrag::stepPoint(int step, int count) const {
     return {from.x + (to.x - from.x) * step / count, from.y + (to.y - from.y) * step / count};
 }
 
+// The events are the platform's, which outlives every job.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-reference-coroutine-parameters)
 Task<GestureResult> postCommandDrag(Events& events, CommandDrag drag) {
     if (co_await isCancelled()) co_return GestureResult::cancelled;
     Source source;
