@@ -15,6 +15,7 @@ enum class Waited { Met, TimedOut, CutShort };
 /// came true in the last interval isn't missed, even when the look before it took longer than the limit. The
 /// condition gives a bool or a Task<bool>; what it refers to stays alive while it is awaited. Main thread.
 template <class Condition>
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-reference-coroutine-parameters): the scheduler runs the waiting job.
 Task<Waited> waitUntil(const Scheduler& scheduler, Condition condition, Seconds interval, Seconds limit) {
     constexpr double roundingShare = 0.01; // a rest that only rounding leaves is no further interval
     const auto until = scheduler.now() + limit;
