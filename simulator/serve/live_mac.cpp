@@ -11,7 +11,7 @@ using nlohmann::json;
 namespace {
 
 constexpr Seconds pictureInterval{0.008}; // no more pictures than a display shows
-constexpr Seconds lagMax{2};              // after which lost time is let go: the computer has slept
+constexpr Seconds latenessMax{2};         // beyond which time is let go: the process was stopped
 
 std::expected<std::string, std::string> textIn(const json& command, const char* key) {
     const auto found = command.find(key);
@@ -100,18 +100,23 @@ std::expected<void, std::string> LiveMac::relaunch(const json& command) {
     return {};
 }
 
+/// Time in which nothing was due passes at once; what came due while nobody could see to it doesn't all
+/// happen in one moment.
 void LiveMac::followClock() {
-    const auto lag = clockTime() - scheduler().now();
-    if (lag > lagMax) beginning_ += lag - lagMax;
-    if (lag > Seconds{0}) scheduler().advance(std::min(lag, lagMax));
+    if (wakeTime_) beginning_ += std::max(Seconds{0}, clock_.now() - *wakeTime_ - latenessMax);
+    const auto passed = clockTime() - scheduler().now();
+    if (passed > Seconds{0}) scheduler().advance(passed);
 }
 
 void LiveMac::waitForNext() {
     clock_.cancelTimer(timer_);
     timer_ = tavrin::TimerIdentifier::None;
+    wakeTime_ = std::nullopt;
     const auto due = scheduler().nextDue();
     if (!due) return;
-    timer_ = clock_.callAfter(std::max(*due - clockTime(), pictureInterval), [this] {
+    const auto delay = std::max(*due - clockTime(), pictureInterval);
+    wakeTime_ = clock_.now() + delay;
+    timer_ = clock_.callAfter(delay, [this] {
         timer_ = tavrin::TimerIdentifier::None;
         followClock();
         publish();
@@ -146,7 +151,9 @@ json LiveMac::surroundings() const {
              {"refusesDrags", mac.faults().refuseDrags.contains(application.bundleIdentifier)},
              {"hasItems", !application.statusItems.empty()}});
     }
-    return {{"desktops", std::move(names)},
+    const auto choice = std::ranges::find(choices_, shown_, &DesktopChoice::name);
+    return {{"majorOfDesktop", choice->desktop.macOS.major},
+            {"desktops", std::move(names)},
             {"desktop", shown_},
             {"macOS", mac.version().major},
             {"screensOfDesktop", mac.desktop().screens.size()},

@@ -70,6 +70,7 @@ class LiveMac {
     std::string shown_;    // the name of the choice
     Seconds beginning_{0}; // on the clock, of the Mac's time
     tavrin::TimerIdentifier timer_ = tavrin::TimerIdentifier::None;
+    std::optional<tavrin::Seconds> wakeTime_; // on the clock, of the timer
 };
 
 } // namespace mac_model

@@ -1,12 +1,14 @@
 #include "serve/page_server.h"
 
 #include "desktop/strict_json.h"
+#include "serve/bounded_server.h"
 #include "serve/page_files.h"
 #include "serve/request_checks.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <httplib.h>
 #include <thread>
 #include <utility>
@@ -20,8 +22,8 @@ using httplib::Response;
 using nlohmann::json;
 
 constexpr const char* loopback = "127.0.0.1";
-constexpr std::size_t threads = Broadcast::listenersMax + 8;
-constexpr auto heartbeat = std::chrono::seconds(15); // shows a listener that has gone without a word
+constexpr std::chrono::milliseconds lookInterval{500}; // at whether a page has gone
+constexpr int looksToHeartbeat = 30;                   // shows a page that has gone without a word
 
 std::string textOf(const json& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
 
@@ -60,17 +62,58 @@ std::optional<Refusal> checkPlace(const Request& request) {
     return std::nullopt;
 }
 
-/// What is a little too long is read and thrown away, so that whoever sent it gets to see the refusal; nobody
-/// waits for more.
-bool isFarTooLong(const Request& request) {
-    constexpr std::size_t digitsMax = 7;
-    return request.get_header_value("Content-Length").size() > digitsMax;
+/// A browser keeps the file, and asks each time whether it is still the same.
+void sendFile(const PageFile& file, const Request& request, Response& response) {
+    const auto tag = '"' + std::to_string(std::hash<std::string_view>{}(file.bytes)) + '"';
+    response.set_header("ETag", tag);
+    response.set_header("Cache-Control", "no-cache");
+    if (request.get_header_value("If-None-Match") == tag)
+        response.status = 304;
+    else
+        response.set_content(file.bytes.data(), file.bytes.size(), std::string(file.contentType));
 }
+
+RequestBody bodyOf(const Request& request) {
+    return {.isCommand = request.method == "POST",
+            .lengths = headersNamed(request, "Content-Length"),
+            .transferEncoding = request.get_header_value("Transfer-Encoding"),
+            .contentEncoding = request.get_header_value("Content-Encoding"),
+            .range = request.get_header_value("Range")};
+}
+
+std::optional<Refusal> check(const Request& request, int port) {
+    if (auto refusal = checkOrigin(originOf(request), port)) return refusal;
+    if (auto refusal = checkPlace(request)) return refusal;
+    if (request.method == "POST")
+        if (auto refusal = checkContentType(request.get_header_value("Content-Type"))) return refusal;
+    return checkBody(bodyOf(request), PageServer::commandBytesMax);
+}
+
+/// Sends what happens to one page, until it has gone.
+class EventStream {
+  public:
+    explicit EventStream(std::shared_ptr<Broadcast::Listener> listener) : listener_(std::move(listener)) {}
+
+    /// Waits for one event at most; false when there is nothing more to send.
+    bool sendNext(httplib::DataSink& sink) {
+        std::string event;
+        const auto wait = listener_->next(event, lookInterval);
+        if (wait == Broadcast::Listener::Wait::Ended || !sink.is_writable()) return false;
+        looks_ = wait == Broadcast::Listener::Wait::Quiet ? looks_ + 1 : 0;
+        if (looks_ == looksToHeartbeat) event = ":\n\n"; // a comment, which says nothing
+        looks_ %= looksToHeartbeat;
+        return event.empty() || sink.write(event.data(), event.size());
+    }
+
+  private:
+    std::shared_ptr<Broadcast::Listener> listener_;
+    int looks_ = 0; // in vain, since something was sent
+};
 
 std::string sentenceFor(int status) {
     switch (status) {
     case 413:
-        return "A command has at most " + std::to_string(PageServer::commandBytesMax / 1024) + " KiB.";
+        return sentenceForTooLong(PageServer::commandBytesMax);
     case 414:
         return "The address is too long.";
     case 500:
@@ -96,6 +139,7 @@ class LoopbackServer final : public PageServer {
             port_ = server_.bind_to_any_port(loopback);
         else if (!server_.bind_to_port(loopback, port))
             return false;
+        server_.growQueue();
         return port_ > 0;
     }
 
@@ -110,33 +154,26 @@ class LoopbackServer final : public PageServer {
         // Before it runs, the library would forget that it was told to stop.
         while (!server_.is_running() && !hasRun_) std::this_thread::yield();
         server_.stop();
+        server_.hangUpOnWaiting();
     }
 
   private:
     void configure() {
-        server_.new_task_queue = [] { return new httplib::ThreadPool(threads); };
-        // One request a connection: what a refused request carries is never read as another request.
-        server_.set_keep_alive_max_count(1);
         server_.set_payload_max_length(commandBytesMax);
-        server_.set_read_timeout(std::chrono::seconds(5));
-        server_.set_write_timeout(std::chrono::seconds(2));
-        server_.set_tcp_nodelay(true);
         server_.set_default_headers(
             {{"Content-Security-Policy",
               "default-src 'self'; frame-ancestors 'none'; base-uri 'none'; form-action 'none'"},
              {"X-Content-Type-Options", "nosniff"},
              {"Cross-Origin-Resource-Policy", "same-origin"},
-             {"Referrer-Policy", "no-referrer"},
-             {"Cache-Control", "no-store"}});
+             {"Referrer-Policy", "no-referrer"}});
         server_.set_pre_routing_handler([this](const Request& request, Response& response) {
-            auto refusal = checkOrigin(originOf(request), port_);
-            if (!refusal) refusal = checkPlace(request);
-            if (!refusal && request.method == "POST")
-                refusal = checkContentType(request.get_header_value("Content-Type"));
-            if (!refusal && isFarTooLong(request)) refusal = Refusal{413, sentenceFor(413)};
+            const auto refusal = check(request, port_);
             if (!refusal) return httplib::Server::HandlerResponse::Unhandled;
             refuse(response, *refusal);
             return httplib::Server::HandlerResponse::Handled;
+        });
+        server_.set_post_routing_handler([](const Request&, Response& response) {
+            if (!response.has_header("Cache-Control")) response.set_header("Cache-Control", "no-store");
         });
         server_.set_error_handler([](const Request&, Response& response) {
             if (response.body.empty()) refuse(response, {response.status, sentenceFor(response.status)});
@@ -145,8 +182,7 @@ class LoopbackServer final : public PageServer {
                      [this](const Request& request, Response& response) { command(request, response); });
         server_.Get("/stream", [this](const Request&, Response& response) { stream(response); });
         server_.Get(".*", [](const Request& request, Response& response) {
-            if (const auto* file = fileAt(request.path))
-                response.set_content(file->bytes.data(), file->bytes.size(), std::string(file->contentType));
+            if (const auto* file = fileAt(request.path)) sendFile(*file, request, response);
         });
     }
 
@@ -157,23 +193,22 @@ class LoopbackServer final : public PageServer {
                           {400, "The request is no JSON command: " + describe(parsed.error()) + "."});
         if (!parsed->is_object() || !parsed->contains("do"))
             return refuse(response, {400, "A command must be an object such as {\"do\": \"look\"}."});
+        server_.requestIsRead();
         response.set_content(textOf(answer_(std::move(*parsed))), "application/json");
     }
 
     void stream(Response& response) {
         auto listener = broadcast_.join();
         if (!listener) return refuse(response, {503, "Too many pages show this Mac already."});
+        server_.requestIsRead();
+        auto events = std::make_shared<EventStream>(listener);
         response.set_chunked_content_provider(
             "text/event-stream",
-            [listener](std::size_t, httplib::DataSink& sink) {
-                std::string event = ":\n\n"; // a comment, which says nothing
-                const auto wait = listener->next(event, heartbeat);
-                return wait != Broadcast::Listener::Wait::Ended && sink.write(event.data(), event.size());
-            },
+            [events](std::size_t, httplib::DataSink& sink) { return events->sendNext(sink); },
             [this, listener](bool) { broadcast_.leave(listener); });
     }
 
-    httplib::Server server_;
+    BoundedServer server_;
     Answer answer_;
     Broadcast& broadcast_;
     int port_ = 0;

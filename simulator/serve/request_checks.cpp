@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <string_view>
 
 namespace mac_model {
@@ -26,6 +28,23 @@ std::string trimmed(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+std::optional<std::size_t> numberIn(const std::string& text) {
+    std::size_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range) return SIZE_MAX;
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+std::optional<Refusal> checkLength(const RequestBody& body, std::size_t bytesMax) {
+    if (body.lengths.empty() && !body.isCommand) return std::nullopt;
+    if (body.lengths.empty()) return Refusal{411, "A command says its Content-Length."};
+    const auto length = body.lengths.size() == 1 ? numberIn(body.lengths.front()) : std::nullopt;
+    if (!length) return Refusal{400, "The Content-Length is no length."};
+    if (*length > bytesMax) return Refusal{413, sentenceForTooLong(bytesMax)};
+    return std::nullopt;
+}
+
 } // namespace
 
 std::optional<Refusal> checkOrigin(const RequestOrigin& request, int port) {
@@ -43,6 +62,19 @@ std::optional<Refusal> checkContentType(const std::string& contentType) {
     const auto type = trimmed(contentType.substr(0, contentType.find(';')));
     if (tavrin::lowercasedAscii(type) == "application/json") return std::nullopt;
     return Refusal{415, "A command is sent as application/json."};
+}
+
+std::optional<Refusal> checkBody(const RequestBody& body, std::size_t bytesMax) {
+    if (!body.range.empty()) return Refusal{416, "What is at this address is only sent whole."};
+    if (!body.contentEncoding.empty())
+        return Refusal{415, "A command is sent as it is, without an encoding."};
+    if (!body.transferEncoding.empty())
+        return Refusal{411, "A command is sent whole, with its Content-Length."};
+    return checkLength(body, bytesMax);
+}
+
+std::string sentenceForTooLong(std::size_t bytesMax) {
+    return "A command has at most " + std::to_string(bytesMax / 1024) + " KiB.";
 }
 
 } // namespace mac_model

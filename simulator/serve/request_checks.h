@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,5 +28,20 @@ std::optional<Refusal> checkOrigin(const RequestOrigin&, int port);
 
 /// Commands must say that they are JSON: no form of another site can, without asking first.
 std::optional<Refusal> checkContentType(const std::string& contentType);
+
+/// How a request's body is said to come; texts are empty where nothing is said.
+struct RequestBody {
+    bool isCommand = false;
+    std::vector<std::string> lengths; // all Content-Length headers
+    std::string transferEncoding;
+    std::string contentEncoding;
+    std::string range;
+};
+
+/// A body comes as it is, whole, and with its length said beforehand, so that its limit holds before any of
+/// it is read.
+std::optional<Refusal> checkBody(const RequestBody&, std::size_t bytesMax);
+
+std::string sentenceForTooLong(std::size_t bytesMax);
 
 } // namespace mac_model

@@ -57,6 +57,32 @@ TEST_F(LiveMacTest, followsTheClock) {
         << "time goes on after a wait, it doesn't stand still";
 }
 
+TEST_F(LiveMacTest, keepsTimeHoweverLongNothingIsDue) {
+    auto& scheduler = mac_.modelled().mac().scheduler();
+    ASSERT_EQ(command({{"do", "settle"}})["ok"], true);
+    const double before = look()["time"];
+    clock_.advance(Seconds{20});
+    EXPECT_NEAR(look()["time"].get<double>() - before, 20, 0.01);
+    bool hasCome = false;
+    scheduler.callAfter(Seconds{12}, [&] { hasCome = true; });
+    (void)look();
+    clock_.advance(Seconds{11.9});
+    EXPECT_FALSE(hasCome);
+    clock_.advance(Seconds{0.2});
+    EXPECT_TRUE(hasCome);
+}
+
+TEST_F(LiveMacTest, letsTimeGoInWhichTheProcessWasStopped) {
+    ASSERT_EQ(command({{"do", "settle"}})["ok"], true);
+    int ticks = 0;
+    mac_.modelled().mac().scheduler().callEvery(Seconds{1}, [&] { ++ticks; });
+    (void)look();
+    clock_.spend(Seconds{3600});
+    clock_.advance(Seconds{0.5});
+    EXPECT_GE(ticks, 1);
+    EXPECT_LE(ticks, 4);
+}
+
 TEST_F(LiveMacTest, doesNothingWhileNothingIsDue) {
     ASSERT_EQ(command({{"do", "set"}, {"trusted", true}})["ok"], true);
     clock_.advance(Seconds{60});

@@ -2,7 +2,9 @@
 
 #include <arpa/inet.h>
 #include <atomic>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <memory>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <thread>
@@ -154,6 +156,19 @@ TEST_F(PageServerTest, refusesWhatIsHostileOrBrokenWithASentence) {
         {"oversized by its word",
          "POST /command HTTP/1.1\r\nHost: " + host() + "\r\n" + type + "Content-Length: 99999999999\r\n\r\n{",
          413, "at most"},
+        {"packed", post("{}", type + "Content-Encoding: br\r\n"), 415, "without an encoding"},
+        {"in chunks",
+         "POST /command HTTP/1.1\r\nHost: " + host() + "\r\n" + type +
+             "Transfer-Encoding: chunked\r\n\r\nFFFFFFF\r\n",
+         411, "Content-Length"},
+        {"of no length", "POST /command HTTP/1.1\r\nHost: " + host() + "\r\n" + type + "\r\n", 411,
+         "Content-Length"},
+        {"of two lengths", post("{}", type + "Content-Length: 1\r\n"), 400, "no length"},
+        {"of less than nothing",
+         "POST /command HTTP/1.1\r\nHost: " + host() + "\r\n" + type + "Content-Length: -1\r\n\r\n", 400,
+         "no length"},
+        {"a part of a command", post("{}", type + "Range: bytes=0-1\r\n"), 416, "sent whole"},
+        {"a file in many parts", get("/", "Range: bytes=0-9,0-9,0-9,0-9\r\n"), 416, "sent whole"},
         {"no JSON", post("{\"do\":"), 400, "no JSON command"},
         {"broken UTF-8", post("{\"do\":\"\xff\xfe\"}"), 400, "no JSON command"},
         {"a key twice", post(R"({"do":"look","do":"crash"})"), 400, "no JSON command"},
@@ -208,6 +223,43 @@ TEST_F(PageServerTest, cutsOffTooManyPages) {
     EXPECT_TRUE(reply(get("/stream")).starts_with("HTTP/1.1 503"));
     broadcast_.leave(listeners.front());
     EXPECT_NE(broadcast_.join(), nullptr);
+}
+
+TEST_F(PageServerTest, answersAtOnceBesideConnectionsThatSayNothing) {
+    std::vector<std::unique_ptr<RawConnection>> silent;
+    for (int i = 0; i < 300; ++i) silent.push_back(std::make_unique<RawConnection>(server_->port()));
+    RawConnection slow(server_->port());
+    slow.send("POST /command HTTP/1.1\r\nHost: " + host() + "\r\nContent-");
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_NE(reply(post(R"({"do":"look"})")).find("200 OK"), std::string::npos);
+    EXPECT_NE(reply(get("/")).find("200 OK"), std::string::npos);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(4));
+    EXPECT_EQ(silent.front()->readUntil(""), "") << "the first has given way";
+}
+
+TEST_F(PageServerTest, noticesThatAPageHasGone) {
+    std::vector<std::shared_ptr<Broadcast::Listener>> others;
+    for (std::size_t i = 1; i < Broadcast::listenersMax; ++i) others.push_back(broadcast_.join());
+    {
+        RawConnection page(server_->port());
+        page.send(get("/stream"));
+        EXPECT_NE(page.readUntil("event: whole"), "");
+        EXPECT_EQ(broadcast_.join(), nullptr);
+    }
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(8);
+    auto next = broadcast_.join();
+    for (; !next && std::chrono::steady_clock::now() < end; next = broadcast_.join())
+        std::this_thread::yield();
+    EXPECT_NE(next, nullptr) << "there is room for another one";
+}
+
+TEST_F(PageServerTest, sendsAFileOnlyWhenItIsAnotherOne) {
+    const auto first = reply(get("/icons/page.svg"));
+    const auto at = first.find("ETag: ") + 6;
+    const auto tag = first.substr(at, first.find("\r\n", at) - at);
+    EXPECT_TRUE(reply(get("/icons/page.svg", "If-None-Match: " + tag + "\r\n")).starts_with("HTTP/1.1 304"));
+    EXPECT_TRUE(reply(get("/", "If-None-Match: " + tag + "\r\n")).starts_with("HTTP/1.1 200"));
+    EXPECT_NE(reply(post(R"({"do":"look"})")).find("Cache-Control: no-store"), std::string::npos);
 }
 
 TEST_F(PageServerTest, saysThatAPortIsTaken) {
