@@ -1,5 +1,6 @@
 #include "applications/status_item_surfaces.h"
 
+#include "menu_bar/press_place.h"
 #include "screen/menu_layout.h"
 #include "screen/placement.h"
 #include "views/view_builders.h"
@@ -68,7 +69,7 @@ void StatusItemSurfaces::openMenu(const StatusItemRecord& item) {
     const auto identifier = item.identifier;
     MenuRequest request;
     request.items = item.spec.menu;
-    request.area = *item.frame;
+    request.area = areaAtPress(item, *item.frame, screens_.screens());
     request.owner = item.owner;
     request.anchor.item = identifier;
     request.onChosen = [this, identifier](const MenuPath& path) { record(identifier, path); };
@@ -87,9 +88,10 @@ void StatusItemSurfaces::openContent(const StatusItemRecord& item, SurfaceKind k
     surface.title = name;
     surface.anchor = identifier;
     surface.outsidePress = OutsidePress::Closes;
-    surface.frame = popoverFrame(measured(content, contentWidth), *item.frame,
-                                 screenFor(screens_.screens(), item.frame->middle()));
-    if (kind == SurfaceKind::Popover) surface.arrowX = item.frame->midX();
+    const auto area = areaAtPress(item, *item.frame, screens_.screens());
+    surface.frame =
+        popoverFrame(measured(content, contentWidth), area, screenFor(screens_.screens(), area.middle()));
+    if (kind == SurfaceKind::Popover) surface.arrowX = area.midX();
     surface.content = laidOut(content, surface.frame);
     surface.onDismissed = [this, identifier] { items_.setOpen(identifier, false); };
     stack_.makeKey(stack_.add(std::move(surface)).identifier);

@@ -102,6 +102,15 @@ std::string_view roleOf(const View& view) {
         [](const tavrin::StackKind auto&) { return Role("AXGroup"); });
 }
 
+bool isInTree(const LaidOutView& child) { return !tavrin::is<kinds::Spacer>(child.view); }
+
+/// The place among all children of the n-th of those in the tree.
+std::optional<std::size_t> childInTree(const LaidOutView& parent, std::size_t position) {
+    for (std::size_t i = 0; i < parent.children.size(); ++i)
+        if (isInTree(parent.children[i]) && position-- == 0) return i;
+    return std::nullopt;
+}
+
 json nodeOf(const LaidOutView& laidOut, const LaidOutView* focused) {
     const auto& view = laidOut.view;
     json node{{"role", roleOf(view)}, {"frame", frameShape(laidOut.frame)}};
@@ -116,7 +125,7 @@ json nodeOf(const LaidOutView& laidOut, const LaidOutView* focused) {
     putInteraction(node, view);
     if (&laidOut == focused) node["focused"] = true;
     for (const auto& child : laidOut.children)
-        if (!tavrin::is<kinds::Spacer>(child.view)) node["children"].push_back(nodeOf(child, focused));
+        if (isInTree(child)) node["children"].push_back(nodeOf(child, focused));
     return node;
 }
 
@@ -145,6 +154,24 @@ json closeButton(const Surface& surface) {
 }
 
 } // namespace
+
+std::optional<ViewPath> viewPathOf(const Surface& surface, const std::vector<std::size_t>& positions) {
+    const bool isContent = !positions.empty() && positions.front() == (surface.hasTitleBar ? 1U : 0U);
+    if (!isContent || surface.kind == SurfaceKind::Menu) return std::nullopt;
+    ViewPath path;
+    const auto* view = &surface.content;
+    for (std::size_t i = 1; i < positions.size(); ++i) {
+        const auto place = childInTree(*view, positions[i]);
+        if (!place) return std::nullopt;
+        path.push_back(*place);
+        view = &view->children[*place];
+    }
+    return path;
+}
+
+bool isCloseButton(const Surface& surface, const std::vector<std::size_t>& positions) {
+    return surface.hasTitleBar && positions == std::vector<std::size_t>{0};
+}
 
 std::string textOf(const LaidOutView& laidOut) {
     auto text = shownText(laidOut);

@@ -1,4 +1,5 @@
 #include "driver/command.h"
+#include "driver/exact_actions.h"
 
 #include <array>
 
@@ -9,6 +10,9 @@ using nlohmann::json;
 namespace {
 
 Outcome perform(DrivenMac driven, Arguments& arguments) {
+    if (arguments.reader().has("surface")) return performInSurface(driven, arguments);
+    if (arguments.reader().has("statusItem")) return performOnItem(driven, arguments);
+    if (arguments.reader().has("menuTitle")) return performOnTitle(driven, arguments);
     const auto text = arguments.reader().text("text", Need::Required);
     const auto action = arguments.reader().text("action", Need::Required);
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));

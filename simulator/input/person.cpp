@@ -22,7 +22,7 @@ bool hasCommand(const std::vector<Modifier>& modifiers) {
 void Person::moveTo(Point point) {
     const bool isDrag = devices_.pointer.buttons.contains(MouseButton::Left);
     devices_.counts.note(isDrag ? MouseEventType::LeftDragged : MouseEventType::Moved);
-    const auto before = std::exchange(devices_.pointer.at, point);
+    devices_.pointer.at = point;
     viewDrag_.pointerMoved();
     if (viewDrag_.isUnderway()) {
         held_ = {};
@@ -34,9 +34,7 @@ void Person::moveTo(Point point) {
         if (title && openTitle && title != openTitle) reach_.applicationMenus.toggle(*title, point);
         return reach_.menus.pointerMovedTo(point);
     }
-    if (const auto* held = std::get_if<HeldTitleBar>(&held_))
-        if (auto* surface = reach_.surfaces.find(held->surface))
-            SurfaceStack::moveBy(*surface, point.x - before.x, point.y - before.y);
+    if (const auto* held = std::get_if<HeldTitleBar>(&held_)) moveWindow(*held);
     if (auto* place = std::get_if<HeldPlace>(&held_)) carry(*place);
 }
 
@@ -75,7 +73,7 @@ void Person::pressSurface(Surface& surface, MouseButton button) {
     if (isOnTitleBar && surface.closeButton().contains(at()))
         held_ = HeldCloseButton{identifier};
     else if (isOnTitleBar)
-        held_ = HeldTitleBar{identifier};
+        held_ = HeldTitleBar{identifier, {at().x - surface.frame.x, at().y - surface.frame.y}};
     else if (const auto path = controlAt(surface.content, at()))
         held_ = HeldControl{identifier, *path, viewAt(surface.content, *path)->view.kind.index()};
     if (!isOnTitleBar) {
@@ -85,6 +83,15 @@ void Person::pressSurface(Surface& surface, MouseButton button) {
     if (surface.kind == SurfaceKind::Window) reach_.surfaces.raise(identifier);
     reach_.surfaces.makeKey(identifier);
     if (surface.kind != SurfaceKind::Panel) reach_.processes.activate(surface.owner);
+}
+
+/// A window's title bar never goes under the menu bar.
+void Person::moveWindow(const HeldTitleBar& held) {
+    auto* surface = reach_.surfaces.find(held.surface);
+    if (!surface) return;
+    const auto screen = screenFor(reach_.screens.screens(), at());
+    const double top = std::max(at().y - held.grip.y, screen.frame.y + screen.menuBarHeight);
+    SurfaceStack::moveBy(*surface, at().x - held.grip.x - surface->frame.x, top - surface->frame.y);
 }
 
 void Person::openContextMenu(const Surface& surface) {
@@ -128,7 +135,9 @@ void Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>
         return;
     }
     const bool hasJustClosed = std::ranges::find(closed, item.identifier) != closed.end();
-    if (!hasJustClosed) reach_.itemSurfaces.toggle(item.identifier);
+    if (hasJustClosed) return;
+    reach_.items.notePress(item.identifier, at());
+    reach_.itemSurfaces.toggle(item.identifier);
 }
 
 bool Person::isOnMenuBar(Point point) const {
@@ -197,7 +206,9 @@ void Person::letGo(const HeldCloseButton& held) {
 
 void Person::letGo(const HeldItem& held, MouseButton button) {
     const auto* item = reach_.arrangement.itemAt(at());
-    if (item && item->identifier == held.item) reach_.items.press(held.item, button);
+    if (!item || item->identifier != held.item) return;
+    reach_.items.notePress(held.item, at());
+    reach_.items.press(held.item, button);
 }
 
 bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifiers) {

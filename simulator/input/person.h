@@ -53,6 +53,7 @@ class Person {
 
     struct HeldTitleBar {
         SurfaceIdentifier surface;
+        Point grip; // from the window's corner to the pointer
     };
 
     struct HeldItem {
@@ -79,6 +80,7 @@ class Person {
     void pressItem(const StatusItemRecord&, const std::vector<Modifier>&,
                    const std::vector<StatusItemIdentifier>&);
     void openContextMenu(const Surface&);
+    void moveWindow(const HeldTitleBar&);
     void letGo(const HeldControl&);
     void letGo(const HeldCloseButton&);
     void letGo(const HeldItem&, MouseButton);

@@ -42,6 +42,7 @@ struct StatusItemRecord {
     bool isBehindNotch = false;
     bool isCarried = false; // the person is moving it with Command held
 
+    std::optional<Point> pressedAt;   // by the person, on any screen; what it opens belongs there
     bool isOpen = false;              // its menu, popover or panel is on the screen
     std::uint64_t menuGeneration = 1; // each closing of its menu ends the life of the menu's elements
 

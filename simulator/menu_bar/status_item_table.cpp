@@ -57,11 +57,16 @@ StatusItemRecord* StatusItemTable::change(StatusItemIdentifier identifier) {
     return found == records_.end() ? nullptr : &found->second;
 }
 
+void StatusItemTable::notePress(StatusItemIdentifier identifier, Point point) {
+    if (auto* record = change(identifier)) record->pressedAt = point;
+}
+
 void StatusItemTable::setOpen(StatusItemIdentifier identifier, bool isOpen) {
     auto* record = change(identifier);
     if (!record || record->isOpen == isOpen) return;
     record->isOpen = isOpen;
     if (!isOpen) ++record->menuGeneration;
+    if (!isOpen) record->pressedAt = std::nullopt;
     onChanged.emit();
 }
 

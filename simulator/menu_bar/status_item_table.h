@@ -41,6 +41,8 @@ class StatusItemTable {
     /// Null when there is none; else it holds until the item is removed.
     const StatusItemRecord* find(StatusItemIdentifier) const;
 
+    /// The person presses the item at this point of any screen's menu bar.
+    void notePress(StatusItemIdentifier, Point);
     /// Marks the item's menu, popover or panel as open or closed.
     void setOpen(StatusItemIdentifier, bool isOpen);
     /// Sends a press to the program that owns the item; false for items of other processes.

@@ -1,5 +1,6 @@
 #include "seam/program_popover.h"
 
+#include "menu_bar/press_place.h"
 #include "screen/keyboard_focus.h"
 #include "screen/placement.h"
 #include "views/view_layout.h"
@@ -37,10 +38,16 @@ bool ProgramPopover::show(StatusItem& item, Rect area) {
     if (!frame) return false;
     item_ = identifierOf(item);
     itemOrigin_ = frame->origin();
-    area_ = area;
+    area_ = onScreenOfPress(area);
     if (!surface_.open()) return false;
     presentation_.stack_.makeKey(surface_.identifier());
     return true;
+}
+
+/// The popover opens on the screen on whose menu bar the person pressed the item.
+Rect ProgramPopover::onScreenOfPress(Rect area) const {
+    const auto* record = presentation_.mac_.statusItems.find(item_);
+    return record ? areaAtPress(*record, area, presentation_.mac_.screens.screens()) : area;
 }
 
 void ProgramPopover::layOut(Surface& surface, const View& content) const {

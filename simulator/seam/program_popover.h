@@ -26,6 +26,7 @@ class ProgramPopover final : public tavrin::Popover {
 
   private:
     void layOut(Surface&, const View& content) const;
+    Rect onScreenOfPress(Rect) const;
     OutsidePress outsidePress() const;
 
     ProgramPresentation& presentation_;

@@ -1,5 +1,6 @@
 #include "seam/program_presentation.h"
 
+#include "menu_bar/press_place.h"
 #include "seam/program_alert.h"
 #include "seam/program_panel.h"
 #include "seam/program_popover.h"
@@ -58,7 +59,8 @@ void ProgramPresentation::popUp(tavrin::Menu menu, StatusItem& item, Rect area) 
     if (!connection || !item.frame()) return;
     MenuRequest request;
     for (const auto& entry : menu.items) request.items.push_back(entryFor(entry));
-    request.area = area;
+    const auto* record = mac_.statusItems.find(identifierOf(item));
+    request.area = record ? areaAtPress(*record, area, mac_.screens.screens()) : area;
     request.owner = connection->process();
     request.anchor.item = identifierOf(item);
     request.onChosen = [connection, menu = std::move(menu)](const MenuPath& path) {

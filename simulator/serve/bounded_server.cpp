@@ -38,7 +38,7 @@ bool BoundedServer::process_and_close_socket(socket_t socket) {
     bool isClosed = false;
     const bool isAnswered = process_request(connection, true, isClosed, askForPlainAnswer);
     waiting_.leave();
-    waiting_.enter(socket); // whoever doesn't take leave gives way to others as well
+    waiting_.enter(socket); // a client that doesn't take leave gives way to others as well
     if (isAnswered) connection.part();
     waiting_.leave();
     ::close(socket);

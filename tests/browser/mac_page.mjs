@@ -6,6 +6,7 @@ import { tmpdir } from "node:os";
 import { join } from "node:path";
 
 export const tavrin = "org.tavrin.Tavrin";
+const patience = 20; // seconds, of a machine that has other things to do
 
 export class MacServer {
     static async start(program, { desktop = "notched-laptop", port = 0, profile } = {}) {
@@ -57,7 +58,7 @@ export class MacPage {
     static async open(browser, server, options = {}) {
         const context = await browser.newContext({ viewport: { width: 1760, height: 1000 }, ...options });
         const page = await context.newPage();
-        page.setDefaultTimeout(8000);
+        page.setDefaultTimeout(patience * 1000);
         const mac = new MacPage(page, server);
         mac.faults = [];
         page.on("pageerror", (error) => mac.faults.push(error.message));
@@ -101,12 +102,30 @@ export class MacPage {
         await this.control.click({ button: "right" });
         await this.entry("Configure Items").click();
         await this.room.getByRole("heading", { name: "Menu Bar Items" }).waitFor();
+        await this.still();
+    }
+
+    // Until what has appeared or moved stands where it belongs; what turns round and round doesn't count.
+    async still() {
+        await until("nothing moves", () => this.page.evaluate(() => document.getAnimations().every((animation) =>
+            animation.playState === "finished" || animation.effect.getComputedTiming().iterations === Infinity)));
+    }
+
+    // Until all that the hand has done has reached the Mac, and the page shows what came of it.
+    async handIsStill() {
+        await until("all commands are answered", () => this.page.evaluate(() => document.querySelector("#room").dataset.waiting === "0"));
+        await this.server.command({ do: "settle" });
+        await this.still();
+    }
+
+    // As assistive technology presses: without the pointer.
+    async pressed(locator) {
+        await locator.evaluate((element) => element.click());
     }
 
     // Drags the row of an item by its name, which stands left of its button, onto a section.
     async dragRow(item, section) {
         const row = this.room.locator(".draggable", { hasText: item }).first();
-        await row.scrollIntoViewIfNeeded();
         const from = await row.boundingBox();
         const to = await this.room.getByText(section, { exact: true }).first().boundingBox();
         await this.page.mouse.move(from.x + 60, from.y + from.height / 2);
@@ -130,7 +149,7 @@ export class MacPage {
     }
 }
 
-export async function until(what, holds, seconds = 8) {
+export async function until(what, holds, seconds = patience) {
     const end = Date.now() + seconds * 1000;
     for (;;) {
         if (await holds()) return;

@@ -70,7 +70,7 @@ export const scenarios = {
         await mac.dragWithCommand(mac.item(battery), 400);
         await mac.dragWithCommand(mac.item("Clock"), -400);
         await mac.dragWithCommand(mac.item("Spotlight"), -200, 300);
-        await new Promise((resolve) => setTimeout(resolve, 400));
+        await mac.handIsStill();
         assert.deepEqual(await mac.itemNames(), swapped);
     },
 
@@ -91,8 +91,7 @@ export const scenarios = {
     async "configure popover: rows stand at their frames, and a press moves an item to Shown"({ mac }) {
         await mac.hidden();
         await mac.openConfigure();
-        const look = await mac.server.command({ do: "look" });
-        const misplaced = await mac.page.evaluate((surfaces) => {
+        const misplaced = async () => mac.page.evaluate((surfaces) => {
             const desk = document.querySelector(".desk").getBoundingClientRect();
             const scale = Number(document.querySelector(".desk").style.transform.match(/[\d.]+/)[0]);
             const wrong = [];
@@ -107,8 +106,8 @@ export const scenarios = {
             const popover = surfaces.find((surface) => surface.kind === "popover");
             compare(popover.children[0], document.querySelector(".surface.popover > .view"));
             return wrong;
-        }, look.surfaces);
-        assert.deepEqual(misplaced, []);
+        }, (await mac.server.command({ do: "look" })).surfaces);
+        await until("all stands at its frame", async () => (await misplaced()).length === 0).catch(async () => assert.deepEqual(await misplaced(), []));
         await mac.room.getByRole("button", { name: "Show" }).first().click();
         await mac.room.getByRole("button", { name: "Hide" }).first().waitFor();
     },
@@ -157,6 +156,7 @@ export const scenarios = {
         const row = mac.room.locator(".scroll .view", { hasText: "Clipboard Shelf" }).last();
         const before = (await row.boundingBox()).y;
         await row.hover();
+        await mac.handIsStill();
         await mac.page.mouse.wheel(0, 60);
         await until("the list has moved", async () => Math.abs((await row.boundingBox()).y - before + 60) < 2);
     },
@@ -228,8 +228,15 @@ export const scenarios = {
         await mac.item("Spotlight").waitFor({ state: "detached" });
         await press("Launch Spotlight");
         await mac.item("Spotlight").waitFor();
+        const toggle = (name, pressed) => mac.panel.getByRole("button", { name, exact: true, pressed }).waitFor();
         await press("Hang JChat");
-        await press("Resume JChat");
+        await toggle("Hang JChat", true);
+        await press("Hang JChat");
+        await toggle("Hang JChat", false);
+        await press("Refuse drags of JChat");
+        await toggle("Refuse drags of JChat", true);
+        await press("Refuse drags of JChat");
+        await toggle("Refuse drags of JChat", false);
         await press("Grant access");
         await mac.control.waitFor();
         await press("Revoke access");
@@ -290,8 +297,189 @@ export const scenarios = {
     async "help: a tooltip shows when the pointer rests"({ mac }) {
         await mac.hidden();
         await mac.control.hover();
-        await mac.page.getByRole("tooltip").getByText("Tavrin: click to").waitFor();
+        const tip = mac.page.getByRole("tooltip").filter({ hasText: "Tavrin: click to" });
+        await tip.waitFor();
+        const [inner, outer] = [await tip.boundingBox(), await mac.room.getByRole("region", { name: "Display 1" }).boundingBox()];
+        assert.ok(inner.x > outer.x && inner.x + inner.width < outer.x + outer.width, "inside the display");
         await mac.page.mouse.move(300, 500);
         await mac.page.getByRole("tooltip").waitFor({ state: "hidden" });
+    },
+
+    async "pointer: it stops at the edge of the display, and what is refused pushes nothing away"({ mac }) {
+        const button = mac.panel.getByRole("button", { name: "Hold ⌘" });
+        const before = await button.boundingBox();
+        const display = await mac.room.getByRole("region", { name: "Display 1" }).boundingBox();
+        await mac.page.mouse.move(display.x + 300, display.y + 300);
+        await mac.page.mouse.move(display.x + display.width + 5, display.y + display.height + 30);
+        const { screens: [{ frame: [x, y, width, height] }] } = await mac.server.command({ do: "look" });
+        await until("the pointer is in the corner", async () => {
+            const { pointer } = await mac.server.command({ do: "look" });
+            return pointer.at[0] === x + width - 1 && pointer.at[1] === y + height - 1;
+        });
+        assert.equal(await mac.page.locator("#complaints").textContent(), "");
+        await mac.page.evaluate(() => import("./modules/commands.js").then(({ send }) => send({ do: "move", at: [-500, -500] })));
+        await mac.page.getByText("no screen is there").waitFor();
+        assert.deepEqual(await button.boundingBox(), before);
+    },
+
+    async "windows: the display cuts them off, and the menu bar stays in front of them"({ mac }) {
+        const window = mac.window("Welcome to Tavrin");
+        await window.waitFor();
+        await mac.still();
+        const grip = await window.getByRole("heading", { name: "Welcome to Tavrin" }).boundingBox();
+        const [x, y] = [grip.x + grip.width / 2, grip.y + grip.height / 2];
+        await mac.page.mouse.move(x, y);
+        await mac.page.mouse.down();
+        await mac.page.mouse.move(x, 0, { steps: 6 });
+        await mac.handIsStill();
+        const bar = await mac.room.locator(".menu-bar").boundingBox();
+        await until("it stands under the menu bar", async () => Math.abs((await window.boundingBox()).y - bar.y - bar.height) < 2);
+        await mac.page.mouse.move(0, 500, { steps: 6 });
+        await mac.page.mouse.up();
+        await mac.handIsStill();
+        const display = await mac.room.getByRole("region", { name: "Display 1" }).boundingBox();
+        const box = await window.boundingBox();
+        assert.ok(box.x < display.x, "it reaches beyond the edge");
+        const seen = await mac.page.evaluate(([left, top]) => document.elementFromPoint(left, top)?.closest(".surface") !== null, [display.x - 6, box.y + 40]);
+        assert.equal(seen, false);
+    },
+
+    async "without a pointer: a press reaches its control, scrolled away or covered"({ mac }) {
+        await mac.hidden();
+        await mac.openConfigure();
+        const shows = mac.room.getByRole("button", { name: /^Show / });
+        const name = await shows.last().getAttribute("aria-label");
+        await mac.pressed(shows.last());
+        await mac.button(name.replace("Show", "Hide")).waitFor();
+        assert.equal(await mac.room.getByRole("button", { name: /^Hide / }).count(), 1, "that one and no other");
+        const covered = mac.room.getByRole("checkbox", { name: "JChat" });
+        await mac.pressed(covered);
+        await until("the box behind the popover is ticked", () => covered.isChecked());
+        await mac.pressed(mac.item("Control Center"));
+        await until("Control Center is open", async () => await mac.item("Control Center").getAttribute("aria-expanded") === "true");
+    },
+
+    async "without a pointer: menus open, go on to submenus, and run their entries"({ mac }) {
+        await mac.pressed(mac.room.getByRole("menubar").getByRole("menuitem", { name: "View" }));
+        await mac.pressed(mac.entry("Sort By"));
+        await until("the submenu is open", async () => await mac.menu.count() === 2);
+        await mac.pressed(mac.menu.last().getByRole("menuitem", { name: "Kind" }));
+        await mac.trace.getByText("View › Sort By › Kind").waitFor();
+        assert.equal(await mac.menu.count(), 0);
+    },
+
+    async "keyboard: it reaches the menu bar, moves along it, and opens menus"({ mac }) {
+        const focused = () => mac.page.evaluate(() => document.activeElement.getAttribute("aria-label") ?? document.activeElement.textContent);
+        await mac.room.focus();
+        await mac.page.keyboard.press("Control+F2");
+        assert.equal(await focused(), "System menu");
+        await mac.page.keyboard.press("ArrowRight");
+        await mac.page.keyboard.press("ArrowRight");
+        assert.equal(await focused(), "File");
+        await mac.page.keyboard.press("Enter");
+        await mac.entry("New Folder").waitFor();
+        await mac.page.keyboard.press("Escape");
+        await mac.menu.waitFor({ state: "detached" });
+        await mac.page.keyboard.press("Control+F8");
+        assert.equal(await focused(), "Clock");
+        await mac.page.keyboard.press("ArrowLeft");
+        assert.equal(await focused(), "Control Center");
+        await mac.page.keyboard.press("Escape");
+        assert.equal(await focused(), "Modelled Mac");
+    },
+
+    async "keyboard: it stays with the Mac after a press in the panel"({ mac }) {
+        await mac.room.getByRole("menubar").getByRole("menuitem", { name: "File" }).click();
+        await mac.entry("New Folder").waitFor();
+        await mac.panel.getByRole("button", { name: "Hold ⌘" }).click();
+        await mac.panel.getByRole("button", { name: "Hold ⌘", pressed: true }).click();
+        await mac.panel.getByRole("checkbox", { name: "Reduce motion" }).click();
+        await mac.page.keyboard.press("Escape");
+        await mac.menu.waitFor({ state: "detached" });
+        const quit = mac.panel.getByRole("button", { name: "Quit", exact: true });
+        await quit.focus();
+        await mac.page.keyboard.press("Enter");
+        await mac.panel.locator("[aria-disabled]", { hasText: /^Quit$/ }).waitFor();
+        await mac.page.keyboard.press("Enter");
+        await mac.handIsStill();
+        assert.equal((await mac.server.command({ do: "look" })).world.running, false, "not started by the same key");
+    },
+
+    async "eight pages of one browser show the Mac and can act on it"({ mac }) {
+        const pages = [mac];
+        while (pages.length < 8) {
+            const other = new MacPage(await mac.page.context().newPage(), mac.server);
+            await other.page.goto(mac.server.address);
+            await other.room.locator(".desk").waitFor();
+            pages.push(other);
+        }
+        const last = pages.at(-1);
+        await last.room.getByRole("menubar").getByRole("menuitem", { name: "Edit" }).click();
+        for (const page of pages) await page.entry("Select All").waitFor();
+        await last.page.close();
+        await mac.page.keyboard.press("Escape");
+        for (const page of pages.slice(0, -1)) await page.menu.waitFor({ state: "detached" });
+    },
+
+    async "two displays: a menu opens on the display where it was asked for"({ mac }) {
+        await mac.hidden();
+        await mac.panel.getByRole("button", { name: "Attach display" }).click();
+        const second = mac.room.getByRole("region", { name: "Display 2" });
+        await second.waitFor();
+        const isIn = async (thing) => {
+            const [inner, outer] = [await thing.boundingBox(), await second.boundingBox()];
+            return inner !== null && inner.x > outer.x && inner.x + inner.width < outer.x + outer.width;
+        };
+        await second.getByRole("button", { name: "Control Center" }).click();
+        await until("its panel is on the second display", () => isIn(mac.room.locator(".surface.panel, .surface.popover, .surface.menu").last()));
+        await mac.page.keyboard.press("Escape");
+        await second.locator(`.status-item[data-owner="${tavrin}"]:not(.blank)`).click({ button: "right" });
+        await mac.entry("About Tavrin").waitFor();
+        assert.ok(await isIn(mac.menu.last()));
+    },
+
+    async "symbols: they are fetched once"({ mac }) {
+        const fetched = [];
+        mac.page.on("request", (request) => request.url().includes("sprite.svg") && fetched.push(request.url()));
+        await mac.page.reload();
+        await mac.room.locator(".desk").waitFor();
+        await mac.hidden();
+        await mac.openConfigure();
+        assert.equal(fetched.length, 1);
+    },
+
+    async "size: the Mac grows in its room, follows the browser's zoom, and is scrolled to"({ mac }) {
+        const width = async () => (await mac.room.locator(".desk").boundingBox()).width;
+        const before = await width();
+        await mac.page.getByRole("button", { name: "Make the Mac larger" }).click();
+        await mac.page.getByRole("button", { name: "Make the Mac larger" }).click();
+        await until("it has grown", async () => Math.abs(await width() / before - 1.5625) < 0.01);
+        await mac.item("Clock").click();
+        await until("the clock has heard of it", async () => await mac.item("Clock").getAttribute("aria-expanded") === "true");
+        await mac.page.keyboard.press("Escape");
+        await mac.page.getByRole("button", { name: "Show the whole Mac" }).click();
+        await until("it is whole again", async () => Math.abs(await width() - before) < 1);
+        const browser = await mac.page.context().newCDPSession(mac.page);
+        const bounds = mac.page.viewportSize();
+        await browser.send("Emulation.setDeviceMetricsOverride", { width: Math.round(bounds.width / 1.5), height: Math.round(bounds.height / 1.5), deviceScaleFactor: 1.5, mobile: false });
+        await until("the page has larger pixels", () => mac.page.evaluate(() => devicePixelRatio === 1.5));
+        await mac.page.evaluate(() => new Promise((drawn) => requestAnimationFrame(() => requestAnimationFrame(drawn))));
+        await until("it is as large in them as it was", async () => Math.abs(await width() - before) < 2);
+    },
+
+    async "narrow windows: the panel folds, and nothing reaches beyond"({ browser, mac }) {
+        for (const width of [390, 820, 3840]) {
+            const page = await MacPage.open(browser, mac.server, { viewport: { width, height: 800 } });
+            assert.equal(await page.page.getByRole("button", { name: "Show the panel" }).count(), width < 1000 ? 1 : 0, String(width));
+            assert.ok(await page.page.evaluate(() => document.documentElement.scrollWidth <= innerWidth), "nothing to scroll to aside");
+            if (width < 1000) {
+                await page.page.getByRole("button", { name: "Show the panel" }).click();
+                const box = await page.panel.boundingBox();
+                assert.ok(box.x >= 0 && box.x + box.width <= width + 1);
+                await page.page.getByRole("button", { name: "Hide the panel" }).click();
+            }
+            await page.item("Clock").waitFor();
+            assert.match(await page.item("Clock").textContent(), /^\w{3} \d+ \w{3} {2}\d+:\d\d$/);
+        }
     },
 };

@@ -17,7 +17,7 @@ function shapesOf(picture) {
     if (!isFilled) return lines.join("");
     return lines.map((line, index) => (index === 0
         ? line.replace(/^<(\w+)/, '<$1 fill="currentColor"')
-        : line.replace(/^<(\w+)/, '<$1 style="stroke:var(--inside-of-glyph,#fff)"'))).join("");
+        : line.replace(/^<(\w+)/, '<$1 class="inside"'))).join("");
 }
 
 const pictures = [...new Set([...Object.values(pictureOfSymbol), ...picturesOfPage])].sort();

@@ -2,6 +2,8 @@
 // command says where the pointer is.
 
 const waiting = [];
+const room = document.querySelector("#room"); // says how many commands are unanswered
+room.dataset.waiting = "0";
 let isSending = false;
 let complain = () => {};
 
@@ -17,6 +19,7 @@ export function send(command) {
             waiting.pop();
         }
         waiting.push({ command, resolve });
+        room.dataset.waiting = String(waiting.length);
         if (!isSending) sendWaiting();
     });
 }
@@ -30,6 +33,7 @@ async function sendWaiting() {
         resolve(reply);
     }
     isSending = false;
+    room.dataset.waiting = "0";
 }
 
 async function answered(command) {

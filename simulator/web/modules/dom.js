@@ -81,5 +81,5 @@ export function show(parent, nodes) {
 
 export function icon(picture, className = "glyph") {
     return h("svg", { class: className, viewBox: "0 0 24 24", "aria-hidden": "true" },
-        h("use", { href: `icons/sprite.svg#${picture}` }));
+        h("use", { href: `#${picture}` }));
 }

@@ -1,4 +1,5 @@
 import { send } from "./commands.js";
+import { focusMenuBar, moveInMenuBar } from "./menu_bar_focus.js";
 
 // What the person does with pointer and keyboard over the displays goes to the Mac as it happens; the browser itself
 // reacts to nothing there.
@@ -76,22 +77,33 @@ export class Input {
         send({ do: "up", at, button });
     }
 
-    scrolled(event) {
+    // Over the Mac the wheel belongs to what is under the pointer. What the Mac has no use for moves the page itself, where
+    // the Mac is larger than its room; with Control, or two fingers apart on a trackpad, it makes the Mac larger.
+    async scrolled(event) {
         event.preventDefault();
-        if (event.deltaY !== 0) send({ do: "scroll", dy: -event.deltaY / this.desk.scale, precise: true });
+        const { deltaX, deltaY } = event;
+        if (event.ctrlKey) return this.desk.zoom.change(this.desk.zoom.factor * Math.exp(-deltaY / 300));
+        const at = this.desk.pointAt(event);
+        const reply = at && deltaY !== 0 ? await send({ do: "scroll", dy: -deltaY / this.desk.scale, precise: true }) : {};
+        if (!reply.handled) this.room.scrollBy(deltaX, deltaY);
     }
 
     keyed(event) {
         const isElsewhere = event.target !== document.body && !this.room.contains(event.target);
         if (isElsewhere || event.isComposing || ["Shift", "Control", "Alt", "Meta"].includes(event.key)) return;
         const isForRecorder = this.room.querySelector(".surface.key .recording") !== null;
-        const isPressOfControl = !isForRecorder && event.target.matches("button, input") && [" ", "Enter"].includes(event.key);
-        // Where the Mac's keyboard focus has nowhere to go, Tab leads through the page as everywhere.
-        const isFocusMove = !isForRecorder && event.key === "Tab" && !this.room.querySelector(".surface.key .view[tabindex]");
-        if (isPressOfControl || isFocusMove) return;
+        if (!isForRecorder && (focusMenuBar(event, this.room) || moveInMenuBar(event, this.room))) return event.preventDefault();
+        if (!isForRecorder && this.isForBrowser(event)) return;
         const key = keyOf(event, isForRecorder);
         if (!key) return;
         event.preventDefault();
         send({ do: "key", key, modifiers: this.modifiers(event) });
+    }
+
+    isForBrowser({ key, target }) {
+        // A control that the Mac's own focus isn't on has the browser's, by Tab or assistive technology; it is pressed itself.
+        const isPress = target.matches("button, input") && [" ", "Enter"].includes(key) && !target.closest(".view.focused");
+        // Where the Mac's keyboard focus has nowhere to go, Tab leads through the page as everywhere.
+        return isPress || (key === "Tab" && !this.room.querySelector(".surface.key .view[tabindex]"));
     }
 }

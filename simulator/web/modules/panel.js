@@ -1,44 +1,41 @@
 import { send } from "./commands.js";
 import { h, show } from "./dom.js";
 import { Trace } from "./trace.js";
+import { uncertainties } from "./uncertainties.js";
 
 // The world around the Mac: what a person can't do by sitting in front of it. It is no part of the Mac and looks so.
-
-const uncertainChoices = {
-    zeroPosition: ["rightmost", "leftmost"],
-    longItem: ["pushes", "stopsAtMenus"],
-    revokedAccess: ["apiDisabled", "timesOut"],
-    permissionNotice: ["prompt", "stale"],
-    emptyExtras: ["noValue", "unsupported"],
-    closedMenus: ["listed", "empty"],
-    offscreenFrames: ["true", "clamped"],
-    removal: ["forgetsPosition", "keepsPosition"],
-};
+// Nothing changes its place under the pointer, or turns into its opposite: what can't be done now stays and is dimmed.
 
 const secondDisplay = { size: [1920, 1080], scale: 2 };
+const newVersions = [26, 27];
+const narrow = matchMedia("(max-width: 1000px)");
 
 export class Panel {
-    constructor(element, input) {
+    constructor(element, input, room) {
         this.element = element;
         this.input = input;
         this.trace = new Trace();
         this.appearance = localStorage.getItem("appearance") ?? "system";
-        this.isFolded = localStorage.getItem("panelIsFolded") === "yes";
-        this.complaint = null;
+        this.folding = localStorage.getItem("panelIsFolded"); // as the person wants it; null before they said so
         this.systemAppearance = matchMedia("(prefers-color-scheme: dark)");
         this.systemAppearance.addEventListener("change", () => this.onAppearance());
         this.onAppearance = () => {};
+        narrow.addEventListener("change", () => { this.folding = null; this.draw(); });
+        this.leaveFocusWith(room);
+    }
+
+    // A press with the pointer leaves the keyboard with the Mac; only a person who comes by Tab has it in the panel.
+    leaveFocusWith(room) {
+        this.element.addEventListener("mousedown", (event) => event.target.closest("select, ol, ul") === null && event.preventDefault());
+        this.element.addEventListener("change", (event) => event.target.matches("select") && room.focus({ preventScroll: true }));
+    }
+
+    isFolded() {
+        return this.folding ? this.folding === "yes" : narrow.matches;
     }
 
     isDark() {
         return this.appearance === "dark" || (this.appearance === "system" && this.systemAppearance.matches);
-    }
-
-    complain(sentence) {
-        this.complaint = sentence;
-        clearTimeout(this.complaintTimer);
-        this.complaintTimer = setTimeout(() => { this.complaint = null; this.draw(); }, 8000);
-        this.draw();
     }
 
     update(state) {
@@ -57,39 +54,38 @@ export class Panel {
     draw() {
         const { state } = this;
         if (!state?.surroundings) return;
-        this.element.classList.toggle("folded", this.isFolded);
-        show(this.element, [
-            this.head(),
-            this.complaint && h("section", { key: "complaint" }, h("p", { class: "complaint", role: "alert" }, this.complaint)),
-            this.desktop(), this.program(), this.applications(), this.uncertain(), this.hands(), this.trace.view(),
-        ].filter(Boolean));
+        this.element.classList.toggle("folded", this.isFolded());
+        const sections = this.isFolded() ? [] : [this.desktop(), this.program(), this.applications(), this.hands(), this.uncertain(), this.trace.view()];
+        show(this.element, [this.head(), ...sections]);
     }
 
     head() {
+        const isFolded = this.isFolded();
         return h("div", { class: "panel-head", key: "head" },
             h("h2", {}, "Around the Mac"),
             h("button", {
-                class: "fold", type: "button", "aria-expanded": String(!this.isFolded),
-                "aria-label": this.isFolded ? "Show the panel" : "Hide the panel",
-                onclick: () => this.fold(),
-            }, this.isFolded ? "‹" : "›"));
+                class: "fold", type: "button", "aria-expanded": String(!isFolded), onclick: () => this.fold(),
+                "aria-label": isFolded ? "Show the panel" : "Hide the panel", title: isFolded ? "Show the panel" : "Hide the panel",
+            }, isFolded ? "‹" : "›"));
     }
 
     fold() {
-        this.isFolded = !this.isFolded;
-        localStorage.setItem("panelIsFolded", this.isFolded ? "yes" : "no");
+        this.folding = this.isFolded() ? "no" : "yes";
+        localStorage.setItem("panelIsFolded", this.folding);
         this.draw();
     }
 
     desktop() {
-        const { desktops, desktop, macOS } = this.state.surroundings;
-        const major = (value) => button(`macOS ${value}`, () => send({ do: "desktop", name: desktop, major: value }), macOS === value);
+        const { desktops, desktop, macOS, majorOfDesktop } = this.state.surroundings;
+        const major = (value) => button(`macOS ${value}`, () => send({ do: "desktop", name: desktop, major: value }), { "aria-pressed": String(macOS === value) });
+        const versions = [...new Set([majorOfDesktop ?? macOS, macOS, ...newVersions])].sort((one, other) => one - other);
         return h("section", { key: "desktop" }, h("h3", {}, "Mac"),
             h("label", {}, "Desktop file", h("select", {
                 "aria-label": "Desktop file", onchange: (event) => send({ do: "desktop", name: event.target.value }),
             }, desktops.map((name) => h("option", { value: name, selected: name === desktop }, name)))),
-            h("div", { class: "row" }, major(26), major(27), this.displayButton()),
-            h("label", {}, "Appearance", this.choice("Appearance", ["system", "light", "dark"], this.appearance, (value) => {
+            h("div", { class: "row" }, versions.map(major)),
+            h("div", { class: "row" }, this.displayButtons()),
+            h("label", {}, "Appearance", choice("Appearance", ["system", "light", "dark"], this.appearance, (value) => {
                 this.appearance = value;
                 localStorage.setItem("appearance", value);
                 this.onAppearance();
@@ -97,65 +93,69 @@ export class Panel {
             check("Reduce motion", this.state.world?.reducedMotion, (isOn) => send({ do: "set", reducedMotion: isOn })));
     }
 
-    displayButton() {
+    displayButtons() {
         const { screens } = this.state;
-        if (screens.length > 1) return button("Detach display", () => send({ do: "set", screens: screens.slice(0, 1).map(screenSpec) }));
-        const [x, , width] = screens[0]?.frame ?? [0, 0, 0];
-        const added = { frame: [x + width, 0, ...secondDisplay.size], scale: secondDisplay.scale };
-        return button("Attach display", () => send({ do: "set", screens: [...screens.map(screenSpec), added] }));
+        const right = screens.length > 0 ? Math.max(...screens.map(({ frame: [x, , width] }) => x + width)) : 0;
+        const added = { frame: [right, 0, ...secondDisplay.size], scale: secondDisplay.scale };
+        return [
+            button("Attach display", () => send({ do: "set", screens: [...screens.map(screenSpec), added] }), dimmed(screens.length > 1)),
+            button("Detach display", () => send({ do: "set", screens: screens.slice(0, 1).map(screenSpec) }), dimmed(screens.length < 2)),
+        ];
     }
 
     program() {
         const { running, trusted } = this.state.world;
         return h("section", { key: "program" }, h("h3", {}, "Tavrin"),
             h("div", { class: "row" },
-                running ? button("Quit", () => send({ do: "terminate" })) : button("Start", () => send({ do: "start" })),
-                running && button("Crash", () => send({ do: "crash" })),
-                running && button("Open again", () => send({ do: "start" }))),
+                button("Start", () => send({ do: "start" }), dimmed(running)),
+                button("Quit", () => send({ do: "terminate" }), dimmed(!running)),
+                button("Crash", () => send({ do: "crash" }), { ...dimmed(!running), title: "Its process ends at once" }),
+                button("Open again", () => send({ do: "start" }), { ...dimmed(!running), title: "As when it is opened in the Finder while it runs" })),
+            h("p", { class: "quiet" }, trusted ? "May use Accessibility." : "May not use Accessibility."),
             h("div", { class: "row" },
-                h("span", { class: "quiet" }, trusted ? "May use Accessibility." : "May not use Accessibility."),
-                button(trusted ? "Revoke access" : "Grant access", () => send({ do: "set", trusted: !trusted }))));
+                button("Grant access", () => send({ do: "set", trusted: true }), dimmed(trusted)),
+                button("Revoke access", () => send({ do: "set", trusted: false }), dimmed(!trusted))));
     }
 
     applications() {
         return h("section", { key: "applications" }, h("h3", {}, "Applications"),
-            h("ul", { class: "applications", "aria-label": "Applications" },
-                this.state.surroundings.applications.map((application) => this.application(application))));
-    }
-
-    application({ id, name, running, responding, refusesDrags, hasItems }) {
-        const set = (change) => () => send({ do: "set", ...change });
-        return h("li", { key: id, class: running ? "" : "gone" },
-            h("span", { class: "name", title: id }, name, running && !responding && h("b", { class: "quiet" }, " hangs")),
-            running && hasItems && button(refusesDrags ? "stays put" : "movable", set({ refuseDrags: id }), undefined,
-                { disabled: refusesDrags, title: "Refuse that its items are dragged", "aria-label": `Refuse drags of ${name}` }),
-            running && button(responding ? "hang" : "resume", set({ [responding ? "hang" : "resume"]: id }), undefined,
-                { "aria-label": `${responding ? "Hang" : "Resume"} ${name}` }),
-            running ? button("quit", set({ quit: id }), undefined, { "aria-label": `Quit ${name}` })
-                : button("launch", () => send({ do: "relaunch", bundle: id }), undefined, { "aria-label": `Launch ${name}` }));
+            h("p", { class: "quiet" }, "“Hangs” answers nothing; “stays” lets nobody drag its items."),
+            h("ul", { class: "applications", "aria-label": "Applications", tabindex: "0" },
+                this.state.surroundings.applications.map(application)));
     }
 
     uncertain() {
         const { model } = this.state.world;
         return h("section", { key: "uncertain" },
             h("details", { key: "details" }, h("summary", {}, "What nobody knows for sure"),
-                Object.entries(uncertainChoices).filter(([name]) => name in model).map(([name, values]) =>
-                    h("label", {}, name, this.choice(name, values, String(model[name]), (value) =>
-                        send({ do: "set", model: { [name]: typeof model[name] === "boolean" || value === "true" ? true : value } }))))));
-    }
-
-    choice(label, values, chosen, onChoice) {
-        return h("select", { "aria-label": label, onchange: (event) => onChoice(event.target.value) },
-            values.map((value) => h("option", { value, selected: value === chosen }, value)));
+                uncertainties.filter(({ name }) => name in model).map(({ name, question, answers }) =>
+                    h("label", { class: "question", key: name }, h("span", {}, question),
+                        h("select", { "aria-label": question, onchange: ({ target: { value } }) => send({ do: "set", model: { [name]: value === "true" ? true : value } }) },
+                            answers.map(([value, text]) => h("option", { value, selected: value === String(model[name]) }, text)))))));
     }
 
     // Browsers keep some Command keys for themselves, and other keyboards have none.
     hands() {
+        const isHeld = this.input.isCommandHeld;
         return h("section", { key: "hands" }, h("h3", {}, "Keyboard"),
             h("div", { class: "row" },
-                button("Hold ⌘", () => { this.input.isCommandHeld = !this.input.isCommandHeld; this.draw(); }, this.input.isCommandHeld),
+                button("Hold ⌘", () => { this.input.isCommandHeld = !isHeld; this.draw(); }, { "aria-pressed": String(isHeld) }),
                 h("span", { class: "quiet" }, "for ⌘-drags and ⌘-keys")));
     }
+}
+
+function application({ id, name, running, responding, refusesDrags, hasItems }) {
+    const set = (change) => () => send({ do: "set", ...change });
+    const stays = running && refusesDrags;
+    const hangs = running && !responding;
+    return h("li", { key: id, class: running ? "" : "gone" },
+        h("span", { class: "name", title: `${name} (${id})` }, name),
+        hasItems && button("stays", set({ refuseDrags: stays ? { [id]: "no" } : id }),
+            { ...dimmed(!running), "aria-pressed": String(stays), title: "Refuse that its items are dragged", "aria-label": `Refuse drags of ${name}` }),
+        button("hangs", set({ [hangs ? "resume" : "hang"]: id }),
+            { ...dimmed(!running), "aria-pressed": String(hangs), title: "Answer nothing", "aria-label": `Hang ${name}` }),
+        button("quit", set({ quit: id }), { ...dimmed(!running), "aria-label": `Quit ${name}` }),
+        button("launch", () => send({ do: "relaunch", bundle: id }), { ...dimmed(running), "aria-label": `Launch ${name}` }));
 }
 
 // A screen as "set" takes it.
@@ -163,8 +163,17 @@ function screenSpec({ frame, scale, leftMenuBarArea, rightMenuBarArea, menuBarHe
     return leftMenuBarArea ? { frame, scale, leftMenuBarArea, rightMenuBarArea, menuBarHeight } : { frame, scale, menuBarHeight };
 }
 
-function button(title, onclick, isPressed, properties = {}) {
-    return h("button", { type: "button", onclick, "aria-pressed": isPressed === undefined ? undefined : String(isPressed), ...properties }, title);
+// What is only marked as disabled keeps the keyboard focus.
+const dimmed = (isSo) => ({ "aria-disabled": isSo ? "true" : undefined });
+
+function button(title, onclick, properties = {}) {
+    const isDimmed = properties["aria-disabled"] === "true";
+    return h("button", { type: "button", ...properties, onclick: isDimmed ? undefined : onclick }, title);
+}
+
+function choice(label, values, chosen, onChoice) {
+    return h("select", { "aria-label": label, onchange: (event) => onChoice(event.target.value) },
+        values.map((value) => h("option", { value, selected: value === chosen }, value)));
 }
 
 function check(title, isOn, onChange) {

@@ -1,41 +1,28 @@
 import { applied } from "./differences.js";
+import { Feed } from "./feed.js";
 
-// Follows the Mac's state. After anything was missed it asks anew, and the server begins with a whole tree.
+// Brings the Mac's state to this page, shared with the browser's other pages where it can share.
 export function follow({ onWhole, onState, onTrace, onConnection }) {
     let state = null;
-    let sequence = 0;
-    let source = null;
-    let wait = 250;
 
-    function open() {
-        source = new EventSource("stream");
-        source.addEventListener("whole", (event) => {
-            const message = JSON.parse(event.data);
-            state = message.state;
-            sequence = message.sequence;
-            wait = 250;
-            onConnection(true);
-            onWhole(message.trace);
-            onState(state);
-        });
-        source.addEventListener("change", (event) => {
-            const message = JSON.parse(event.data);
-            if (state === null || message.sequence !== sequence + 1) return again();
-            state = applied(state, message.difference);
-            sequence = message.sequence;
-            if (message.trace) onTrace(message.trace);
-            onState(state);
-        });
-        source.onerror = again;
+    function told({ whole, change, lost }) {
+        onConnection(!lost);
+        if (lost) return;
+        if (whole) onWhole(whole.trace);
+        else if (change.trace) onTrace(change.trace);
+        state = whole ? whole.state : applied(state, change.difference);
+        onState(state);
     }
 
-    function again() {
-        source.close();
-        state = null;
-        onConnection(false);
-        setTimeout(open, wait);
-        wait = Math.min(wait * 2, 4000);
-    }
+    if (!globalThis.SharedWorker) return new Feed(told);
+    share(told);
+    // A page that was put aside and is shown again has missed what came meanwhile.
+    addEventListener("pageshow", (event) => event.persisted && share(told));
+}
 
-    open();
+function share(told) {
+    const worker = new SharedWorker(new URL("shared_feed.js", import.meta.url), { type: "module" });
+    worker.port.onmessage = ({ data }) => told(data);
+    worker.onerror = () => new Feed(told); // a browser that has shared workers, but not here
+    addEventListener("pagehide", () => worker.port.postMessage("goes"), { once: true });
 }

@@ -3,15 +3,10 @@
 const restMilliseconds = 900;
 
 export class Tooltips {
-    constructor(room) {
-        this.room = room;
-        this.tip = document.createElement("div");
-        this.tip.className = "tooltip";
-        this.tip.setAttribute("role", "tooltip");
-        this.tip.hidden = true;
-        document.body.append(this.tip);
+    constructor(room, desk) {
+        this.desk = desk;
         room.addEventListener("pointermove", (event) => this.moved(event));
-        for (const type of ["pointerdown", "pointerleave", "wheel", "keydown"]) room.addEventListener(type, () => this.hide());
+        for (const type of ["pointerdown", "pointerleave", "wheel", "keydown", "scroll"]) room.addEventListener(type, () => this.hide());
     }
 
     moved(event) {
@@ -21,17 +16,12 @@ export class Tooltips {
 
     hide() {
         clearTimeout(this.timer);
-        this.tip.hidden = true;
+        this.desk.showTip(null);
     }
 
-    showFor({ clientX, clientY }) {
-        const element = document.elementFromPoint(clientX, clientY)?.closest("[data-help]");
-        const help = element?.dataset.help;
-        if (!help) return;
-        this.tip.textContent = help;
-        this.tip.hidden = false;
-        const { width, height } = this.tip.getBoundingClientRect();
-        this.tip.style.left = `${Math.max(4, Math.min(clientX + 4, innerWidth - width - 4))}px`;
-        this.tip.style.top = `${Math.min(clientY + 20, innerHeight - height - 4)}px`;
+    showFor(event) {
+        const element = document.elementFromPoint(event.clientX, event.clientY)?.closest("[data-help]");
+        const text = element?.dataset.help;
+        if (text) this.desk.showTip({ text, at: this.desk.pointAt(event) });
     }
 }

@@ -1,22 +1,50 @@
 import { h, icon } from "./dom.js";
-import { middle, place } from "./geometry.js";
-import { send } from "./commands.js";
+import { place } from "./geometry.js";
+import { applicationIcon } from "./icons.js";
+import { pressed } from "./presses.js";
 import { pictureFor } from "./symbols.js";
 import { fitting } from "./text_fit.js";
 
 // Views come laid out: each stands exactly at its frame, and the browser lays out nothing. Roles become elements
 // of the document, so that names and roles reach the browser's accessibility tree.
 
-export function view(node, parentOrigin, state) {
+// `address` says which view it is: the surface, and the positions of children that lead to it.
+export function view(node, parentOrigin, state, address) {
     const origin = [node.frame[0], node.frame[1]];
-    const draw = drawings[node.role] ?? drawGroup;
-    const { tag, properties = {}, content = [] } = draw(node, state);
+    const draw = drawings[node.role] ?? ((group) => drawGroup(group));
+    const { tag, properties = {}, content = [] } = draw(node, state, address);
     const classes = ["view", properties.class, node.tone && `tone-${node.tone}`, node.focused && "focused",
         node.highlighted && "drop-target", node.draggable && "draggable"];
+    const children = node.children ?? [];
+    const keys = keysOf(children);
     return h(tag, {
         ...labels(node), tabindex: node.focusable ? "-1" : undefined, ...properties, class: classes.filter(Boolean).join(" "),
         style: { ...place(node.frame, parentOrigin), ...properties.style },
-    }, content, (node.children ?? []).map((child) => view(child, origin, state)));
+    }, content, children.map((child, index) => {
+        const element = view(child, origin, state, { ...address, path: [...address.path, index] });
+        element.properties.key = keys[index];
+        return element;
+    }));
+}
+
+// What can have the focus keeps its element wherever it moves to, so that the focus never stays on another.
+function keysOf(nodes) {
+    const counts = new Map();
+    return nodes.map((node) => {
+        if (!["AXButton", "AXCheckBox", "AXGroup", "AXRow", "AXTextField"].includes(node.role)) return undefined;
+        const name = `${node.role} ${nameIn(node)}`;
+        counts.set(name, (counts.get(name) ?? 0) + 1);
+        return `${name} ${counts.get(name)}`;
+    });
+}
+
+function nameIn(node) {
+    if (node.label ?? node.text) return node.label ?? node.text;
+    for (const child of node.children ?? []) {
+        const name = nameIn(child);
+        if (name) return name;
+    }
+    return "";
 }
 
 function labels(node) {
@@ -26,14 +54,6 @@ function labels(node) {
         "aria-label": label || node.help || undefined,
         "aria-description": node.help && node.help !== label ? node.help : rowActions || undefined,
         "data-help": node.help,
-    };
-}
-
-// Assistive technology and the keyboard press a control without the pointer: its middle is clicked for them.
-function pressedWithoutPointer(node) {
-    return (event) => {
-        event.preventDefault();
-        if (event.detail === 0) send({ do: "click", at: middle(node.frame) });
     };
 }
 
@@ -50,11 +70,11 @@ const drawings = {
     }),
     AXTextField: drawTextField,
     AXSlider: (node) => ({ tag: "div", properties: { class: "slider", role: "slider", "aria-valuenow": node.value } }),
-    AXList: (node) => drawGroup(node, undefined, "list"),
-    AXRow: (node) => drawGroup(node, undefined, "listitem"),
+    AXList: (node) => drawGroup(node, "list"),
+    AXRow: (node) => drawGroup(node, "listitem"),
 };
 
-function drawGroup(node, _, role) {
+function drawGroup(node, role) {
     return {
         tag: "div",
         properties: { class: node.card ? "card" : undefined, role: role ?? (node.text || node.label ? "group" : undefined) },
@@ -67,7 +87,7 @@ export function linesOf(node, indent = 0) {
     const style = node.textStyle ?? "body";
     return (node.lines ?? [node.text ?? ""]).map((line) => {
         const spacing = fitting(line, style, node.frame[2] - indent);
-        return h("span", { class: "line", style: spacing ? { "letter-spacing": `${spacing}px` } : {} }, line || "\u00a0"); // an empty line takes its room
+        return h("span", { class: "line", dir: "auto", style: spacing ? { "letter-spacing": `${spacing}px` } : {} }, line || "\u00a0"); // an empty line takes its room
     });
 }
 
@@ -82,12 +102,12 @@ function drawText(node) {
     };
 }
 
-function drawButton(node) {
+function drawButton(node, _, address) {
     return {
         tag: "button",
         properties: {
             type: "button", class: `button ${node.default ? "prominent" : node.buttonStyle ?? "bordered"}`,
-            disabled: node.enabled === false, onclick: pressedWithoutPointer(node), ...recorderProperties(node),
+            disabled: node.enabled === false, onclick: pressed({ ...address, text: node.text }), ...recorderProperties(node),
         },
         content: [node.symbol && symbol(node), isTitled(node) && h("span", { class: "title" }, node.text)],
     };
@@ -103,14 +123,14 @@ function recorderProperties(node) {
 // Without a title of its own a control's text is what a screen reader says.
 const isTitled = (node) => node.titled !== false && Boolean(node.text);
 
-function drawCheckbox(node) {
+function drawCheckbox(node, _, address) {
     return {
         tag: "label",
         properties: { class: `checkbox${node.enabled === false ? " disabled" : ""}`, "aria-label": undefined },
         content: [
             h("input", {
                 type: "checkbox", checked: node.checked === true, disabled: node.enabled === false,
-                "aria-label": node.label ?? node.text, onclick: pressedWithoutPointer(node),
+                "aria-label": node.label ?? node.text, onclick: pressed({ ...address, text: node.text }),
             }),
             h("span", { class: "box", "aria-hidden": "true" }, node.checked && icon("check")),
             isTitled(node) && h("span", { class: "title", "aria-hidden": "true" }, linesOf(node, 20)),
@@ -151,17 +171,4 @@ function symbol(node) {
     const element = icon(picture);
     element.properties.style = { width: `${size}px`, height: `${size}px` };
     return element;
-}
-
-const symbolOfApplication = { "com.apple.controlcenter": "switch.2", "com.apple.systemuiserver": "menubar.rectangle" };
-
-// An application's icon: a tile in a colour of its own with what it shows in the menu bar, or its initial.
-export function applicationIcon(bundle, state) {
-    const item = state?.menuBar.find((candidate) => candidate.owner === bundle);
-    const symbol = symbolOfApplication[bundle] ?? item?.symbol;
-    const picture = symbol ? pictureFor(symbol) : null;
-    let hue = 7;
-    for (const character of bundle) hue = (hue * 31 + character.charCodeAt(0)) % 360;
-    return h("span", { class: "tile", style: { "--hue": String(hue) } },
-        picture ? icon(picture) : h("b", {}, [...(item?.name ?? bundle.split(".").at(-1))][0].toUpperCase()));
 }

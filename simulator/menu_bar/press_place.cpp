@@ -1,0 +1,18 @@
+#include "menu_bar/press_place.h"
+
+#include "menu_bar/status_layout.h"
+
+namespace mac_model {
+
+Rect areaAtPress(const StatusItemRecord& record, Rect area, const std::vector<ScreenSpec>& screens) {
+    if (!record.pressedAt || !record.frame) return area;
+    for (const auto& screen : screens) {
+        if (!screen.frame.contains(*record.pressedAt)) continue;
+        const auto frame = frameOnScreen(*record.frame, screens.front(), screen);
+        return {area.x + frame.x - record.frame->x, area.y + frame.y - record.frame->y, area.width,
+                area.height};
+    }
+    return area;
+}
+
+} // namespace mac_model
