@@ -1,4 +1,4 @@
-#include "driver/exact_actions.h"
+#include "driver/commands/exact_actions.h"
 
 #include "driver/surface_tree.h"
 #include "screen/menu_layout.h"

@@ -1,5 +1,5 @@
 #include "driver/command.h"
-#include "driver/exact_actions.h"
+#include "driver/commands/exact_actions.h"
 
 #include <array>
 
