@@ -14,6 +14,9 @@ from pathlib import Path
 TOOLS = Path(__file__).resolve().parent
 ROOT = TOOLS.parent
 sys.dont_write_bytecode = True
+sys.path.insert(0, str(TOOLS))
+from mac_planting import add_entitlement, change, swap  # noqa: E402
+from mac_seal_faults import FAULTS as SEAL_FAULTS  # noqa: E402
 
 
 def load(name):
@@ -36,26 +39,15 @@ class Copy:
         shutil.copy(ROOT / "CMakeLists.txt", self.root)
         self.program = self.app / "Contents/MacOS/Tavrin"
         self.info = self.app / "Contents/Info.plist"
+        self.helper = self.app / "Contents/MacOS/tavrin-seam-check"
         self.resources = self.app / "Contents/Resources"
+        self.listing = self.app / "Contents/_CodeSignature/CodeResources"
         self.entitlements = self.root / "packaging/macos/entitlements.plist"
         self.sdk = self.root / "packaging/macos/sdk"
 
 
-def swap(path, old, new):
-    data = path.read_bytes()
-    if old not in data:
-        raise AssertionError(f"{path.name} doesn't hold {old!r}, so the fault can't be planted")
-    path.write_bytes(data.replace(old, new))
-
-
 def keep_one_architecture(copy):
-    data = bytearray(copy.program.read_bytes())
-    struct.pack_into(">I", data, 4, 1)
-    copy.program.write_bytes(data)
-
-
-def add_entitlement(copy, name):
-    swap(copy.entitlements, b"<dict>", f"<dict><key>{name}</key><true/>".encode())
+    change(copy.program, lambda data: struct.pack_into(">I", data, 4, 1))
 
 
 def export_unused(copy):
@@ -94,12 +86,6 @@ FAULTS = [
     ("a program isn't executable", lambda c: c.program.chmod(0o644), "Tavrin: isn't there as a program"),
     ("a program is cut off", lambda c: c.program.write_bytes(c.program.read_bytes()[:900]), "Tavrin: "),
     ("an architecture is missing", keep_one_architecture, "instead of arm64, x86_64"),
-    ("code was changed after signing", lambda c: swap(c.program, b"Reveal hidden items", b"Conceal hidden item"),
-     "the signature doesn't fit the contents"),
-    ("the signature is gone", lambda c: swap(c.program, struct.pack("<2I", 0x1D, 16), struct.pack("<2I", 0x26, 16)),
-     "Tavrin (arm64): isn't signed"),
-    ("it is signed under another name", lambda c: swap(c.program, b"org.tavrin.Tavrin\0", b"org.tavrin.Tavrim\0"),
-     "signed as org.tavrin.Tavrim"),
     ("it asks for a newer system", lambda c: swap(c.program, struct.pack("<2I", 0x32, 32) + struct.pack("<2I", 1, 13 << 16),
                                                   struct.pack("<2I", 0x32, 32) + struct.pack("<2I", 1, 15 << 16)),
      "starts on macOS 15.0"),
@@ -145,7 +131,7 @@ def main():
     if len(sys.argv) != 2 or not Path(sys.argv[1]).is_dir():
         sys.exit(__doc__)
     app, checks, missed = Path(sys.argv[1]), load("mac_checks"), 0
-    cases = [("nothing", lambda copy: None, None), *FAULTS]
+    cases = [("nothing", lambda copy: None, None), *FAULTS, *SEAL_FAULTS]
     for name, plant, expected in cases:
         with tempfile.TemporaryDirectory() as folder:
             copy = Copy(app, Path(folder))

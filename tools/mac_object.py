@@ -1,33 +1,27 @@
-"""Reads what tools/mac_checks asks of a Mac program: slices, load commands, undefined symbols, code signature."""
+"""Reads what tools/mac_checks asks of a Mac program: slices, segments, load commands, undefined symbols."""
 
-import hashlib
 import struct
 from dataclasses import dataclass, field
 
 CPU_TYPES = {0x0100000C: "arm64", 0x01000007: "x86_64"}
 FAT_MAGIC, MACH_MAGIC_64 = 0xCAFEBABE, 0xFEEDFACF
-LC_SYMTAB, LC_CODE_SIGNATURE, LC_BUILD_VERSION, LC_RPATH, LC_DYLD_ENVIRONMENT = 2, 0x1D, 0x32, 0x8000001C, 0x27
+LC_SYMTAB, LC_SEGMENT_64, LC_CODE_SIGNATURE, LC_BUILD_VERSION = 2, 0x19, 0x1D, 0x32
+LC_RPATH, LC_DYLD_ENVIRONMENT = 0x8000001C, 0x27
 DYLIB_COMMANDS = {0xC, 0x80000018, 0x8000001F, 0x20}  # load, weak, re-export, lazy
-SIGNATURE_MAGIC, CODE_DIRECTORY_MAGIC, ENTITLEMENTS_MAGIC = 0xFADE0CC0, 0xFADE0C02, 0xFADE7171
-AD_HOC = 0x2
-
-
-@dataclass
-class Signature:
-    identifier: str
-    flags: int
-    is_intact: bool  # every page has the hash that was written down
 
 
 @dataclass
 class Slice:
     architecture: str
+    data: bytes = b""
     minimum: str = ""
     sdk: str = ""
     libraries: list = field(default_factory=list)
     search_paths: list = field(default_factory=list)
     undefined: dict = field(default_factory=dict)  # symbol -> library, or "" for any that happens to be loaded
-    signature: Signature | None = None
+    segments: dict = field(default_factory=dict)  # name -> place and size in the file
+    signature_place: tuple = (0, 0)  # likewise
+    signature: bytes | None = None
 
 
 class Damaged(Exception):
@@ -57,7 +51,7 @@ def read_slice(data):
     magic, cpu, _, _, count, _, _, _ = struct.unpack_from("<8I", data)
     if magic != MACH_MAGIC_64:
         raise Damaged("not a Mac program")
-    result, symbols, at = Slice(CPU_TYPES.get(cpu, hex(cpu))), None, 32
+    result, symbols, at = Slice(CPU_TYPES.get(cpu, hex(cpu)), data), None, 32
     for _ in range(count):
         command, size = struct.unpack_from("<2I", data, at)
         if command in DYLIB_COMMANDS:
@@ -70,7 +64,10 @@ def read_slice(data):
         elif command == LC_SYMTAB:
             symbols = struct.unpack_from("<4I", data, at + 8)
         elif command == LC_CODE_SIGNATURE:
-            result.signature = read_signature(data, struct.unpack_from("<I", data, at + 8)[0])
+            result.signature_place = begin, length = struct.unpack_from("<2I", data, at + 8)
+            result.signature = data[begin:begin + length]
+        elif command == LC_SEGMENT_64:
+            result.segments[data[at + 8:at + 24].rstrip(b"\0").decode()] = struct.unpack_from("<2Q", data, at + 40)
         at += size
     if symbols:
         result.undefined = read_undefined(data, symbols, result.libraries)
@@ -87,23 +84,3 @@ def read_undefined(data, table, libraries):
         library = description >> 8
         undefined[text_at(data, strings + name)] = libraries[library - 1] if 0 < library <= len(libraries) else ""
     return undefined
-
-
-def read_signature(data, offset):
-    magic, _, count = struct.unpack_from(">3I", data, offset)
-    if magic != SIGNATURE_MAGIC:
-        raise Damaged("the code signature isn't one")
-    for index in range(count):
-        place = offset + struct.unpack_from(">2I", data, offset + 12 + 8 * index)[1]
-        if struct.unpack_from(">I", data, place)[0] == CODE_DIRECTORY_MAGIC:
-            return read_code_directory(data, place)
-    raise Damaged("the code signature lists no pages")
-
-
-def read_code_directory(data, place):
-    _, _, _, flags, hashes, identifier, _, count, limit = struct.unpack_from(">9I", data, place)
-    hash_size, _, _, page_bits = struct.unpack_from("4B", data, place + 36)
-    page = 1 << page_bits
-    written = [data[place + hashes + hash_size * index:][:hash_size] for index in range(count)]
-    computed = [hashlib.sha256(data[start:min(start + page, limit)]).digest() for start in range(0, limit, page)]
-    return Signature(text_at(data, place + identifier), flags, written == computed)

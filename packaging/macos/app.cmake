@@ -33,7 +33,5 @@ add_custom_target(mac-objects DEPENDS $<TARGET_OBJECTS:Tavrin> $<TARGET_OBJECTS:
 add_dependencies(mac-objects tavrin_macos)
 
 if(TAVRIN_MAC_STAND_INS)
-  # Zig's linker signs a program under the name of the file. ./build-mac gives the files their own names in the bundle.
-  set_target_properties(Tavrin PROPERTIES OUTPUT_NAME org.tavrin.Tavrin LINK_DEPENDS "${MAC_STUBS}")
-  set_target_properties(tavrin-seam-check PROPERTIES OUTPUT_NAME org.tavrin.seam-check LINK_DEPENDS "${MAC_STUBS}")
+  set_target_properties(Tavrin tavrin-seam-check PROPERTIES LINK_DEPENDS "${MAC_STUBS}")
 endif()
