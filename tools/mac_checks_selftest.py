@@ -116,6 +116,7 @@ FAULTS = [
     ("the version wasn't filled in", lambda c: c.info.write_text(re.sub(r"\d+\.\d+\.\d+", "@VERSION@", c.info.read_text())),
      "CFBundleVersion is '@VERSION@'"),
     ("the entitlements are torn", lambda c: c.entitlements.write_text("<plist><dict>"), "entitlements.plist: can't be read"),
+    ("the entitlements are explained", lambda c: swap(c.entitlements, b"<dict>", b"<!-- Why --><dict>"), "bears a comment"),
     ("a debugger may attach", lambda c: add_entitlement(c, "com.apple.security.get-task-allow"), "get-task-allow must stay off"),
     ("the sandbox is on", lambda c: swap(c.entitlements, b"app-sandbox</key>\n    <false/>", b"app-sandbox</key>\n    <true/>"),
      "app-sandbox must stay off"),
