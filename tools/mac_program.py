@@ -93,11 +93,13 @@ def add_signature_command(part):
     struct.pack_into("<2I", part.code, 16, count + 1, size + 16)
 
 
-def announce_signature(part, size):
-    """Says in the commands that a signature of this size follows the code. It is the end of the last segment."""
-    start = len(part.code)
+def announce_signature(part, length):
+    """Says in the commands that a signature of this length follows the code, as the end of the last segment. Returns the
+    size that it has to be filled up to."""
+    start, size = len(part.code), rounded(length, SIGNATURE_ALIGNMENT)
     struct.pack_into("<2I", part.code, part.signature_command() + 8, start, size)
     at, place, _ = part.segment(b"__LINKEDIT")
-    length = start + size - place
-    struct.pack_into("<Q", part.code, at + 32, rounded(length, part.page()))
-    struct.pack_into("<Q", part.code, at + 48, length)
+    end = start + size - place
+    struct.pack_into("<Q", part.code, at + 32, rounded(end, part.page()))
+    struct.pack_into("<Q", part.code, at + 48, end)
+    return size
