@@ -46,6 +46,10 @@ std::optional<std::string> moveFailureDetail(MenuBarMoveResult result, MenuBarZo
     return std::nullopt;
 }
 
+std::string sharedIdentifierDetail() {
+    return "several items of its app share one identifier; Tavrin can’t tell which one to move.";
+}
+
 std::string refusedMoveDetail(MenuBarZone targetZone) {
     return targetZone == MenuBarZone::hidden ? "macOS kept it on the visible side."
                                              : "macOS kept it in its original position.";

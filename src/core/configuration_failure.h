@@ -21,6 +21,9 @@ struct ConfigurationFailure {
 /// Why a move did not start; none for a result that is no failure.
 std::optional<std::string> moveFailureDetail(MenuBarMoveResult result, MenuBarZone targetZone);
 
+/// Why an item can't be moved that has its identifier in common with another of its application.
+std::string sharedIdentifierDetail();
+
 /// Why an item is still in its place after it was dragged.
 std::string refusedMoveDetail(MenuBarZone targetZone);
 

@@ -1,9 +1,11 @@
 #include "core/item_placer.h"
 
+#include "base/ascii.h"
 #include "concurrency/waits.h"
 #include "discovery/menu_bar_item_scan_policy.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrin {
 
@@ -39,55 +41,83 @@ ItemPlacer::ItemPlacer(const Screens& screens, const OwnStatusItems& ownItems, I
 
 Task<std::vector<ConfigurationFailure>> ItemPlacer::placeAll() {
     const ProgressSign sign(progress_);
-    const auto failures = co_await performMoves();
-    std::vector<ConfigurationFailure> told;
-    for (const auto& [identifier, failure] : failures) told.push_back(failure);
-    co_return told;
+    const auto attempts = co_await performMoves();
+    std::vector<ConfigurationFailure> failures;
+    for (const auto& [move, detail] : attempts) {
+        if (detail && isWanted(move)) failures.push_back({move.item.name, move.targetZone, *detail});
+    }
+    co_return failures;
+}
+
+Task<ItemPlacer::Attempts> ItemPlacer::performMoves() {
+    Attempts attempts;
+    do {
+        while (auto move = nextMove(attempts)) {
+            auto detail = co_await place(*move);
+            if (co_await isCancelled()) co_return attempts;
+            std::erase_if(attempts, [&](const Attempt& earlier) {
+                return earlier.move.item.identity() == move->item.identity();
+            });
+            if (isWanted(*move)) attempts.push_back({std::move(*move), std::move(detail)});
+        }
+        co_await inventory_.refreshItemsNow();
+        if (co_await isCancelled()) co_return attempts;
+    } while (nextMove(attempts));
+    failUnplaced(attempts);
+    co_return attempts;
 }
 
 /// In the order of a scan, which lists what is visible first, the items to hide come before those to show. So
 /// they should: each that leaves the visible side lets the control move to the right, away from the notch,
 /// and there is room beside it when the others arrive.
-std::vector<ItemPlacer::PlannedMove> ItemPlacer::plannedMoves() const {
-    std::vector<PlannedMove> moves;
+std::optional<ItemPlacer::PlannedMove> ItemPlacer::nextMove(const Attempts& attempts) const {
     for (const auto& assignment : policy().assignments()) {
         if (assignment.desiredZone == assignment.physicalZone) continue;
-        moves.push_back({*detected(assignment.itemIdentifier), assignment.desiredZone});
+        const bool isTried = std::ranges::any_of(attempts, [&](const Attempt& attempt) {
+            return attempt.move.item.identity() == assignment.identity() &&
+                   attempt.move.targetZone == assignment.desiredZone;
+        });
+        if (!isTried) return PlannedMove{*detected(assignment.identity()), assignment.desiredZone};
     }
-    return moves;
+    return std::nullopt;
 }
 
-Task<ItemPlacer::Failures> ItemPlacer::performMoves() {
-    Failures failures;
-    const auto moves = plannedMoves();
-    for (const auto& move : moves) {
-        auto outcome = co_await place(move);
-        if (co_await isCancelled()) co_return failures;
-        if (outcome) continue;
-        failures.push_back({move.item.id, {move.item.name, move.targetZone, std::move(outcome.error())}});
-    }
-    co_await inventory_.refreshItemsNow();
-    addUnplaced(failures);
-    co_return failures;
+bool ItemPlacer::isWanted(const PlannedMove& move) const {
+    return hiddenItems_.contains(move.item) == (move.targetZone == MenuBarZone::hidden);
 }
 
-Task<ItemPlacer::MoveOutcome> ItemPlacer::place(PlannedMove move) {
-    for (int attempt = 1; attempt <= attemptsMax; ++attempt) {
-        if (const auto* present = detected(move.item.id)) move.item = *present;
+Task<std::optional<std::string>> ItemPlacer::place(PlannedMove move) {
+    for (int attempt = 1; attempt <= attemptsMax && isWanted(move); ++attempt) {
+        if (const auto* present = detected(move.item.identity())) move.item = *present;
         progress_.set(progressText(move.item, attempt));
         const auto geometry = currentMoveGeometry();
-        if (!geometry) co_return std::unexpected("the menu bar control was unavailable.");
+        if (!geometry) co_return "the menu bar control was unavailable.";
         const auto result = co_await movement_.mover().move(move.item, move.targetZone, *geometry);
-        if (co_await isCancelled()) co_return {};
-        if (auto detail = moveFailureDetail(result, move.targetZone))
-            co_return std::unexpected(std::move(*detail));
-        if (result == MenuBarMoveResult::alreadyPlaced) co_return {};
+        if (co_await isCancelled()) co_return std::nullopt;
+        if (auto detail = detailOf(result, move)) co_return detail;
+        if (result == MenuBarMoveResult::alreadyPlaced) co_return std::nullopt;
         if (co_await waitForMoveVerification(move.item, move.targetZone)) {
             co_await inventory_.refreshItemsNow();
-            co_return {};
+            co_return std::nullopt;
         }
     }
-    co_return std::unexpected(refusedMoveDetail(move.targetZone));
+    co_return refusedMoveDetail(move.targetZone);
+}
+
+std::optional<std::string> ItemPlacer::detailOf(MenuBarMoveResult result, const PlannedMove& move) const {
+    if (result == MenuBarMoveResult::itemUnavailable && sharesIdentifier(move.item))
+        return sharedIdentifierDetail();
+    return moveFailureDetail(result, move.targetZone);
+}
+
+bool ItemPlacer::sharesIdentifier(const MenuBarItemSnapshot& item) const {
+    if (!item.accessibilityIdentifier) return false;
+    const auto identifier = lowercasedAscii(*item.accessibilityIdentifier);
+    return std::ranges::count_if(inventory_.items().get(), [&](const MenuBarItem& other) {
+               const auto& own = other.snapshot.accessibilityIdentifier;
+               return other.snapshot.processIdentifier == item.processIdentifier && own &&
+                      lowercasedAscii(*own) == identifier;
+           }) > 1;
 }
 
 Task<bool> ItemPlacer::waitForMoveVerification(MenuBarItemSnapshot item, MenuBarZone targetZone) {
@@ -100,19 +130,26 @@ Task<bool> ItemPlacer::waitForMoveVerification(MenuBarItemSnapshot item, MenuBar
     co_return false;
 }
 
-/// Items that the moves of others took along, or that only the last scan has found.
-void ItemPlacer::addUnplaced(Failures& failures) const {
-    for (const auto& [identifier, zone, present] : policy().pendingMoves()) {
-        if (std::ranges::find(failures, identifier, &Failures::value_type::first) != failures.end()) continue;
-        failures.push_back({identifier, {detected(identifier)->name, zone, refusedMoveDetail(zone)}});
+/// Items that were in their place and that the moves of others took along.
+void ItemPlacer::failUnplaced(Attempts& attempts) const {
+    for (const auto& assignment : policy().pendingMoves()) {
+        const auto attempt = std::ranges::find(attempts, assignment.identity(),
+                                               [](const Attempt& one) { return one.move.item.identity(); });
+        if (attempt != attempts.end() && !attempt->failureDetail)
+            attempt->failureDetail = refusedMoveDetail(assignment.desiredZone);
     }
 }
 
-const MenuBarItemSnapshot* ItemPlacer::detected(const std::string& identifier) const {
-    const auto& items = inventory_.items().get();
-    const auto found =
-        std::ranges::find(items, identifier, [](const auto& item) { return item.snapshot.id; });
-    return found == items.end() ? nullptr : &found->snapshot;
+const MenuBarItemSnapshot* ItemPlacer::detected(const MenuBarItemIdentity& identity) const {
+    const MenuBarItemSnapshot* namesake = nullptr;
+    int namesakes = 0;
+    for (const auto& [snapshot, icon] : inventory_.items().get()) {
+        if (snapshot.identity() == identity) return &snapshot;
+        if (snapshot.id != identity.itemIdentifier) continue;
+        namesake = &snapshot;
+        ++namesakes;
+    }
+    return namesakes == 1 ? namesake : nullptr;
 }
 
 std::optional<MenuBarMoveGeometry> ItemPlacer::currentMoveGeometry() const {

@@ -9,16 +9,14 @@
 #include "movement/item_movement.h"
 #include "platform/screens.h"
 
-#include <expected>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace tavrin {
 
 /// Drags the items that are on the wrong side of the control to the other, one after the other, and looks
-/// whether each has arrived. Main thread.
+/// whether each has arrived. What the user wants may change meanwhile, and the placing follows. Main thread.
 class ItemPlacer {
   public:
     static constexpr int attemptsMax = 3;
@@ -33,8 +31,8 @@ class ItemPlacer {
     /// One line for the user: which item is being placed; empty while none is.
     const Published<std::string>& progress() const { return progress_; }
 
-    /// Places all items of the last scan, scanning as it goes; the failures that remain. A cancelled job ends
-    /// early, and its result means nothing.
+    /// Places all items, scanning as it goes; the failures that remain. A cancelled job ends early, and its
+    /// result means nothing.
     Task<std::vector<ConfigurationFailure>> placeAll();
 
   private:
@@ -46,19 +44,30 @@ class ItemPlacer {
         MenuBarZone targetZone;
     };
 
-    /// By the identifiers of the items.
-    using Failures = std::vector<std::pair<std::string, ConfigurationFailure>>;
-    using MoveOutcome = std::expected<void, std::string>; // or the detail of the failure
+    /// How moves have ended; one for each item, the last one.
+    struct Attempt {
+        PlannedMove move;
+        std::optional<std::string> failureDetail;
+    };
 
-    Task<Failures> performMoves();
-    Task<MoveOutcome> place(PlannedMove move);
+    using Attempts = std::vector<Attempt>;
+
+    Task<Attempts> performMoves();
+    /// The detail of the failure, if it is one.
+    Task<std::optional<std::string>> place(PlannedMove move);
     Task<bool> waitForMoveVerification(MenuBarItemSnapshot item, MenuBarZone targetZone);
 
     SkerrowPolicy policy() const { return hiddenItems_.policyFor(inventory_.items().get()); }
 
-    std::vector<PlannedMove> plannedMoves() const;
-    void addUnplaced(Failures& failures) const;
-    const MenuBarItemSnapshot* detected(const std::string& identifier) const;
+    /// The next item on the wrong side that was not brought to the right one, or tried to be.
+    std::optional<PlannedMove> nextMove(const Attempts& attempts) const;
+    /// Whether the user wants the item there, still.
+    bool isWanted(const PlannedMove& move) const;
+    void failUnplaced(Attempts& attempts) const;
+    std::optional<std::string> detailOf(MenuBarMoveResult result, const PlannedMove& move) const;
+    bool sharesIdentifier(const MenuBarItemSnapshot& item) const;
+    /// The item in the last scan, also when its application has started anew since.
+    const MenuBarItemSnapshot* detected(const MenuBarItemIdentity& identity) const;
     std::optional<MenuBarMoveGeometry> currentMoveGeometry() const;
 
     const Screens& screens_;

@@ -19,8 +19,16 @@ struct RunningApplicationSnapshot {
     bool operator==(const RunningApplicationSnapshot&) const = default;
 };
 
-/// One status item of another application, as a scan found it at one moment. Code that follows an item from
-/// scan to scan compares `id` alone.
+/// What an item is followed by from scan to scan. Two processes under one bundle identifier may have items of
+/// one identifier, which are different items; what the user wants of them is stored by the identifier alone.
+struct MenuBarItemIdentity {
+    std::string itemIdentifier;
+    ProcessIdentifier processIdentifier = -1;
+
+    bool operator==(const MenuBarItemIdentity&) const = default;
+};
+
+/// One status item of another application, as a scan found it at one moment.
 struct MenuBarItemSnapshot {
     std::string id;
     std::string name; // for a person
@@ -34,6 +42,8 @@ struct MenuBarItemSnapshot {
     bool isMovable = true; // false for what macOS keeps in its place
     bool isParked = false;
 
+    MenuBarItemIdentity identity() const { return {id, processIdentifier}; }
+
     bool operator==(const MenuBarItemSnapshot&) const = default;
 };
 
@@ -46,8 +56,11 @@ struct MenuBarItem {
 
 struct MenuBarItemAssignment {
     std::string itemIdentifier;
+    ProcessIdentifier processIdentifier = -1;
     MenuBarZone desiredZone = MenuBarZone::visible;
     MenuBarZone physicalZone = MenuBarZone::visible;
+
+    MenuBarItemIdentity identity() const { return {itemIdentifier, processIdentifier}; }
 
     bool operator==(const MenuBarItemAssignment&) const = default;
 };

@@ -24,6 +24,7 @@ SkerrowPolicy::SkerrowPolicy(std::span<const MenuBarItem> items, const HiddenSet
         if (snapshot.bundleIdentifier == ownBundleIdentifier) continue;
         const bool isWantedHidden = hidden.contains(comparableItemIdentifier(snapshot.id));
         assignments_.push_back({.itemIdentifier = snapshot.id,
+                                .processIdentifier = snapshot.processIdentifier,
                                 .desiredZone = isWantedHidden ? MenuBarZone::hidden : MenuBarZone::visible,
                                 .physicalZone = snapshot.zone});
     }

@@ -16,6 +16,42 @@ TEST(ConfigurationFailureTest, summary) {
               "Couldn’t apply 2 changes:\nHide Wi-Fi: macOS kept it on the visible side.\nShow Notes: why.");
 }
 
+TEST(ConfigurationFailureTest, sentencesOfMovesThatDidNotBegin) {
+    using enum MenuBarMoveResult;
+
+    struct Case {
+        MenuBarMoveResult result;
+        const char* toBeHidden;
+        const char* toBeVisible;
+    };
+
+    const char* denied = "Accessibility access is required.";
+    const char* unavailable = "the item is no longer available; refresh and try again.";
+    const char* lane = "the visible lane is not ready; wait a moment, refresh, and try again.";
+    const char* drag = "macOS did not accept the drag; close any open menu and try again.";
+    const Case cases[]{
+        {accessibilityDenied, denied, denied},
+        {itemUnavailable, unavailable, unavailable},
+        {itemOffscreen,
+         "the item is outside the rendered menu bar; temporarily quit a few menu bar apps, then refresh.",
+         "macOS no longer renders the item in the native row; it will remain available in the tray."},
+        {blockedByNotch,
+         "the item cannot be reached without dragging through the notch; temporarily free menu bar space, "
+         "then refresh.",
+         "no selectable part is visible beside the notch; it will remain available in the tray."},
+        {invalidGeometry, lane, lane},
+        {eventCreationFailed, drag, drag},
+    };
+    for (const auto& [result, toBeHidden, toBeVisible] : cases) {
+        EXPECT_EQ(moveFailureDetail(result, hidden), toBeHidden);
+        EXPECT_EQ(moveFailureDetail(result, visible), toBeVisible);
+    }
+    for (const auto result : {eventsPosted, alreadyPlaced}) {
+        EXPECT_EQ(moveFailureDetail(result, hidden), std::nullopt);
+        EXPECT_EQ(moveFailureDetail(result, visible), std::nullopt);
+    }
+}
+
 /// Tavrin's core on a modelled Mac, with a menu bar whose other items go wherever they are dropped, unless
 /// they refuse. Items 501 to 504 exist.
 class ApplierTest : public MovingTest {
@@ -193,7 +229,9 @@ TEST_F(ApplierTest, cancelledAnywhereItReportsNothing) {
         if (!job.isRunning()) break;
         core->applier.cancelPendingConfiguration();
         expectIdle();
+        const auto posted = events.posted.size();
         settle();
+        EXPECT_EQ(events.posted.size(), posted) << "nothing is pressed after the cancellation";
         EXPECT_EQ(errorMessage(), std::nullopt);
         EXPECT_FALSE(state().isCollapsed.get());
     }

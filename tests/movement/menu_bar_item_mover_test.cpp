@@ -185,6 +185,14 @@ TEST_F(MoverTest, itemsOutOfSightAreMovedByTheirWindowFirst) {
     EXPECT_FALSE(wentToWindow()) << "an ordinary drag when there is no such way";
 }
 
+TEST_F(MoverTest, anItemToShowIsNotInPlaceWhileItIsOutOfSight) {
+    EXPECT_EQ(move(place(owner, 1480), visible), Result::alreadyPlaced);
+    EXPECT_EQ(move(place(owner, 1500), visible), Result::eventsPosted) << "half off the right edge";
+    useNotch();
+    geometry.controlFrame.x = geometry.spacerFrame->x = 600;
+    EXPECT_EQ(move(place(owner, 700), visible), Result::blockedByNotch) << "behind the notch";
+}
+
 TEST_F(MoverTest, itemsInSightAreMovedByTheirWindowWhereTheNotchBlocksTheWay) {
     useNotch();
     geometry.controlFrame.x = geometry.spacerFrame->x = 900;

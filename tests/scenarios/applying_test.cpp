@@ -67,6 +67,63 @@ TEST(Applying, refusedDragsAreTriedAgainAndThenReported) {
     EXPECT_EQ(mac.look()["pointer"]["buttons"], json::array());
 }
 
+/// A bar in which each of two processes under one bundle identifier has an item, both left of the control.
+TavrinMacOptions twins() {
+    auto options = crowdOnTheVisibleSide(3);
+    auto desktop = json::parse(options.desktopJson);
+    for (const int left : {1, 2}) desktop["applications"][left]["bundleIdentifier"] = "org.example.twin";
+    desktop["defaults"][tavrinBundle] = setUp({}, {{"NSStatusItem Preferred Position Skerrow.Main.v1", 120}});
+    options.desktopJson = desktop.dump();
+    return options;
+}
+
+TEST(Applying, tellsTheItemsOfTwoProcessesUnderOneBundleApart) {
+    TavrinMac mac(twins());
+    mac.wait(2);
+    applyAndWait(mac);
+    EXPECT_TRUE(isCollapsed(mac)) << mac.look()["surfaces"].dump().substr(0, 2000);
+    const auto items = mac.itemsOf("org.example.twin");
+    ASSERT_EQ(items.size(), 2u);
+    for (const auto& item : items) {
+        EXPECT_GT(item["frame"][0], mac.control()["frame"][0]);
+        EXPECT_EQ(item["drawn"], true);
+    }
+}
+
+TEST(Applying, followsTheListsWhileItRuns) {
+    TavrinMac mac(controlInMidBar({wifi, sound}));
+    mac.wait(2);
+    apply(mac);
+    for (int i = 0; i < 300 && !mac.shows("Placing Wi-Fi (attempt 1)…"); ++i) mac.wait(0.1);
+    const auto perform = [&](const char* item, const char* action) {
+        mac.done({{"do", "perform"}, {"text", item}, {"action", action}});
+    };
+    perform("Wi-Fi", "Move to Shown");      // while it is on its way
+    perform("Spotlight", "Move to Hidden"); // which was in its place
+    perform("Notes", "Move to Hidden");     // which was to be moved later
+    waitForApply(mac);
+    EXPECT_TRUE(isCollapsed(mac)) << mac.look()["surfaces"].dump().substr(0, 2000);
+    clickControlAndWait(mac);
+    EXPECT_TRUE(isRightOfControl(mac, "com.apple.menuextra.wifi"));
+    EXPECT_FALSE(isRightOfControl(mac, "notes-item"));
+    for (const auto& item : mac.look()["menuBar"])
+        if (item["owner"] == "com.apple.Spotlight") EXPECT_LT(item["frame"][0], mac.control()["frame"][0]);
+}
+
+TEST(Applying, forgetsTheFailureOfAnItemThatMayStayAfterAll) {
+    TavrinMac mac(controlInMidBar({wifi, sound}));
+    mac.wait(2);
+    openConfigure(mac);
+    mac.set("refuseDrags", "com.apple.controlcenter");
+    mac.press("Apply and Hide");
+    for (int i = 0; i < 300 && !mac.shows("Placing Wi-Fi (attempt 3)…"); ++i) mac.wait(0.1);
+    mac.wait(4);
+    mac.done({{"do", "perform"}, {"text", "Wi-Fi"}, {"action", "Move to Shown"}});
+    waitForApply(mac);
+    EXPECT_TRUE(showsPart(mac, "Hide Sound: "));
+    EXPECT_FALSE(showsPart(mac, "Hide Wi-Fi: "));
+}
+
 TEST(Applying, needsAccess) {
     auto mac = started(controlInMidBar({wifi}));
     openConfigure(mac);

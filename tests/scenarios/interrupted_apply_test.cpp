@@ -55,6 +55,8 @@ TEST(Applying, losesNothingWhenADisplayIsUnplugged) {
         EXPECT_FALSE(isRightOfControl(mac, "Wi-Fi")) << moment;
         // Its two items have one identifier, so that neither can be told from the other.
         EXPECT_TRUE(showsPart(mac, "Couldn’t apply 2 changes:\\nShow File Sync ")) << moment;
+        EXPECT_TRUE(showsPart(mac, ": several items of its app share one identifier; Tavrin can’t tell "
+                                   "which one to move."));
         EXPECT_EQ(mac.stats()["tasks"], 0);
     }
 }
