@@ -30,6 +30,7 @@ ConfigureModel modelOf(MenuBarManager& manager) {
             .hiddenItems = manager.hiddenItems(),
             .isTrusted = manager.permission().isTrusted(),
             .isScanning = state.isScanning.get(),
+            .hasScanned = manager.hasCompletedScan(),
             .isApplying = state.isApplyingConfiguration.get(),
             .applyProgress = state.applyProgress.get(),
             .errorMessage = state.errorMessage.get(),

@@ -42,14 +42,22 @@ Task<std::optional<ApplyOutcome>> ConfigurationApplier::applyConfiguration() {
     co_return co_await pendingConfigurationTask_.result();
 }
 
+/// The job of a cancelled apply has no result, whatever comes back here.
 Task<ApplyOutcome> ConfigurationApplier::perform() {
+    const auto outcome = co_await performUntilCancelled();
+    if (!outcome) co_return ApplyOutcome::incomplete;
+    ended_.emit(*outcome);
+    co_return *outcome;
+}
+
+Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilCancelled() {
     uses_.failure.clear();
     std::optional<ApplyingSign> sign(uses_.activity);
     co_await prepare();
-    if (co_await isCancelled()) co_return ApplyOutcome::incomplete;
+    if (co_await isCancelled()) co_return std::nullopt;
     Failures failures;
     if (uses_.mechanism.placesByPosition()) failures = co_await uses_.placer.placeAll();
-    if (co_await isCancelled()) co_return ApplyOutcome::incomplete;
+    if (co_await isCancelled()) co_return std::nullopt;
     sign.reset();
     co_return co_await finish(std::move(failures));
 }
@@ -66,8 +74,15 @@ Task<ApplyOutcome> ConfigurationApplier::finish(Failures failures) {
         uses_.failure.tell(failureSummary(failures));
         co_return ApplyOutcome::incomplete;
     }
-    const auto outcome = co_await uses_.hiding.collapse(Persist::Yes);
-    co_return outcome == CollapseOutcome::hidden ? ApplyOutcome::hidden : ApplyOutcome::incomplete;
+    switch (co_await uses_.hiding.collapse(Persist::Yes)) {
+    case CollapseOutcome::hidden:
+        co_return ApplyOutcome::hidden;
+    case CollapseOutcome::failed:
+        co_return ApplyOutcome::incomplete;
+    case CollapseOutcome::superseded:
+        break;
+    }
+    co_return ApplyOutcome::superseded;
 }
 
 } // namespace tavrin

@@ -9,8 +9,10 @@
 #include "hiding/hiding_controller.h"
 #include "hiding/hiding_mechanism.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavrin {
@@ -19,6 +21,7 @@ namespace tavrin {
 enum class ApplyOutcome {
     hidden,     // everything is in its place, and what is to be hidden is hidden
     incomplete, // the bar is expanded, and the failure message says why
+    superseded, // a later request to hide or to reveal has taken its place
 };
 
 /// Makes the menu bar match what the user wants hidden: shows everything, has the items placed, and hides
@@ -50,6 +53,11 @@ class ConfigurationApplier {
     /// Applies and waits for the end; none when the apply, or the awaiting job, was cancelled.
     Task<std::optional<ApplyOutcome>> applyConfiguration();
 
+    /// Fires when an apply has ended that nobody cancelled.
+    Subscription onEnded(std::function<void(ApplyOutcome)> handler) {
+        return ended_.subscribe(std::move(handler));
+    }
+
     /// When this returns, no button is down, the pointer is back, and nothing is being applied.
     void cancelPendingConfiguration() { pendingConfigurationTask_.cancel(); }
 
@@ -59,10 +67,12 @@ class ConfigurationApplier {
     using Failures = std::vector<ConfigurationFailure>;
 
     Task<ApplyOutcome> perform();
+    Task<std::optional<ApplyOutcome>> performUntilCancelled();
     Task<> prepare();
     Task<ApplyOutcome> finish(Failures failures);
 
     const Uses uses_;
+    Signal<ApplyOutcome> ended_;
     Subscription requestObservation_;
     Job<ApplyOutcome> pendingConfigurationTask_;
 };

@@ -15,20 +15,26 @@ ConfigurePresentation::ConfigurePresentation(const Platform& platform, HidingCor
     , content_(std::move(content))
     , observations_(core.readings.onAnyChange([this] { contentChanged(); })) {
     const auto& activity = core.activity;
-    observations_.push_back(
-        activity.isApplyingConfiguration.subscribe([this](const bool&) { adaptToApply(); }));
-    observations_.push_back(activity.isCollapsed.subscribe([this](const bool& isCollapsed) {
-        if (isCollapsed && isShown()) close();
+    observations_.push_back(activity.isApplyingConfiguration.subscribe([this](const bool&) {
+        if (popover_) popover_->setBehavior(behavior());
     }));
+    observations_.push_back(activity.isCollapsed.subscribe([this](const bool& isCollapsed) {
+        if (isCollapsed) barDidCollapse();
+    }));
+    observations_.push_back(
+        core.applier.onEnded([this](const ApplyOutcome& outcome) { applyDidEnd(outcome); }));
     observations_.push_back(core.hiding.onFailed([this] { showConfiguration(ErrorMessage::Keep); }));
     observations_.push_back(hint.onClosedByControlPress([this] { showConfiguration(); }));
 }
 
+bool ConfigurePresentation::isOpen() const {
+    return isShown() || openingTask_.isRunning() || comingBackTask_.isRunning();
+}
+
 /// The drags of an apply are presses outside the window, which must not close it.
-void ConfigurePresentation::adaptToApply() {
-    if (!popover_) return;
-    const bool isApplying = core_.activity.isApplyingConfiguration.get();
-    popover_->setBehavior(isApplying ? PopoverBehavior::ApplicationDefined : PopoverBehavior::Transient);
+PopoverBehavior ConfigurePresentation::behavior() const {
+    return core_.activity.isApplyingConfiguration.get() ? PopoverBehavior::ApplicationDefined
+                                                        : PopoverBehavior::Transient;
 }
 
 void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
@@ -36,61 +42,88 @@ void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
     if (!core_.statusItems.controlFrame() || isShown()) return;
     core_.settings.setBoolean(Settings::didPresentInitialConfigurationKey, true);
     rememberCollapsedState();
+    comingBackTask_.cancel();
     core_.applier.cancelPendingConfiguration();
     core_.hiding.cancelRequests();
-    const auto request = configurationPresentation_.begin();
     core_.hiding.expand(Persist::No);
     if (errorMessage == ErrorMessage::Clear) core_.failure.clear();
-    openingTask_ = start(platform_.scheduler, open(request));
+    openingTask_ = start(platform_.scheduler, open());
 }
 
 /// An opening or a restore in progress has the bar expanded already; what it was to restore is still owed.
 void ConfigurePresentation::rememberCollapsedState() {
-    const bool isOwed = configurationPresentation_.isOpening() && restoreCollapsedStateAfterConfiguration_;
-    const bool isRestoring = pendingPopoverRestoreTask_.isRunning();
     pendingPopoverRestoreTask_.cancel();
-    restoreCollapsedStateAfterConfiguration_ = core_.activity.isCollapsed.get() || isOwed || isRestoring;
+    if (core_.activity.isCollapsed.get()) isCollapseOwed_ = true;
 }
 
-Task<> ConfigurePresentation::open(int request) {
+Task<> ConfigurePresentation::open() {
     if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
-    if (configurationPresentation_.isLatest(request) && !core_.activity.isCollapsed.get() && !isShown())
-        present();
-    configurationPresentation_.finish(request);
+    if (!core_.activity.isCollapsed.get() && !isShown()) present();
 }
 
 void ConfigurePresentation::present() {
     const auto glyph = core_.statusItems.controlGlyphFrame();
-    auto popover =
-        platform_.presentation.makePopover(PopoverBehavior::Transient, [this] { popoverDidClose(); });
+    auto popover = platform_.presentation.makePopover(behavior(), [this] { popoverDidClose(); });
     popover->setContent(content_());
     // The transient popover of an inactive application closes at the next event, whatever that is.
     platform_.application.activate();
     if (glyph && popover->show(*core_.statusItems.control(), *glyph)) {
         popover_ = std::move(popover);
     } else {
+        isCollapseOwed_ = false;
         core_.failure.tell("The menu bar control moved while Configure was opening. Try again.");
     }
 }
 
+void ConfigurePresentation::barDidCollapse() {
+    if (isOpen()) close();
+    isCollapseOwed_ = false;
+}
+
+void ConfigurePresentation::applyDidEnd(ApplyOutcome outcome) {
+    if (outcome == ApplyOutcome::incomplete) showConfiguration(ErrorMessage::Keep);
+}
+
 void ConfigurePresentation::close() {
     openingTask_.cancel();
-    cancelPendingRestore();
-    restoreCollapsedStateAfterConfiguration_ = false;
+    comingBackTask_.cancel();
+    pendingPopoverRestoreTask_.cancel();
+    isCollapseOwed_ = false;
     popover_.reset();
 }
 
 void ConfigurePresentation::popoverDidClose() {
     popover_.reset();
-    const bool isRestoreOwed = std::exchange(restoreCollapsedStateAfterConfiguration_, false);
-    // An apply that goes on without its window hides at its own end.
-    if (!isRestoreOwed || core_.activity.isApplyingConfiguration.get()) return;
-    pendingPopoverRestoreTask_ = start(platform_.scheduler, restoreCollapsedState());
+    // Nobody closes the window of an apply: its control has gone from under it.
+    if (!core_.activity.isApplyingConfiguration.get()) return restoreIfOwed();
+    comingBackTask_ = start(platform_.scheduler, comeBack());
+}
+
+/// A repair makes a new control, and displays that have gone for a moment bring the old one back.
+Task<> ConfigurePresentation::comeBack() {
+    for (int look = 0; look < looksForControlMax && !isShown(); ++look) {
+        if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
+        if (core_.statusItems.validControlGlyphFrame()) present();
+    }
+    if (!isShown() && !core_.activity.isApplyingConfiguration.get()) restoreIfOwed();
+}
+
+void ConfigurePresentation::restoreIfOwed() {
+    if (isCollapseOwed_) pendingPopoverRestoreTask_ = start(platform_.scheduler, restoreCollapsedState());
+}
+
+void ConfigurePresentation::cancelPendingRestore() {
+    if (!pendingPopoverRestoreTask_.isRunning() && !comingBackTask_.isRunning()) return;
+    pendingPopoverRestoreTask_.cancel();
+    comingBackTask_.cancel();
+    isCollapseOwed_ = false;
 }
 
 Task<> ConfigurePresentation::restoreCollapsedState() {
     if (co_await sleepFor(restoreWait) == Wake::CutShort) co_return;
-    co_await core_.hiding.collapse(Persist::No);
+    if (!std::exchange(isCollapseOwed_, false)) co_return; // refused, it isn't tried again
+    const auto outcome = co_await core_.hiding.collapse(Persist::No);
+    if (outcome == CollapseOutcome::failed) showConfiguration(ErrorMessage::Keep);
 }
 
 void ConfigurePresentation::contentChanged() {

@@ -13,34 +13,14 @@
 
 namespace tavrin {
 
-/// Numbers the requests to open the configure window, so that only the newest may open it.
-class ConfigurationPresentationTracker {
-  public:
-    int begin() {
-        isOpening_ = true;
-        return ++latestRequest_;
-    }
-
-    bool isLatest(int request) const { return latestRequest_ == request; }
-
-    bool isOpening() const { return isOpening_; }
-
-    void finish(int request) {
-        if (isLatest(request)) isOpening_ = false;
-    }
-
-  private:
-    int latestRequest_ = 0;
-    bool isOpening_ = false;
-};
-
 /// Opens and closes the configure window, a popover at the control. The window always shows the whole menu
 /// bar: it expands the bar when it opens and restores the collapsed state when it closes. Main thread.
 class ConfigurePresentation {
   public:
     enum class ErrorMessage { Clear, Keep };
 
-    /// It also opens when hiding has failed, and when the hint was answered by a press on the control.
+    /// It also opens when hiding has failed, when an apply has ended incomplete, and when the hint was
+    /// answered by a press on the control.
     ConfigurePresentation(const Platform& platform, HidingCore& core, FirstRunHint& hint,
                           std::function<View()> content);
     ConfigurePresentation(const ConfigurePresentation&) = delete;
@@ -49,8 +29,14 @@ class ConfigurePresentation {
     /// Takes the place of the hint.
     void showConfiguration(ErrorMessage errorMessage = ErrorMessage::Clear);
 
-    /// The user has clicked the control: the state that the window found is no longer restored.
-    void cancelPendingRestore() { pendingPopoverRestoreTask_.cancel(); }
+    /// The user has clicked the control: a state that is about to be restored is so no longer.
+    void cancelPendingRestore();
+
+    /// Whether the window is on the screen or on its way there.
+    bool isOpen() const;
+
+    /// Has the closing of the window hide what the start of the program would have hidden.
+    void collapseOnClose() { isCollapseOwed_ = true; }
 
     void close();
 
@@ -60,14 +46,19 @@ class ConfigurePresentation {
   private:
     static constexpr Seconds settleWait{0.18}; // the status items find their places after an expand
     static constexpr Seconds restoreWait{0.08};
+    static constexpr int looksForControlMax = 40; // longer than any repair takes
 
     bool isShown() const { return popover_ && popover_->isShown(); }
 
+    PopoverBehavior behavior() const;
     void rememberCollapsedState();
-    Task<> open(int request);
+    Task<> open();
     void present();
-    void adaptToApply();
+    void barDidCollapse();
+    void applyDidEnd(ApplyOutcome outcome);
     void popoverDidClose();
+    Task<> comeBack();
+    void restoreIfOwed();
     Task<> restoreCollapsedState();
     Task<> render();
 
@@ -75,11 +66,11 @@ class ConfigurePresentation {
     HidingCore& core_;
     FirstRunHint& hint_;
     std::function<View()> content_;
-    ConfigurationPresentationTracker configurationPresentation_;
-    bool restoreCollapsedStateAfterConfiguration_ = false;
+    bool isCollapseOwed_ = false; // when the window closes
     std::unique_ptr<Popover> popover_;
     std::vector<Subscription> observations_;
-    Job<> openingTask_;
+    Job<> openingTask_; // the newest request cancels those before
+    Job<> comingBackTask_;
     Job<> pendingPopoverRestoreTask_;
     Job<> renderTask_;
 };

@@ -42,7 +42,10 @@ void ControlItemController::handleControlClick(StatusItemPress press) {
     if (hint_.wasJustClosedByControlPress()) return;
     const bool wasShowingFirstRunHint = hint_.isShowingOrPending();
     if (wasShowingFirstRunHint) hint_.dismiss();
-    if (press == StatusItemPress::Right) return showContextMenu();
+    if (press == StatusItemPress::Right) {
+        actions_.cancelPendingConfiguration(); // its drags would close the menu
+        return showContextMenu();
+    }
     switch (ControlMenuPlan::leftClickAction(wasShowingFirstRunHint)) {
     case ControlLeftClickAction::toggle:
         return actions_.toggleCollapse();

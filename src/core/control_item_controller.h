@@ -21,6 +21,7 @@ class ControlItemController {
         std::function<void()> toggleCollapse;
         std::function<void()> showConfiguration;
         std::function<void()> cancelConfigurationRestore;
+        std::function<void()> cancelPendingConfiguration;
         std::function<void()> refreshItems;
         std::function<void()> showSettings;
         std::function<void(Menu&)> appendPinnedActions;

@@ -42,6 +42,7 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
                {.toggleCollapse = [this] { toggleCollapse(); },
                 .showConfiguration = [this] { showConfiguration(); },
                 .cancelConfigurationRestore = [this] { configure_.cancelPendingRestore(); },
+                .cancelPendingConfiguration = [this] { cancelPendingConfiguration(); },
                 .refreshItems = [this] { refreshItems(); },
                 .showSettings = std::move(hooks.showSettings),
                 .appendPinnedActions = [this](Menu& menu) { pinnedActions_.appendMenuSection(menu); }})

@@ -48,6 +48,8 @@ class MenuBarManager {
     std::vector<MenuBarItem> hiddenItems() const;
     bool isConfiguredHidden(const MenuBarItem& item) const;
 
+    bool hasCompletedScan() const { return core_.inventory.hasCompletedScan(); }
+
     /// Change what the user wants hidden, and store it at once. Nothing moves yet.
     void setItem(const MenuBarItem& item, bool hidden);
     void setItems(const std::vector<std::string>& identifiers, bool hidden);

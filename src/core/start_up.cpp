@@ -33,6 +33,7 @@ void StartUp::refreshItems() { refreshTask_ = start(platform_.scheduler, refresh
 void StartUp::cancel() {
     startUpTask_.cancel();
     refreshTask_.cancel();
+    firstRunTask_.cancel();
 }
 
 Task<> StartUp::perform() {
@@ -46,25 +47,39 @@ Task<> StartUp::perform() {
 Task<> StartUp::showInitialState() {
     if (firstRun_.isFreshInstall()) {
         isAwaitingFirstRunDefault_ = true;
-        co_await applyFirstRunDefaultIfReady();
+        applyFirstRunDefaultIfReady();
     } else if (!core_.settings.boolean(Settings::didPresentInitialConfigurationKey)) {
         configure_.showConfiguration();
     } else if (core_.settings.boolean(Settings::shouldStartCollapsedKey)) {
-        const auto outcome = co_await core_.hiding.collapse(Persist::No);
-        if (outcome == CollapseOutcome::hidden) hint_.showIfPending();
+        co_await restoreCollapsedState();
     }
+}
+
+/// The configure window shows the whole menu bar for as long as it is open.
+Task<> StartUp::restoreCollapsedState() {
+    if (configure_.isOpen()) co_return configure_.collapseOnClose();
+    const auto outcome = co_await core_.hiding.collapse(Persist::No);
+    if (outcome == CollapseOutcome::hidden) hint_.showIfPending();
+    if (outcome == CollapseOutcome::failed)
+        configure_.showConfiguration(ConfigurePresentation::ErrorMessage::Keep);
 }
 
 Task<> StartUp::refreshAndFinishFirstRun() {
     co_await core_.inventory.refreshItemsNow();
-    if (!co_await isCancelled()) co_await applyFirstRunDefaultIfReady();
+    if (!co_await isCancelled()) applyFirstRunDefaultIfReady();
 }
 
-Task<> StartUp::applyFirstRunDefaultIfReady() {
-    if (!isAwaitingFirstRunDefault_ || !core_.inventory.hasCompletedScan()) co_return;
+void StartUp::applyFirstRunDefaultIfReady() {
+    if (!isAwaitingFirstRunDefault_ || !core_.inventory.hasCompletedScan()) return;
     isAwaitingFirstRunDefault_ = false;
+    if (hasUserConfigured()) return;
     hideWhatCanBeHidden();
-    tellOf(co_await core_.applier.applyConfiguration());
+    firstRunTask_ = start(platform_.scheduler, applyFirstRunDefault());
+}
+
+bool StartUp::hasUserConfigured() const {
+    return core_.settings.hasValue(Settings::hiddenItemIdentifiersKey) ||
+           core_.activity.isApplyingConfiguration.get();
 }
 
 void StartUp::hideWhatCanBeHidden() {
@@ -76,13 +91,11 @@ void StartUp::hideWhatCanBeHidden() {
     firstRun_.recordDefaultLayout();
 }
 
-void StartUp::tellOf(std::optional<ApplyOutcome> outcome) {
-    if (outcome == ApplyOutcome::hidden) {
-        hint_.oweToUser();
-        hint_.showIfPending();
-    } else if (outcome == ApplyOutcome::incomplete) {
-        configure_.showConfiguration(ConfigurePresentation::ErrorMessage::Keep);
-    }
+/// The configure window tells of an apply that could not place everything.
+Task<> StartUp::applyFirstRunDefault() {
+    if (co_await core_.applier.applyConfiguration() != ApplyOutcome::hidden) co_return;
+    hint_.oweToUser();
+    hint_.showIfPending();
 }
 
 } // namespace tavrin

@@ -9,8 +9,6 @@
 #include "core/hiding_core.h"
 #include "platform/platform.h"
 
-#include <optional>
-
 namespace tavrin {
 
 /// Brings the menu bar to its initial state: hidden, shown, or, on a fresh install, with everything hidden
@@ -33,9 +31,11 @@ class StartUp {
     Task<> perform();
     Task<> showInitialState();
     Task<> refreshAndFinishFirstRun();
-    Task<> applyFirstRunDefaultIfReady();
+    Task<> restoreCollapsedState();
+    void applyFirstRunDefaultIfReady();
+    bool hasUserConfigured() const;
     void hideWhatCanBeHidden();
-    void tellOf(std::optional<ApplyOutcome> outcome);
+    Task<> applyFirstRunDefault();
 
     const Platform& platform_;
     HidingCore& core_;
@@ -46,6 +46,7 @@ class StartUp {
     Subscription permissionObservation_;
     Job<> startUpTask_;
     Job<> refreshTask_;
+    Job<> firstRunTask_; // a refresh begins it, and later ones don't end it
 };
 
 } // namespace tavrin

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double windowWidth = 380;
 constexpr double listHeightMax = 440;
+constexpr double errorHeightMax = 132; // eight lines
 
 TextOptions caption() { return {.style = TextStyle::Caption, .tone = Tone::Secondary}; }
 
@@ -32,7 +33,8 @@ View accessibilityCard(const ConfigureModel& model) {
 View errorCard(const std::string& message) {
     auto words = text(message);
     words.width = windowWidth - 92;
-    return card({row({symbol("exclamationmark.triangle.fill", 16, Tone::Warning), std::move(words)})},
+    return card({row({symbol("exclamationmark.triangle.fill", 16, Tone::Warning),
+                      scroll(std::move(words), errorHeightMax)})},
                 {.padding = 12});
 }
 
@@ -54,6 +56,12 @@ View applyBar(const ConfigureModel& model) {
     return row({std::move(summary), spacer(), std::move(apply)});
 }
 
+/// While it is, that is all there is to show.
+bool isReadingFirst(const ConfigureModel& model) {
+    const bool isEmpty = model.visibleItems.empty() && model.hiddenItems.empty();
+    return model.isTrusted && isEmpty && (model.isScanning || !model.hasScanned);
+}
+
 View footer(const ConfigureModel& model) {
     auto refresh =
         button("", model.actions.refreshItems,
@@ -65,7 +73,7 @@ View footer(const ConfigureModel& model) {
     pins.accessibilityLabel = "Pinned menu items";
     pins.isEnabled = false; // until there is something to pin
     std::vector<View> children{std::move(refresh), std::move(pins)};
-    if (model.isScanning) {
+    if (model.isScanning && !isReadingFirst(model)) {
         children.push_back(progress());
         children.push_back(text("Reading menu bar items…", caption()));
     }
@@ -123,7 +131,7 @@ View CollapsedMenuView::body(const ConfigureModel& model) {
         return placeholder(symbol("lock", 28, Tone::Secondary), "Grant access to load menu bar apps");
     }
     if (!model.visibleItems.empty() || !model.hiddenItems.empty()) return sections(model);
-    if (model.isScanning) return placeholder(progress(), "Reading menu bar items…");
+    if (isReadingFirst(model)) return placeholder(progress(), "Reading menu bar items…");
     return placeholder(symbol("menubar.rectangle", 28, Tone::Secondary), "No supported menu bar items found");
 }
 

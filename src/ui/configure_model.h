@@ -26,6 +26,7 @@ struct ConfigureModel {
     std::vector<MenuBarItem> hiddenItems;
     bool isTrusted = false;
     bool isScanning = false;
+    bool hasScanned = false; // the items are those of a scan
     bool isApplying = false;
     std::string applyProgress; // empty while there is none
     std::optional<std::string> errorMessage;
