@@ -21,8 +21,11 @@ bool isOnScreen(const DrivenMac& driven, Point point) {
 }
 
 void clickHere(const DrivenMac& driven, const Click& click) {
+    const auto place = driven.content.pointer.at;
     driven.person.press(click.button, click.modifiers);
     driven.mac.scheduler().advance(clickTime);
+    // Posted events may have taken the pointer away, and a hand goes back to what it has pressed.
+    if (driven.content.pointer.at != place) driven.person.moveTo(place);
     driven.person.release(click.button);
 }
 

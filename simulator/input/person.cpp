@@ -19,40 +19,44 @@ bool hasCommand(const std::vector<Modifier>& modifiers) {
 
 } // namespace
 
-void Person::moveTo(Point point) {
+void Person::moveTo(Point point, PressedBy by) {
     const bool isDrag = devices_.pointer.buttons.contains(MouseButton::Left);
     devices_.counts.note(isDrag ? MouseEventType::LeftDragged : MouseEventType::Moved);
     devices_.pointer.at = point;
-    viewDrag_.pointerMoved();
-    if (viewDrag_.isUnderway()) {
-        held_ = {};
+    auto& hand = handOf(by);
+    hand.viewDrag.pointerMoved();
+    if (hand.viewDrag.isUnderway()) {
+        hand.held = {};
         return;
     }
-    if (reach_.menus.isOpen()) {
-        const auto title = reach_.applicationMenus.titleAt(point);
-        const auto openTitle = reach_.menus.anchor()->title;
-        if (title && openTitle && title != openTitle) reach_.applicationMenus.toggle(*title, point);
-        return reach_.menus.pointerMovedTo(point);
-    }
-    if (const auto* held = std::get_if<HeldTitleBar>(&held_)) moveWindow(*held);
-    if (auto* place = std::get_if<HeldPlace>(&held_)) carry(*place);
+    if (reach_.menus.isOpen()) moveOverMenu(point);
+    if (const auto* held = std::get_if<HeldTitleBar>(&hand.held)) moveWindow(*held);
+    if (auto* place = std::get_if<HeldPlace>(&hand.held)) carry(hand, *place);
 }
 
-void Person::press(MouseButton button, const std::vector<Modifier>& modifiers) {
+void Person::moveOverMenu(Point point) {
+    const auto title = reach_.applicationMenus.titleAt(point);
+    const auto openTitle = reach_.menus.anchor()->title;
+    if (title && openTitle && title != openTitle) reach_.applicationMenus.toggle(*title, point);
+    reach_.menus.pointerMovedTo(point);
+}
+
+void Person::press(MouseButton button, const std::vector<Modifier>& modifiers, PressedBy by) {
     devices_.pointer.buttons.insert(button);
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftDown);
-    letGoOfAll();
+    letGoOfAll(by);
     if (reach_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = reach_.surfaces.dismissForPressAt(at());
-    if (auto* surface = reach_.surfaces.at(at())) return pressSurface(*surface, button);
-    pressMenuBarOrDesktop(button, modifiers, closed);
+    if (auto* surface = reach_.surfaces.at(at())) return pressSurface(handOf(by), *surface, button);
+    handOf(by).held = pressMenuBarOrDesktop(button, modifiers, closed);
 }
 
-void Person::letGoOfAll() {
-    const auto* place = std::get_if<HeldPlace>(&held_);
+void Person::letGoOfAll(PressedBy by) {
+    auto& hand = handOf(by);
+    const auto* place = std::get_if<HeldPlace>(&hand.held);
     if (place && isCarrying(*place)) reach_.itemDrag.putDown(PutDown::WhereItWas);
-    held_ = {};
-    viewDrag_.cancel();
+    hand.held = {};
+    hand.viewDrag.cancel();
 }
 
 /// A press outside a menu only closes it, unless it falls on something else in the menu bar.
@@ -66,19 +70,19 @@ Person::MenuPress Person::pressWithOpenMenu() {
     return (item || title) && !isOnAnchor ? MenuPress::GoesOn : MenuPress::Taken;
 }
 
-void Person::pressSurface(Surface& surface, MouseButton button) {
+void Person::pressSurface(Hand& hand, Surface& surface, MouseButton button) {
     if (button == MouseButton::Right) return openContextMenu(surface);
     const auto identifier = surface.identifier;
     const bool isOnTitleBar = surface.hasTitleBar && !surface.contentFrame().contains(at());
     if (isOnTitleBar && surface.closeButton().contains(at()))
-        held_ = HeldCloseButton{identifier};
+        hand.held = HeldCloseButton{identifier};
     else if (isOnTitleBar)
-        held_ = HeldTitleBar{identifier, {at().x - surface.frame.x, at().y - surface.frame.y}};
+        hand.held = HeldTitleBar{identifier, {at().x - surface.frame.x, at().y - surface.frame.y}};
     else if (const auto path = controlAt(surface.content, at()))
-        held_ = HeldControl{identifier, *path, viewAt(surface.content, *path)->view.kind.index()};
+        hand.held = pressControl(surface, *path);
     if (!isOnTitleBar) {
         focusAt(surface, at());
-        viewDrag_.begin(surface);
+        hand.viewDrag.begin(surface);
     }
     if (surface.kind == SurfaceKind::Window) reach_.surfaces.raise(identifier);
     reach_.surfaces.makeKey(identifier);
@@ -92,6 +96,16 @@ void Person::moveWindow(const HeldTitleBar& held) {
     const auto screen = screenFor(reach_.screens.screens(), at());
     const double top = std::max(at().y - held.grip.y, screen.frame.y + screen.menuBarHeight);
     SurfaceStack::moveBy(*surface, at().x - held.grip.x - surface->frame.x, top - surface->frame.y);
+}
+
+/// Most controls act when they are let go of.
+Person::Held Person::pressControl(const Surface& surface, const ViewPath& path) {
+    const auto& control = *viewAt(surface.content, path);
+    const auto* button = std::get_if<tavrin::kinds::Button>(&control.view.kind);
+    if (!button || !button->actsWhenPressed)
+        return HeldControl{surface.identifier, path, control.view.kind.index()};
+    perform(surface, control);
+    return {};
 }
 
 void Person::openContextMenu(const Surface& surface) {
@@ -111,33 +125,29 @@ void Person::openContextMenu(const Surface& surface) {
     reach_.menus.open(std::move(request));
 }
 
-void Person::pressMenuBarOrDesktop(MouseButton button, const std::vector<Modifier>& modifiers,
-                                   const std::vector<StatusItemIdentifier>& closed) {
+Person::Held Person::pressMenuBarOrDesktop(MouseButton button, const std::vector<Modifier>& modifiers,
+                                           const std::vector<StatusItemIdentifier>& closed) {
     // Menus win over the status items that reach so far left.
     if (const auto title = reach_.applicationMenus.titleAt(at())) {
         if (button == MouseButton::Left) reach_.applicationMenus.toggle(*title, at());
-        return;
+        return {};
     }
     if (const auto* item = reach_.arrangement.itemAt(at())) return pressItem(*item, modifiers, closed);
     const auto finder = reach_.processes.withBundle("com.apple.finder");
     if (!isOnMenuBar(at()) && !finder.empty()) reach_.processes.activate(finder.front());
+    return {};
 }
 
-void Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>& modifiers,
-                       const std::vector<StatusItemIdentifier>& closed) {
+Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>& modifiers,
+                               const std::vector<StatusItemIdentifier>& closed) {
     // With Command the press belongs to macOS, which lets the person move the item.
-    if (hasCommand(modifiers)) {
-        held_ = HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
-        return;
-    }
-    if (item.origin == ItemOrigin::Program) {
-        held_ = HeldItem{item.identifier};
-        return;
-    }
+    if (hasCommand(modifiers)) return HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
+    if (item.origin == ItemOrigin::Program) return HeldItem{item.identifier};
     const bool hasJustClosed = std::ranges::find(closed, item.identifier) != closed.end();
-    if (hasJustClosed) return;
+    if (hasJustClosed) return {};
     reach_.items.notePress(item.identifier, at());
     reach_.itemSurfaces.toggle(item.identifier);
+    return {};
 }
 
 bool Person::isOnMenuBar(Point point) const {
@@ -154,14 +164,14 @@ Point Person::onPrimary(Point point) const {
     return {(primary ? primary->frame.maxX() : 0) - (screen.frame.maxX() - point.x), point.y};
 }
 
-void Person::carry(HeldPlace& place) {
+void Person::carry(Hand& hand, HeldPlace& place) {
     constexpr double threshold = 4; // points
     const bool hasMoved = std::hypot(at().x - place.pressedAt.x, at().y - place.pressedAt.y) > threshold;
     if (!place.isCarried && hasMoved) {
         place.isCarried = reach_.itemDrag.pickUp(place.item);
-        if (!place.isCarried) held_ = {};
+        if (!place.isCarried) hand.held = {};
     }
-    if (std::holds_alternative<HeldPlace>(held_) && isCarrying(place))
+    if (std::holds_alternative<HeldPlace>(hand.held) && isCarrying(place))
         reach_.itemDrag.carryTo(onPrimary(at()).x - place.offset);
 }
 
@@ -175,11 +185,13 @@ void Person::letGo(const HeldPlace& place) {
     if (isCarrying(place)) reach_.itemDrag.putDown(isOnMenuBar(at()) ? PutDown::There : PutDown::WhereItWas);
 }
 
-void Person::release(MouseButton button) {
+void Person::release(MouseButton button, PressedBy by) {
     devices_.pointer.buttons.erase(button);
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftUp);
-    const auto held = std::exchange(held_, {});
-    if (button == MouseButton::Left && viewDrag_.drop()) return;
+    auto& hand = handOf(by);
+    const auto held = std::exchange(hand.held, {});
+    if (button == MouseButton::Left && hand.viewDrag.drop()) return;
+    if (const auto* place = std::get_if<HeldPlace>(&held)) return letGo(*place);
     if (reach_.menus.isOpen()) return reach_.menus.releasedAt(at());
     if (const auto* control = std::get_if<HeldControl>(&held))
         letGo(*control);
@@ -187,8 +199,6 @@ void Person::release(MouseButton button) {
         letGo(*close);
     else if (const auto* item = std::get_if<HeldItem>(&held))
         letGo(*item, button);
-    else if (const auto* place = std::get_if<HeldPlace>(&held))
-        letGo(*place);
 }
 
 void Person::letGo(const HeldControl& held) {
@@ -212,7 +222,7 @@ void Person::letGo(const HeldItem& held, MouseButton button) {
 }
 
 bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifiers) {
-    return (key == "escape" && viewDrag_.cancel()) || typing_.pressKey(key, modifiers);
+    return (key == "escape" && person_.viewDrag.cancel()) || typing_.pressKey(key, modifiers);
 }
 
 bool Person::scroll(double dy) {

@@ -14,25 +14,30 @@
 
 namespace mac_model {
 
+/// Whose press it is. Both have the one pointer, but a posted release doesn't lift the person's finger, and
+/// what a posted press has begun goes on when the person moves, presses or releases.
+enum class PressedBy { Person, PostedEvents };
+
 /// The person in front of the Mac: one pointer, its buttons, a keyboard. The person's input reaches surfaces
 /// from front to back, then the menu bar, then the desktop; its effects in the program happen when the main
-/// loop turns.
+/// loop turns. Posted events press and move in the same way.
 class Person {
   public:
     Person(VirtualScheduler& scheduler, Devices& devices, const PressTargets& reach, Typing& typing)
         : devices_(devices)
         , reach_(reach)
         , typing_(typing)
-        , viewDrag_(reach.surfaces, devices.pointer, scheduler) {}
+        , person_(reach.surfaces, devices.pointer, scheduler)
+        , postedEvents_(reach.surfaces, devices.pointer, scheduler) {}
 
     Person(const Person&) = delete;
     Person& operator=(const Person&) = delete;
 
-    void moveTo(Point);
-    void press(MouseButton, const std::vector<Modifier>&);
-    void release(MouseButton);
+    void moveTo(Point, PressedBy = PressedBy::Person);
+    void press(MouseButton, const std::vector<Modifier>&, PressedBy = PressedBy::Person);
+    void release(MouseButton, PressedBy = PressedBy::Person);
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
-    void letGoOfAll();
+    void letGoOfAll(PressedBy);
 
     /// See `Typing`; Escape first ends the drag of a view.
     bool pressKey(std::string_view key, const std::vector<Modifier>&);
@@ -71,13 +76,26 @@ class Person {
     using Held =
         std::variant<std::monostate, HeldControl, HeldCloseButton, HeldTitleBar, HeldItem, HeldPlace>;
 
+    /// A button that is down, with what it holds.
+    struct Hand {
+        Hand(SurfaceStack& stack, const Pointer& pointer, VirtualScheduler& scheduler)
+            : viewDrag(stack, pointer, scheduler) {}
+
+        Held held;
+        ViewDrag viewDrag;
+    };
+
     enum class MenuPress { GoesOn, Taken };
 
+    Hand& handOf(PressedBy by) { return by == PressedBy::Person ? person_ : postedEvents_; }
+
+    void moveOverMenu(Point);
     MenuPress pressWithOpenMenu();
-    void pressSurface(Surface&, MouseButton);
-    void pressMenuBarOrDesktop(MouseButton, const std::vector<Modifier>&,
+    void pressSurface(Hand&, Surface&, MouseButton);
+    Held pressControl(const Surface&, const ViewPath&);
+    Held pressMenuBarOrDesktop(MouseButton, const std::vector<Modifier>&,
                                const std::vector<StatusItemIdentifier>&);
-    void pressItem(const StatusItemRecord&, const std::vector<Modifier>&,
+    Held pressItem(const StatusItemRecord&, const std::vector<Modifier>&,
                    const std::vector<StatusItemIdentifier>&);
     void openContextMenu(const Surface&);
     void moveWindow(const HeldTitleBar&);
@@ -85,7 +103,7 @@ class Person {
     void letGo(const HeldCloseButton&);
     void letGo(const HeldItem&, MouseButton);
     void letGo(const HeldPlace&);
-    void carry(HeldPlace&);
+    void carry(Hand&, HeldPlace&);
     bool isCarrying(const HeldPlace&) const;
     Point onPrimary(Point) const;
     bool isOnMenuBar(Point) const;
@@ -95,8 +113,8 @@ class Person {
     Devices& devices_;
     PressTargets reach_;
     Typing& typing_;
-    Held held_;
-    ViewDrag viewDrag_;
+    Hand person_;
+    Hand postedEvents_;
 };
 
 } // namespace mac_model

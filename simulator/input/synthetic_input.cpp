@@ -51,7 +51,7 @@ void SyntheticInput::senderEnded() {
 
 /// The drags don't go on. A button that is down stays down: macOS never releases it itself.
 void SyntheticInput::abandonDrags() {
-    if (std::exchange(pressNumber_, std::nullopt)) person_.letGoOfAll();
+    if (std::exchange(pressNumber_, std::nullopt)) person_.letGoOfAll(PressedBy::PostedEvents);
     windows_.abandonDrag();
 }
 
@@ -107,7 +107,8 @@ void SyntheticInput::followTap(const MouseEvent& event) {
     switch (event.type) {
     case MouseEventType::Moved:
         // A drag in progress takes no notice of moves that aren't drags.
-        return pressNumber_ ? movePointerOnly(event) : person_.moveTo(onScreen(event.location));
+        return pressNumber_ ? movePointerOnly(event)
+                            : person_.moveTo(onScreen(event.location), PressedBy::PostedEvents);
     case MouseEventType::LeftDown:
         return pressAtPointer(event);
     case MouseEventType::LeftDragged:
@@ -124,15 +125,16 @@ void SyntheticInput::movePointerOnly(const MouseEvent& event) {
 
 void SyntheticInput::pressAtPointer(const MouseEvent& event) {
     const auto point = onScreen(event.location);
-    if (point != devices_.pointer.at) person_.moveTo(point);
+    if (point != devices_.pointer.at) person_.moveTo(point, PressedBy::PostedEvents);
     pressNumber_ = numbers_.usable(event);
     person_.press(MouseButton::Left,
-                  hasCommand(event) ? std::vector{Modifier::Command} : std::vector<Modifier>{});
+                  hasCommand(event) ? std::vector{Modifier::Command} : std::vector<Modifier>{},
+                  PressedBy::PostedEvents);
 }
 
 void SyntheticInput::dragPointer(const MouseEvent& event) {
     if (!pressNumber_ || !numbers_.continues(event, *pressNumber_)) return movePointerOnly(event);
-    person_.moveTo(onScreen(event.location));
+    person_.moveTo(onScreen(event.location), PressedBy::PostedEvents);
     if (faults_.personMovesPointerDuringDrags) world_.after(nudgeDelay, [this] { nudge(); });
 }
 
@@ -140,15 +142,16 @@ void SyntheticInput::dragPointer(const MouseEvent& event) {
 void SyntheticInput::releaseAtPointer(const MouseEvent& event) {
     devices_.pointer.at = onScreen(event.location);
     const auto pressed = std::exchange(pressNumber_, std::nullopt);
-    if (pressed && !numbers_.continues(event, *pressed)) person_.letGoOfAll();
-    person_.release(MouseButton::Left);
+    if (pressed && !numbers_.continues(event, *pressed)) person_.letGoOfAll(PressedBy::PostedEvents);
+    person_.release(MouseButton::Left, PressedBy::PostedEvents);
 }
 
-/// The person's hand on the mouse, now to the left and now to the right.
+/// The person's hand on the mouse, now to the left and now to the right; what is dragged goes along.
 void SyntheticInput::nudge() {
     if (!pressNumber_) return;
     const double distance = ++nudges_ % 2 == 0 ? nudgeDistance : -nudgeDistance;
-    person_.moveTo(onScreen({devices_.pointer.at.x + distance, devices_.pointer.at.y}));
+    person_.moveTo(onScreen({devices_.pointer.at.x + distance, devices_.pointer.at.y}),
+                   PressedBy::PostedEvents);
 }
 
 /// The pointer never leaves the screens.

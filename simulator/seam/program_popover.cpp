@@ -31,6 +31,7 @@ OutsidePress ProgramPopover::outsidePress() const {
 void ProgramPopover::setBehavior(PopoverBehavior behavior) {
     behavior_ = behavior;
     if (auto* surface = surface_.shown()) surface->outsidePress = outsidePress();
+    followItem();
 }
 
 bool ProgramPopover::show(StatusItem& item, Rect area) {
@@ -59,10 +60,18 @@ void ProgramPopover::layOut(Surface& surface, const View& content) const {
     showAnew(surface, laidOut(content, surface.frame));
 }
 
+/// Displays may have gone from under it.
+bool ProgramPopover::isOnScreen() {
+    const auto middle = surface_.shown()->frame.middle();
+    return std::ranges::any_of(presentation_.mac_.screens.screens(),
+                               [&](const ScreenSpec& screen) { return screen.frame.contains(middle); });
+}
+
 void ProgramPopover::followItem() {
     if (!surface_.isOpen() || item_ == StatusItemIdentifier::None) return;
     const auto* record = presentation_.mac_.statusItems.find(item_);
     if (!record || !record->frame) return presentation_.stack_.dismiss(surface_.identifier());
+    if (behavior_ == PopoverBehavior::ApplicationDefined && isOnScreen()) return;
     area_.x += record->frame->x - itemOrigin_.x;
     area_.y += record->frame->y - itemOrigin_.y;
     if (record->frame->origin() == itemOrigin_) return;

@@ -28,6 +28,7 @@ class ProgramPopover final : public tavrin::Popover {
     void layOut(Surface&, const View& content) const;
     Rect onScreenOfPress(Rect) const;
     OutsidePress outsidePress() const;
+    bool isOnScreen();
 
     ProgramPresentation& presentation_;
     PopoverBehavior behavior_;

@@ -15,8 +15,8 @@
 namespace tavrin {
 
 enum class PopoverBehavior {
-    Transient,          // closes on any press outside it, before that press does anything else
-    ApplicationDefined, // closes only when told to
+    Transient, // follows its item, and closes on any press outside it, before that press does anything else
+    ApplicationDefined, // stays where it is while its item moves, and closes only when told to
 };
 
 /// A popover with an arrow. Destroying it closes it without telling.
@@ -24,6 +24,7 @@ class Popover {
   public:
     virtual ~Popover() = default;
     virtual void setContent(View content) = 0;
+    /// A transient one goes to where its item is now.
     virtual void setBehavior(PopoverBehavior behavior) = 0;
     /// Shows it below `area`, a rectangle on the screen inside `item`'s button; does nothing and answers
     /// false when the item has no window.

@@ -33,8 +33,9 @@ View accessibilityCard(const ConfigureModel& model) {
 View errorCard(const std::string& message) {
     auto words = text(message);
     words.width = windowWidth - 92;
+    auto besideScrollBar = column({std::move(words)}, {.width = windowWidth - 80});
     return card({row({symbol("exclamationmark.triangle.fill", 16, Tone::Warning),
-                      scroll(std::move(words), errorHeightMax)})},
+                      scroll(std::move(besideScrollBar), errorHeightMax)})},
                 {.padding = 12});
 }
 
@@ -46,8 +47,11 @@ View placeholder(View picture, std::string words) {
 View applyBar(const ConfigureModel& model) {
     if (model.isApplying) {
         const auto& placing = model.applyProgress;
+        // A drag may take the pointer away before the mouse button is released.
+        auto stop = button("Stop", model.actions.stopApplying,
+                           {.help = "Stop placing items", .actsWhenPressed = true});
         return row({progress(), text(placing.empty() ? "Getting ready…" : placing, caption()), spacer(),
-                    button("Stop", model.actions.stopApplying, {.help = "Stop placing items"})});
+                    std::move(stop)});
     }
     auto summary = text(model.texts.placement, caption());
     summary.width = windowWidth - 190;

@@ -29,6 +29,7 @@ struct ButtonOptions {
     std::string symbol = {};
     std::string help = {};
     bool isDefault = false;
+    bool actsWhenPressed = false;
 };
 
 inline View simple(ViewKind kind) {
@@ -90,7 +91,8 @@ inline View button(std::string title, std::function<void()> onPress, ButtonOptio
     auto view = simple(kinds::Button{.title = std::move(title),
                                      .symbol = std::move(options.symbol),
                                      .style = options.style,
-                                     .isDefault = options.isDefault});
+                                     .isDefault = options.isDefault,
+                                     .actsWhenPressed = options.actsWhenPressed});
     view.onPress = std::move(onPress);
     view.help = std::move(options.help);
     return view;

@@ -63,7 +63,8 @@ struct Button {
     std::string title;
     std::string symbol;
     ButtonStyle style = ButtonStyle::Bordered;
-    bool isDefault = false; // pressed by Return
+    bool isDefault = false;       // pressed by Return
+    bool actsWhenPressed = false; // by the mouse: not only when it is let go of
 };
 
 struct Checkbox {

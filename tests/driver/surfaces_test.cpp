@@ -80,7 +80,7 @@ TEST_F(Surfaces, popoverClosesBeforeThePressOutsideActs) {
 }
 
 TEST_F(Surfaces, popoverStaysOnTheScreenAndWithItsItem) {
-    showPopover(PopoverBehavior::ApplicationDefined);
+    showPopover(PopoverBehavior::Transient);
     const auto before = mac.surfacesOf(tavrinBundle).at(0);
     probe.popover->setContent(tavrin::row({tavrin::text("x")}, {.width = 4000}));
     EXPECT_GE(mac.surfacesOf(tavrinBundle).at(0)["frame"][0].get<double>(), 0);
@@ -91,6 +91,23 @@ TEST_F(Surfaces, popoverStaysOnTheScreenAndWithItsItem) {
     probe.item.reset();
     mac.settle();
     EXPECT_EQ(takeLog(), Log{"popover closed"});
+}
+
+TEST_F(Surfaces, popoverStaysWhereItIsWhileOnlyTheProgramMayCloseIt) {
+    showPopover(PopoverBehavior::ApplicationDefined);
+    const auto before = mac.surfacesOf(tavrinBundle).at(0);
+    mac.set("quit", "com.sample.weather");
+    mac.settle();
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["frame"], before["frame"]);
+    probe.popover->setContent(tavrin::text("Hello"));
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["arrowX"], before["arrowX"]);
+    probe.popover->setBehavior(PopoverBehavior::Transient);
+    EXPECT_GT(mac.surfacesOf(tavrinBundle).at(0)["arrowX"], before["arrowX"]);
+    auto screens = json::array({{{"frame", {0, 0, 300, 400}}}});
+    probe.popover->setBehavior(PopoverBehavior::ApplicationDefined);
+    mac.set("screens", screens);
+    mac.settle();
+    EXPECT_LE(mac.surfacesOf(tavrinBundle).at(0)["frame"][0], 300) << "it is nowhere left behind";
 }
 
 TEST_F(Surfaces, nothingReachesAProgramThatIsGone) {

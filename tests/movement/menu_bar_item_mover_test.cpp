@@ -96,6 +96,14 @@ TEST_F(MoverTest, cancelledAnywhereItLeavesNothingBehind) {
         << "the release is where the drag has come to";
 }
 
+TEST_F(MoverTest, cancelledBeforeThePressItPressesNothing) {
+    auto job = start(scheduler, mover->move(place(owner, 1100), hidden, geometry));
+    scheduler.advance(Seconds{0.03});
+    job.cancel();
+    scheduler.advance(Seconds{2});
+    EXPECT_EQ(events.log, (Lines{"0 hid moved 1114,15", "30 hid moved 300,400"}));
+}
+
 TEST_F(MoverTest, eventsThatCannotBeMadeNeverLeaveAButtonDown) {
     const auto item = place(owner, 1100);
     for (int made = 0;; ++made) {

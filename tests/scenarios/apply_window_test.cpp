@@ -7,11 +7,6 @@ constexpr const char* repaired = "Skerrow.statusItemAutosaveVersion";
 constexpr const char* onTheVisibleSide =
     "Couldn’t hide yet: 1 item is still on the visible side. Apply the configuration first.";
 
-json middleOf(const json& frame) {
-    return {frame[0].get<double>() + frame[2].get<double>() / 2,
-            frame[1].get<double>() + frame[3].get<double>() / 2};
-}
-
 /// Past its neighbour, so that the spacer stays behind on its other side.
 void dragControlToTheLeft(TavrinMac& mac) {
     const auto from = middleOf(mac.control()["frame"]);

@@ -81,6 +81,23 @@ inline bool isRightOfControl(TavrinMac& mac, const std::string& identifier) {
     return false;
 }
 
+inline json middleOf(const json& frame) {
+    return {frame[0].get<double>() + frame[2].get<double>() / 2,
+            frame[1].get<double>() + frame[3].get<double>() / 2};
+}
+
+/// The owner of the item that is being dragged; empty while none is.
+inline std::string ownerOfCarriedItem(TavrinMac& mac) {
+    for (const auto& item : mac.look()["menuBar"])
+        if (item.value("carried", false)) return item["owner"];
+    return {};
+}
+
+inline void waitForCarriedItem(TavrinMac& mac) {
+    for (int i = 0; i < 500 && ownerOfCarriedItem(mac).empty(); ++i) mac.wait(0.01);
+    ASSERT_NE(ownerOfCarriedItem(mac), "");
+}
+
 /// The state in which every gesture must leave the pointer, however it ended.
 inline void expectPointerIsFree(TavrinMac& mac, const json& place) {
     const auto pointer = mac.look()["pointer"];

@@ -76,15 +76,8 @@ TEST(Applying, tellsOfAnItemWhoseOwnerQuitsWhileItIsDragged) {
     auto mac = started(crowdOnTheVisibleSide(3));
     apply(mac);
     const auto before = mac.look()["pointer"]["at"];
-    const auto isCarried = [&] {
-        for (const auto& item : mac.look()["menuBar"])
-            if (item.value("carried", false)) return item["owner"].get<std::string>();
-        return std::string();
-    };
-    for (int i = 0; i < 200 && isCarried().empty(); ++i) mac.wait(0.01);
-    const auto owner = isCarried();
-    ASSERT_NE(owner, "");
-    mac.set("quit", owner);
+    waitForCarriedItem(mac);
+    mac.set("quit", ownerOfCarriedItem(mac));
     waitForApply(mac);
     expectPointerIsFree(mac, before);
     EXPECT_EQ(storedHidden(mac).size(), 3u) << "it is hidden again when it comes back";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
 #include "platform/macos/support/apple.h"
 #include "platform/macos/support/callback_gate.h"
 #include "platform/macos/views/view_renderer.h"
@@ -28,6 +29,7 @@ class MacPopover final : public Popover {
   private:
     void layOut();
     void watchOutside();
+    void takePlace();
     void didClose();
 
     CallbackGate gate_;
@@ -35,8 +37,12 @@ class MacPopover final : public Popover {
     ViewRenderer renderer_;
     NSPopover* popover_;
     TavrinPopoverDelegate* delegate_; // the popover doesn't hold its delegate
+    Subscription windowMoves_;
     id outsidePresses_ = nil;         // the monitor's token while it is shown
     NSScreen* screen_ = nil;          // that of the item; nil before it is first shown
+    NSStatusBarButton* button_ = nil; // of the item
+    NSRect areaInButton_{};
+    Rect areaOnScreen_; // where that was when the popover was last at its item
 };
 
 } // namespace tavrin::macos

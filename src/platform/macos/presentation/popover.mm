@@ -1,7 +1,9 @@
 #include "platform/macos/presentation/popover.h"
 
 #include "platform/macos/presentation/status_items.h"
+#include "platform/macos/support/conversions.h"
 #include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/notices.h"
 #include "views/view_layout.h"
 
 #include <utility>
@@ -38,7 +40,9 @@ MacPopover::MacPopover(Scheduler& scheduler, PopoverBehavior behavior, std::func
     , onClose_(std::move(onClose))
     , renderer_(gate_.deliver())
     , popover_([[NSPopover alloc] init])
-    , delegate_([[TavrinPopoverDelegate alloc] init]) {
+    , delegate_([[TavrinPopoverDelegate alloc] init])
+    , windowMoves_(observe(scheduler, NSNotificationCenter.defaultCenter, NSWindowDidMoveNotification,
+                           [this] { takePlace(); })) {
     assertMainThread();
     NSViewController* controller = [[NSViewController alloc] initWithNibName:nil bundle:nil];
     controller.view = renderer_.surface();
@@ -74,7 +78,20 @@ void MacPopover::layOut() {
     if (shown.width != size.width || shown.height != size.height) popover_.contentSize = size;
 }
 
-void MacPopover::setBehavior(PopoverBehavior behavior) { popover_.behavior = behaviorFor(behavior); }
+void MacPopover::setBehavior(PopoverBehavior behavior) {
+    popover_.behavior = behaviorFor(behavior);
+    takePlace();
+}
+
+/// A popover goes along with the window of its item by itself; one that is to stay is positioned as far from
+/// the item as the item has gone.
+void MacPopover::takePlace() {
+    if (!popover_.shown || !button_.window) return;
+    const bool stays = popover_.behavior == NSPopoverBehaviorApplicationDefined;
+    const NSRect place = stays ? rectInButton(button_, areaOnScreen_) : areaInButton_;
+    if (toRect(popover_.positioningRect) != toRect(place)) popover_.positioningRect = place;
+    if (!stays) areaOnScreen_ = rectOnScreen(button_, areaInButton_);
+}
 
 bool MacPopover::show(StatusItem& item, Rect area) {
     NSStatusBarButton* button = buttonOf(item);
@@ -82,7 +99,10 @@ bool MacPopover::show(StatusItem& item, Rect area) {
     screen_ = button.window.screen;
     layOut();
     popover_.animates = !isMotionReduced();
-    [popover_ showRelativeToRect:rectInButton(button, area) ofView:button preferredEdge:NSRectEdgeMinY];
+    button_ = button;
+    areaOnScreen_ = area;
+    areaInButton_ = rectInButton(button, area);
+    [popover_ showRelativeToRect:areaInButton_ ofView:button preferredEdge:NSRectEdgeMinY];
     if (!popover_.shown) return false; // macOS shows none at a window that can't be seen
     [renderer_.surface().window makeKeyWindow];
     renderer_.takeKeyboard();

@@ -52,6 +52,9 @@ NSStatusBarButton* buttonOf(StatusItem& item);
 /// `area`, on the screen, in the button's coordinates. The button must have a window.
 NSRect rectInButton(NSStatusBarButton* button, Rect area);
 
+/// The way back.
+Rect rectOnScreen(NSStatusBarButton* button, NSRect area);
+
 class MacStatusItems final : public StatusItems {
   public:
     explicit MacStatusItems(Scheduler& scheduler) : scheduler_(scheduler) {}

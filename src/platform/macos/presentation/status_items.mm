@@ -116,7 +116,7 @@ void MacStatusItem::setAction(std::function<void(StatusItemPress)> action) {
 std::optional<Rect> MacStatusItem::frame() const {
     NSStatusBarButton* button = item_.button;
     if (!button.window) return std::nullopt;
-    return toRect([button.window convertRectToScreen:[button convertRect:button.bounds toView:nil]]);
+    return rectOnScreen(button, button.bounds);
 }
 
 bool MacStatusItem::isDrawn() const {
@@ -130,6 +130,10 @@ NSStatusBarButton* buttonOf(StatusItem& item) {
 
 NSRect rectInButton(NSStatusBarButton* button, Rect area) {
     return [button convertRect:[button.window convertRectFromScreen:toNSRect(area)] fromView:nil];
+}
+
+Rect rectOnScreen(NSStatusBarButton* button, NSRect area) {
+    return toRect([button.window convertRectToScreen:[button convertRect:area toView:nil]]);
 }
 
 std::unique_ptr<StatusItem> MacStatusItems::create(double length) {

@@ -76,6 +76,7 @@ void dressButton(NSButton* shown, const kinds::Button& button) {
     shown.contentTintColor =
         isPlain ? (button.title.empty() ? NSColor.secondaryLabelColor : NSColor.controlAccentColor) : nil;
     shown.keyEquivalent = button.isDefault ? returnKey : @"";
+    [shown sendActionOn:button.actsWhenPressed ? NSEventMaskLeftMouseDown : NSEventMaskLeftMouseUp];
 }
 
 void dressCheckbox(NSButton* box, const kinds::Checkbox& checkbox) {

@@ -21,6 +21,7 @@ typedef NS_ENUM(NSInteger, NSPopoverBehavior) {
 @property NSSize contentSize;
 @property (retain) NSViewController *contentViewController;
 @property (weak) id<NSPopoverDelegate> delegate;
+@property NSRect positioningRect;
 @property (getter=isShown, readonly) BOOL shown;
 - (void)showRelativeToRect:(NSRect)rect ofView:(NSView *)view preferredEdge:(NSRectEdge)edge;
 - (void)close;
