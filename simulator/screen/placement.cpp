@@ -38,8 +38,11 @@ Rect popoverFrame(Size size, Rect area, const ScreenSpec& screen) {
     return {x, y, size.width, std::min(size.height, std::max(0.0, screen.frame.maxY() - edgeMargin - y))};
 }
 
+/// Items and titles may be lower than the menu bar, but their menus begin where it ends.
 Rect menuFrame(Size size, Rect area, const ScreenSpec& screen) {
-    return {kept(area.minX(), screen.frame.minX(), screen.frame.maxX() - size.width), area.maxY(), size.width,
+    const double barBottom = screen.frame.minY() + screen.menuBarHeight;
+    const double top = area.minY() < barBottom ? std::max(area.maxY(), barBottom) : area.maxY();
+    return {kept(area.minX(), screen.frame.minX(), screen.frame.maxX() - size.width), top, size.width,
             size.height};
 }
 

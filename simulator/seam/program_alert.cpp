@@ -15,7 +15,18 @@ using tavrin::text;
 namespace {
 
 constexpr double contentWidth = 300;
+constexpr double padding = 20;
 constexpr double iconSize = 64;
+constexpr double buttonHeight = 28;
+
+/// All are as wide as the text, so that none says more by its size than by being the default.
+View alertButton(std::string title, std::function<void()> press, bool isDefault) {
+    const auto style = isDefault ? ButtonStyle::Prominent : ButtonStyle::Bordered;
+    auto view = tavrin::button(std::move(title), std::move(press), {.style = style, .isDefault = isDefault});
+    view.width = contentWidth - 2 * padding;
+    view.height = buttonHeight;
+    return view;
+}
 
 } // namespace
 
@@ -45,13 +56,10 @@ View ProgramAlert::content(const AlertQuestion& question) {
     std::vector<KeyAction> keys;
     for (std::size_t i = 0; i < question.buttons.size(); ++i) {
         const auto press = [this, i] { answer(i); };
-        auto button = tavrin::button(
-            question.buttons[i], press,
-            {.style = i == 0 ? ButtonStyle::Prominent : ButtonStyle::Bordered, .isDefault = i == 0});
-        children.push_back(std::move(button));
+        children.push_back(alertButton(question.buttons[i], press, i == 0));
         if (question.buttons[i] == "Cancel") keys.push_back({"escape", press});
     }
-    auto view = column(std::move(children), {.padding = 20, .width = contentWidth, .isCentered = true});
+    auto view = column(std::move(children), {.padding = padding, .width = contentWidth, .isCentered = true});
     view.keyActions = std::move(keys);
     return view;
 }

@@ -180,6 +180,31 @@ TEST_F(Surfaces, menuOfTheProgramTracksUntilChosen) {
     EXPECT_EQ(takeLog(), (Log{"third", "first"}));
 }
 
+TEST_F(Surfaces, menusBeginWhereTheMenuBarEnds) {
+    const auto topOfMenu = [&](const char* owner) {
+        const auto top = mac.surfacesOf(owner).at(0)["frame"][1];
+        mac.done({{"do", "key"}, {"key", "escape"}});
+        return top.get<double>();
+    };
+    const double barHeight = mac.look()["screens"][0]["menuBarHeight"];
+    ASSERT_LT(probe.item->frame()->maxY(), barHeight) << "an item is lower than the bar";
+    popUpMenu();
+    EXPECT_EQ(topOfMenu(tavrinBundle), barHeight);
+    mac.done({{"do", "perform"}, {"menuTitle", 2}});
+    EXPECT_EQ(topOfMenu("com.apple.finder"), barHeight);
+}
+
+TEST_F(Surfaces, buttonsOfAnAlertAreOfOneSize) {
+    const auto alert = probe.platform->presentation.showAlert({.messageText = "Sure?",
+                                                               .informativeText = "Really?",
+                                                               .buttons = {"Do What Was Said", "No"},
+                                                               .icon = std::nullopt},
+                                                              [](std::size_t) {});
+    const auto yes = mac.find("Do What Was Said").at(0)["frame"];
+    const auto no = mac.find("No").at(0)["frame"];
+    EXPECT_EQ((json{yes[0], yes[2], yes[3]}), (json{no[0], no[2], no[3]}));
+}
+
 TEST_F(Surfaces, otherApplicationsOpenTheirMenus) {
     mac.done({{"do", "menu"}, {"path", {"Finder", "About Finder"}}});
     mac.done({{"do", "menu"}, {"path", {"View", "Sort By", "Kind"}}});

@@ -19,11 +19,11 @@ export function menuEntry(entry, corner, state, address) {
     h("span", { class: "mark", "aria-hidden": "true" }, markOf(entry)),
     entry.icon && h("span", { class: "icon", "aria-hidden": "true" }, applicationIcon(entry.icon, state)),
     h("span", { class: "title", dir: "auto", style: { "letter-spacing": `${fitting(entry.text ?? "", "body", roomFor(entry))}px` } }, entry.text ?? ""),
-    h("span", { class: "trailing", "aria-hidden": "true" },
+    (entry.submenu || entry.key) && h("span", { class: "trailing", "aria-hidden": "true" },
         entry.submenu ? icon("chevron-right") : entry.key && h("kbd", {}, entry.key)));
 }
 
-const [markWidth, edgeWidth, iconWidth, gapWidth, keyWidth] = [24, 14, 22, 8, 9];
+const [markWidth, edgeWidth, iconWidth, gapWidth, keyWidth] = [22, 14, 22, 8, 9];
 
 function roomFor({ frame, icon: hasIcon, submenu, key }) {
     const trailing = submenu ? gapWidth + keyWidth : key ? gapWidth + keyWidth * key.length : 0;
