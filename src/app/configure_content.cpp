@@ -5,6 +5,7 @@
 #include "ui/configure_model.h"
 #include "ui/configure_texts.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,11 +24,17 @@ ConfigureModel::Actions actionsOn(MenuBarManager& manager) {
             .viewChanged = [&manager] { manager.configureViewChanged(); }};
 }
 
+/// From left to right, as the person sees them in the menu bar; items at one place keep their order.
+std::vector<MenuBarItem> asInMenuBar(std::vector<MenuBarItem> items) {
+    std::ranges::stable_sort(items, {}, [](const MenuBarItem& item) { return item.snapshot.frame.x; });
+    return items;
+}
+
 ConfigureModel modelOf(MenuBarManager& manager) {
     const auto& state = manager.state();
     return {.texts = configureTexts(manager.runtimeMode(), manager.collapsePolicy()),
-            .visibleItems = manager.visibleItems(),
-            .hiddenItems = manager.hiddenItems(),
+            .visibleItems = asInMenuBar(manager.visibleItems()),
+            .hiddenItems = asInMenuBar(manager.hiddenItems()),
             .isTrusted = manager.permission().isTrusted(),
             .isScanning = state.isScanning.get(),
             .hasScanned = manager.hasCompletedScan(),

@@ -19,6 +19,20 @@ TEST(ConfigureWindow, rowsMoveByDragMenuAndKeyboard) {
     EXPECT_TRUE(isStoredAsHidden(mac, notes));
 }
 
+TEST(ConfigureWindow, listsItemsAsTheyStandInTheMenuBar) {
+    auto mac = started(trustedMac("notched-laptop"), 4);
+    answerHint(mac);
+    openConfigure(mac);
+    double previous = 0;
+    for (const char* name : {"VPN", "Sound", "Spotlight", "Battery", "Wi-Fi"}) {
+        const auto rows = mac.find(name);
+        ASSERT_FALSE(rows.empty()) << name;
+        const double top = rows.front()["frame"][1];
+        EXPECT_GT(top, previous) << name;
+        previous = top;
+    }
+}
+
 TEST(ConfigureWindow, staysOnTheScreenWithManyItemsAndLongNames) {
     const std::string longName = "An application whose maker could not stop when it came to finding a name ";
     auto mac = started(crowdOnTheVisibleSide(100, longName), 3);
