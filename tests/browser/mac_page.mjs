@@ -6,7 +6,7 @@ import { tmpdir } from "node:os";
 import { join } from "node:path";
 
 export const tavrin = "org.tavrin.Tavrin";
-const patience = 20; // seconds, of a machine that has other things to do
+const patience = 60; // seconds, of a machine that has other things to do
 
 export class MacServer {
     static async start(program, { desktop = "notched-laptop", port = 0, profile } = {}) {
@@ -88,6 +88,7 @@ export class MacPage {
     }
 
     async dragWithCommand(locator, dx, dy = 0) {
+        await this.still();
         const box = await locator.boundingBox();
         const [x, y] = [box.x + box.width / 2, box.y + box.height / 2];
         await this.page.keyboard.down("Meta");
@@ -102,7 +103,7 @@ export class MacPage {
         await this.control.click({ button: "right" });
         await this.entry("Configure Items").click();
         await this.room.getByRole("heading", { name: "Menu Bar Items" }).waitFor();
-        await this.still();
+        await this.handIsStill();
     }
 
     // Until what has appeared or moved stands where it belongs; what turns round and round doesn't count.
@@ -125,6 +126,7 @@ export class MacPage {
 
     // Drags the row of an item by its name, which stands left of its button, onto a section.
     async dragRow(item, section) {
+        await this.still();
         const row = this.room.locator(".draggable", { hasText: item }).first();
         const from = await row.boundingBox();
         const to = await this.room.getByText(section, { exact: true }).first().boundingBox();

@@ -6,7 +6,7 @@ import { MacPage, MacServer } from "./mac_page.mjs";
 import { scenarios } from "./scenarios.mjs";
 
 const [program, word = ""] = process.argv.slice(2);
-const secondsMax = 180; // for one scenario
+const secondsMax = 400; // for one scenario
 
 async function play(scenario, browser) {
     let mac = null;

@@ -27,7 +27,12 @@ export function applicationIcon(bundle, state) {
     const symbol = symbolOfApplication[bundle] ?? item?.symbol;
     const picture = symbol ? pictureFor(symbol) : null;
     return h("span", { class: `tile${greyApplications.includes(bundle) ? " grey" : ""}`, style: { "--hue": String(hueOf(bundle)) } },
-        picture ? icon(picture) : h("b", {}, initialOf(item?.name ?? bundle.split(".").at(-1))));
+        picture ? icon(picture) : h("b", {}, initialOf(nameOf(bundle, state))));
+}
+
+function nameOf(bundle, state) {
+    const application = state?.surroundings?.applications.find(({ id }) => id === bundle);
+    return application?.name ?? bundle.split(".").at(-1);
 }
 
 // The first letter that shows; a name of blanks has none.

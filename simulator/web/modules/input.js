@@ -1,5 +1,6 @@
 import { send } from "./commands.js";
 import { focusMenuBar, moveInMenuBar } from "./menu_bar_focus.js";
+import { Touch } from "./touch.js";
 
 // What the person does with pointer and keyboard over the displays goes to the Mac as it happens; the browser itself
 // reacts to nothing there.
@@ -35,10 +36,12 @@ export class Input {
         this.desk = desk;
         this.room = room;
         this.isCommandHeld = false;
-        room.addEventListener("pointermove", (event) => this.moved(event));
-        room.addEventListener("pointerdown", (event) => this.pressed(event));
-        room.addEventListener("pointerup", (event) => this.released(event));
-        room.addEventListener("pointercancel", (event) => this.released(event));
+        this.held = new Set(); // buttons
+        this.touch = new Touch(this, room);
+        room.addEventListener("pointermove", (event) => this.receiverOf(event).moved(event));
+        room.addEventListener("pointerdown", (event) => this.receiverOf(event).pressed(event));
+        room.addEventListener("pointerup", (event) => this.receiverOf(event).released(event));
+        room.addEventListener("pointercancel", (event) => this.receiverOf(event).cancelled(event));
         room.addEventListener("contextmenu", (event) => event.preventDefault());
         room.addEventListener("dragstart", (event) => event.preventDefault());
         room.addEventListener("wheel", (event) => this.scrolled(event), { passive: false });
@@ -51,30 +54,58 @@ export class Input {
         return held;
     }
 
+    receiverOf(event) {
+        return event.pointerType === "touch" ? this.touch : this;
+    }
+
     // Browsers give one move for each picture that they draw.
     moved(event) {
+        this.move(event);
+    }
+
+    pressed(event) {
+        const button = buttonNames[event.button];
+        if (!button) return;
+        event.preventDefault();
+        this.room.setPointerCapture(event.pointerId);
+        this.press(event, button);
+    }
+
+    released(event) {
+        const button = buttonNames[event.button];
+        if (button) this.release(event, button);
+    }
+
+    cancelled(event) {
+        for (const button of this.held) this.release(event, button);
+    }
+
+    move(event) {
         const at = this.desk.pointAt(event);
         if (!at) return;
         this.desk.hand = at;
         send({ do: "move", at });
     }
 
-    pressed(event) {
-        const button = buttonNames[event.button];
+    press(event, button) {
         const at = this.desk.pointAt(event);
-        if (!button || !at) return;
-        event.preventDefault();
+        if (!at) return;
         this.room.focus({ preventScroll: true });
-        this.room.setPointerCapture(event.pointerId);
         this.desk.hand = at;
+        this.held.add(button);
         send({ do: "down", at, button, modifiers: this.modifiers(event) });
     }
 
-    released(event) {
-        const button = buttonNames[event.button];
+    release(event, button) {
         const at = this.desk.pointAt(event);
-        if (!button || !at) return;
-        send({ do: "up", at, button });
+        this.held.delete(button);
+        if (at) send({ do: "up", at, button });
+    }
+
+    // Pixels of the window; positive shows what lies further down.
+    scroll(event, pixels) {
+        this.move(event);
+        return send({ do: "scroll", dy: -pixels / this.desk.scale, precise: true });
     }
 
     // Over the Mac the wheel belongs to what is under the pointer. What the Mac has no use for moves the page itself, where
@@ -83,8 +114,7 @@ export class Input {
         event.preventDefault();
         const { deltaX, deltaY } = event;
         if (event.ctrlKey) return this.desk.zoom.change(this.desk.zoom.factor * Math.exp(-deltaY / 300));
-        const at = this.desk.pointAt(event);
-        const reply = at && deltaY !== 0 ? await send({ do: "scroll", dy: -deltaY / this.desk.scale, precise: true }) : {};
+        const reply = deltaY !== 0 && this.desk.pointAt(event) ? await this.scroll(event, deltaY) : {};
         if (!reply.handled) this.room.scrollBy(deltaX, deltaY);
     }
 
