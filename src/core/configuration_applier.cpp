@@ -56,7 +56,9 @@ Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilCancelled() 
     co_await prepare();
     if (co_await isCancelled()) co_return std::nullopt;
     Failures failures;
-    if (uses_.mechanism.placesByPosition()) failures = co_await uses_.placer.placeAll();
+    // After a scan that was denied nothing is known of where items are; the collapse says so.
+    const bool canPlace = uses_.mechanism.placesByPosition() && uses_.inventory.hasCompletedScan();
+    if (canPlace) failures = co_await uses_.placer.placeAll();
     if (co_await isCancelled()) co_return std::nullopt;
     sign.reset();
     co_return co_await finish(std::move(failures));

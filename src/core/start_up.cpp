@@ -18,13 +18,15 @@ constexpr Seconds startUpWait{0.5};
 StartUp::StartUp(const Platform& platform, AccessibilityPermission& permission, HidingCore& core,
                  FirstRunHint& hint, ConfigurePresentation& configure)
     : platform_(platform)
+    , permission_(permission)
     , core_(core)
     , hint_(hint)
     , configure_(configure)
     , firstRun_(core.settings)
     , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
         if (isTrusted) refreshItems();
-    })) {}
+    }))
+    , scanObservation_(core.inventory.onScanCompleted([this](const ScanResult& scan) { noteScan(scan); })) {}
 
 void StartUp::begin() { startUpTask_ = start(platform_.scheduler, perform()); }
 
@@ -34,6 +36,16 @@ void StartUp::cancel() {
     startUpTask_.cancel();
     refreshTask_.cancel();
     firstRunTask_.cancel();
+    nextScanTask_.cancel();
+}
+
+void StartUp::noteScan(const ScanResult& scan) {
+    const bool isRefusedInSpiteOfTrust = scan.isDenied && permission_.isTrusted();
+    if (isRefusedInSpiteOfTrust) nextScanTask_ = start(platform_.scheduler, refreshLater());
+}
+
+Task<> StartUp::refreshLater() {
+    if (co_await sleepFor(refusedScanWait) == Wake::Due) refreshItems();
 }
 
 Task<> StartUp::perform() {

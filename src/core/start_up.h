@@ -13,7 +13,8 @@ namespace tavrin {
 
 /// Brings the menu bar to its initial state: hidden, shown, or, on a fresh install, with everything hidden
 /// that can be, as soon as a scan has told what there is. Also scans when the user or macOS asks for it,
-/// since that first scan may have to wait for permission. Main thread.
+/// since that first scan may have to wait for permission, and again after one that macOS has refused. Main
+/// thread.
 class StartUp {
   public:
     StartUp(const Platform& platform, AccessibilityPermission& permission, HidingCore& core,
@@ -28,25 +29,33 @@ class StartUp {
     void cancel();
 
   private:
+    /// A trust flag that lags behind the messages has its new value by then, or is asked again.
+    static constexpr Seconds refusedScanWait{1.0};
+
     Task<> perform();
     Task<> showInitialState();
     Task<> refreshAndFinishFirstRun();
     Task<> restoreCollapsedState();
     void applyFirstRunDefaultIfReady();
     bool hasUserConfigured() const;
+    void noteScan(const ScanResult& scan);
+    Task<> refreshLater();
     void hideWhatCanBeHidden();
     Task<> applyFirstRunDefault();
 
     const Platform& platform_;
+    AccessibilityPermission& permission_;
     HidingCore& core_;
     FirstRunHint& hint_;
     ConfigurePresentation& configure_;
     FirstRunState firstRun_;
     bool isAwaitingFirstRunDefault_ = false;
     Subscription permissionObservation_;
+    Subscription scanObservation_;
     Job<> startUpTask_;
     Job<> refreshTask_;
     Job<> firstRunTask_; // a refresh begins it, and later ones don't end it
+    Job<> nextScanTask_;
 };
 
 } // namespace tavrin

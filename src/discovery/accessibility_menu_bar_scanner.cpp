@@ -4,6 +4,7 @@
 #include "discovery/extras_presence_results.h"
 #include "discovery/menu_bar_item_scan_policy.h"
 #include "discovery/system_menu_extra_catalog.h"
+#include "platform/accessibility_names.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -41,25 +42,42 @@ AccessibilityMenuBarScanner::AccessibilityMenuBarScanner(Scheduler& scheduler, A
     , workspace_(workspace)
     , text_(text) {}
 
-std::vector<MenuBarItemSnapshot>
+std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
 AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> applications, double boundaryX,
                                   const AbandonFlag& abandoned) const {
     std::vector<MenuBarItemSnapshot> items;
+    std::optional<ReadFailure> failure;
+    std::optional<ProcessIdentifier> lastThatAnswered;
     for (const auto& application : applications) {
         const auto records =
             menuBarItemRecords(application.processIdentifier, application.bundleIdentifier, abandoned);
-        std::ranges::move(snapshots(application, records, boundaryX), std::back_inserter(items));
+        if (records) {
+            lastThatAnswered = application.processIdentifier;
+            std::ranges::move(snapshots(application, *records, boundaryX), std::back_inserter(items));
+        } else {
+            failure = records.error();
+        }
     }
+    if (abandoned.isRaised()) return std::unexpected(ReadFailure::Abandoned);
+    // An access that was revoked in mid-scan fails from then on with everybody, at once or by time-outs,
+    // while the trust flag may still tell of trust.
+    if (failure && !(lastThatAnswered && answers(*lastThatAnswered))) return std::unexpected(*failure);
     MenuBarItemScanPolicy::sort(items, text_);
     return items;
 }
 
-std::vector<AccessibilityMenuBarScanner::ItemRecord>
+bool AccessibilityMenuBarScanner::answers(ProcessIdentifier process) const {
+    return readOne<AccessibilityElement>(accessibility_, accessibility_.application(process),
+                                         ax::extrasMenuBar, messagingTimeout)
+        .has_value();
+}
+
+AccessibilityMenuBarScanner::Records
 AccessibilityMenuBarScanner::menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
                                                 const AbandonFlag& abandoned) const {
     auto elements = ApplicationReader(accessibility_, messagingTimeout, abandoned)
                         .readItems(process, barsOf(bundleIdentifier));
-    if (!elements) return {};
+    if (!elements) return std::unexpected(elements.error());
     std::vector<ItemCandidate> candidates;
     for (auto& element : *elements) candidates.push_back(candidate(std::move(element), bundleIdentifier));
     if (bundleIdentifier == systemUserInterfaceServer) identifyByPosition(candidates);
@@ -162,13 +180,14 @@ AccessibilityMenuBarScanner::presence(const RunningApplicationSnapshot& applicat
 std::optional<AccessibilityElement>
 AccessibilityMenuBarScanner::resolveElement(const MenuBarItemSnapshot& snapshot) const {
     const auto records = menuBarItemRecords(snapshot.processIdentifier, snapshot.bundleIdentifier, {});
+    if (!records) return std::nullopt;
     std::vector<std::optional<std::string>> canonical;
-    for (const auto& record : records) canonical.push_back(record.canonicalIdentifier);
+    for (const auto& record : *records) canonical.push_back(record.canonicalIdentifier);
     const auto index = MenuBarItemScanPolicy::fallbackItemIndex(snapshot.bundleIdentifier, canonical,
                                                                 snapshot.accessibilityIdentifier,
                                                                 snapshot.statusItemIndex, text_);
     if (!index) return std::nullopt;
-    return records[*index].element;
+    return (*records)[*index].element;
 }
 
 } // namespace tavrin

@@ -4,6 +4,7 @@
 #include "concurrency/waits.h"
 #include "discovery/menu_bar_item.h"
 
+#include <expected>
 #include <optional>
 #include <span>
 #include <string>
@@ -47,9 +48,11 @@ class AccessibilityMenuBarScanner {
                                 const Workspace& workspace, const Text& text);
 
     /// The items of just these applications, in the order of MenuBarItemScanPolicy::sort. What lies left of
-    /// `boundaryX` is hidden. Ends early, with what it has, when `abandoned` is raised.
-    std::vector<MenuBarItemSnapshot> scan(std::span<const RunningApplicationSnapshot> applications,
-                                          double boundaryX, const AbandonFlag& abandoned = {}) const;
+    /// `boundaryX` is hidden. The error is that macOS refuses the messages, so that nothing is known, or that
+    /// `abandoned` was raised. One application that fails while others answer is no such error.
+    std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
+    scan(std::span<const RunningApplicationSnapshot> applications, double boundaryX,
+         const AbandonFlag& abandoned = {}) const;
 
     /// Counts the items of the applications that are not Apple's, all at once, in the order of the
     /// applications.
@@ -72,8 +75,11 @@ class AccessibilityMenuBarScanner {
         std::optional<std::string> canonicalIdentifier;
     };
 
-    std::vector<ItemRecord> menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
-                                               const AbandonFlag& abandoned) const;
+    using Records = std::expected<std::vector<ItemRecord>, ReadFailure>;
+
+    Records menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
+                               const AbandonFlag& abandoned) const;
+    bool answers(ProcessIdentifier process) const;
     ItemCandidate candidate(MenuBarElement element, std::string_view bundleIdentifier) const;
     void identifyByPosition(std::vector<ItemCandidate>& candidates) const;
     std::vector<MenuBarItemSnapshot> snapshots(const RunningApplicationSnapshot& application,

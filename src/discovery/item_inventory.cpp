@@ -42,15 +42,15 @@ Task<> ItemInventory::scanUntilCurrent() {
 }
 
 Task<> ItemInventory::scanOnce() {
-    if (isDenied()) co_return publish({.items = {}, .isDenied = true});
+    if (isDenied()) co_return tellOfDenial();
     auto found = co_await runOn(*queue_, [&scanner = scanner_, applications = applicationsToScan(),
                                           boundaryX = boundaryX_()](const AbandonFlag& abandoned) {
         return scanner.scan(applications, boundaryX, abandoned);
     });
     if (!found) co_return;
     // A reading during which the trust was lost may have missed items.
-    if (isDenied()) co_return publish({.items = {}, .isDenied = true});
-    publish({.items = std::move(*found)});
+    if (isDenied() || !*found) co_return tellOfDenial();
+    publish({.items = std::move(**found)});
 }
 
 bool ItemInventory::isDenied() {
@@ -75,9 +75,14 @@ void ItemInventory::publish(ScanResult result) {
     std::vector<MenuBarItem> items;
     for (const auto& snapshot : result.items)
         items.push_back({snapshot, IconOfApplication{snapshot.bundleIdentifier}});
-    hasCompletedScan_ = !result.isDenied;
+    hasCompletedScan_ = true;
     items_.set(std::move(items));
     scanCompleted_.emit(result);
+}
+
+void ItemInventory::tellOfDenial() {
+    hasCompletedScan_ = false;
+    scanCompleted_.emit({.items = {}, .isDenied = true});
 }
 
 } // namespace tavrin

@@ -34,7 +34,7 @@ class ItemInventory {
     bool hasCompletedScan() const { return hasCompletedScan_; }
 
     /// Fires at the end of every scan, also of one that found what was known, or was denied. `items` is up to
-    /// date by then.
+    /// date by then; a denied scan leaves them as they were.
     Subscription onScanCompleted(std::function<void(const ScanResult&)> handler) {
         return scanCompleted_.subscribe(std::move(handler));
     }
@@ -49,6 +49,7 @@ class ItemInventory {
     void invalidate();
     std::vector<RunningApplicationSnapshot> applicationsToScan() const;
     void publish(ScanResult result);
+    void tellOfDenial();
 
     const Platform& platform_;
     AccessibilityPermission& permission_;

@@ -9,7 +9,7 @@ namespace tavrin {
 /// The result of one scan of the menu bar.
 struct ScanResult {
     std::vector<MenuBarItemSnapshot> items; // of other applications, in the order of the menu bar
-    bool isDenied = false;                  // without Accessibility trust nothing is known
+    bool isDenied = false; // nothing is known: no Accessibility trust, or macOS refused the messages
 };
 
 } // namespace tavrin

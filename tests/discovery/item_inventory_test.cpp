@@ -74,6 +74,43 @@ TEST_F(ItemInventoryTest, aDeniedScanKnowsNothing) {
     EXPECT_FALSE(inventory->hasCompletedScan());
 }
 
+TEST_F(ItemInventoryTest, aScanThatMacOSRefusesLeavesTheListAsItWas) {
+    scan();
+    ASSERT_TRUE(inventory->hasCompletedScan());
+    for (const auto error : {AccessibilityError::ApiDisabled, AccessibilityError::CannotComplete}) {
+        accessibility.nodes[501].error = error;
+        scan();
+        EXPECT_TRUE(results.back().isDenied);
+        EXPECT_FALSE(inventory->hasCompletedScan()) << "whatever the trust flag says";
+        EXPECT_EQ(inventory->items().get().size(), 1u);
+    }
+    accessibility.nodes[501].error.reset();
+    scan();
+    EXPECT_TRUE(inventory->hasCompletedScan());
+}
+
+TEST_F(ItemInventoryTest, oneApplicationThatFailsIsNoRefusal) {
+    (void)mac->processes().launch(mac_model::applicationSpec("org.example.p600", 600));
+    settle();
+    for (const auto error : {AccessibilityError::ApiDisabled, AccessibilityError::CannotComplete}) {
+        accessibility.nodes[600].error = error;
+        scan();
+        EXPECT_TRUE(inventory->hasCompletedScan());
+        EXPECT_EQ(inventory->items().get().size(), 1u);
+    }
+}
+
+TEST_F(ItemInventoryTest, accessThatIsLostInMidScanIsARefusal) {
+    (void)mac->processes().launch(mac_model::applicationSpec("org.example.p600", 600));
+    settle();
+    accessibility.nodes[600].error = AccessibilityError::ApiDisabled;
+    accessibility.beforeMessage = [&](int number) {
+        if (number == 600) accessibility.nodes[501].error = AccessibilityError::ApiDisabled;
+    };
+    scan();
+    EXPECT_TRUE(results.back().isDenied) << "the first application has answered, but does no longer";
+}
+
 TEST_F(ItemInventoryTest, lostTrustMakesTheListVoidWithoutAScan) {
     scan();
     EXPECT_TRUE(inventory->hasCompletedScan());

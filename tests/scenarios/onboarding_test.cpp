@@ -105,5 +105,31 @@ TEST(Onboarding, closedDuringTheFarewellTavrinStartsOnce) {
     EXPECT_EQ(mac.itemsOf(tavrinBundle).size(), 2u);
 }
 
+/// Access is taken away just before the scan, while the trust flag still tells of it.
+TEST(Onboarding, aScanThatMacOSRefusesIsNoGroundForADefaultLayout) {
+    for (const char* failure : {"apiDisabled", "timesOut"}) {
+        auto options = trustedMac("notched-laptop");
+        options.model = {{"permissionNotice", "stale"}, {"revokedAccess", failure}};
+        auto mac = started(options, 0.45);
+        mac.set("trusted", false);
+        mac.wait(15);
+        EXPECT_EQ(storedText(mac, "Skerrow.didPresentInitialConfiguration"), "absent") << failure;
+        EXPECT_FALSE(isCollapsed(mac));
+        mac.set("trusted", true);
+        mac.wait(10);
+        EXPECT_TRUE(isCollapsed(mac)) << "with access the default layout follows";
+    }
+}
+
+TEST(Onboarding, aRefusedScanIsMadeAgainWhenTheTrustFlagTellsNothingNew) {
+    auto mac = started(trustedMac("notched-laptop"), 0.45);
+    mac.set("model", {{"permissionNotice", "stale"}});
+    mac.set("trusted", false);
+    mac.wait(0.3); // and back before the flag has told of it
+    mac.set("trusted", true);
+    mac.wait(10);
+    EXPECT_TRUE(isCollapsed(mac));
+}
+
 } // namespace
 } // namespace mac_model

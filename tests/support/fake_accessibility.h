@@ -31,16 +31,14 @@ class FakeAccessibility final : public Accessibility {
     void setMessagingTimeout(const AccessibilityElement&, Seconds) override {}
 
     AttributeResult attribute(const AccessibilityElement& element, std::string_view name) override {
-        ++messages;
-        const auto& node = nodes[number(element)];
+        const auto& node = receive(element);
         if (node.error) return std::unexpected(*node.error);
         return value(node, name);
     }
 
     std::expected<std::vector<AttributeResult>, AccessibilityError>
     attributes(const AccessibilityElement& element, std::span<const std::string_view> names) override {
-        ++messages;
-        const auto& node = nodes[number(element)];
+        const auto& node = receive(element);
         if (node.error) return std::unexpected(*node.error);
         std::vector<AttributeResult> results;
         for (const auto name : names) results.push_back(value(node, name));
@@ -49,8 +47,7 @@ class FakeAccessibility final : public Accessibility {
 
     std::expected<std::vector<std::string>, AccessibilityError>
     actionNames(const AccessibilityElement& element) override {
-        ++messages;
-        const auto& node = nodes[number(element)];
+        const auto& node = receive(element);
         if (node.error) return std::unexpected(*node.error);
         return node.actions;
     }
@@ -83,6 +80,7 @@ class FakeAccessibility final : public Accessibility {
 
     std::map<int, Node> nodes;
     int messages = 0;
+    std::function<void(int number)> beforeMessage = [](int) {};
     bool trusted = true;
 
   private:
@@ -97,6 +95,12 @@ class FakeAccessibility final : public Accessibility {
 
         int number;
     };
+
+    const Node& receive(const AccessibilityElement& element) {
+        ++messages;
+        beforeMessage(number(element));
+        return nodes[number(element)];
+    }
 
     static AttributeResult value(const Node& node, std::string_view name) {
         if (const auto error = node.slotErrors.find(name); error != node.slotErrors.end())
