@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -123,8 +124,13 @@ matchCanonicalIdentifiers(std::span<const SystemMenuExtraDescriptor> descriptors
         identifiers[0] = descriptors[0].canonicalIdentifier;
         return identifiers;
     }
-    const auto hasPosition = [](const auto& descriptor) { return descriptor.preferredPosition.has_value(); };
-    if (!std::ranges::all_of(descriptors, hasPosition)) return identifiers;
+    // Both are others' words, and what is no number has no place in an order.
+    const auto hasPosition = [](const auto& descriptor) {
+        return descriptor.preferredPosition && std::isfinite(*descriptor.preferredPosition);
+    };
+    const auto hasPlace = [](const Rect& frame) { return frame.isFinite(); };
+    if (!std::ranges::all_of(descriptors, hasPosition) || !std::ranges::all_of(itemFrames, hasPlace))
+        return identifiers;
 
     auto byPosition = indicesUpTo(descriptors.size());
     std::ranges::stable_sort(byPosition, {},

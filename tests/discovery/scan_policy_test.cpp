@@ -155,5 +155,18 @@ TEST(SystemMenuExtraCatalogTest, matchesExtrasToFramesOnlyWhenCertain) {
     EXPECT_EQ(Catalog::matchCanonicalIdentifiers(one, std::span(frames).first(1)), Identifiers{"only"});
 }
 
+TEST(SystemMenuExtraCatalogTest, whatIsNoNumberIsNeverPutInOrder) {
+    namespace Catalog = SystemMenuExtraCatalog;
+    for (const double wrong :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+        const std::vector<SystemMenuExtraDescriptor> two{{"ten", 10}, {"far", 250}};
+        const std::vector<Rect> frames{{900, 0, 20, 20}, {wrong, 0, 20, 20}};
+        EXPECT_EQ(Catalog::matchCanonicalIdentifiers(two, frames), Identifiers(2));
+        const std::vector<SystemMenuExtraDescriptor> unplaced{{"ten", 10}, {"far", wrong}};
+        EXPECT_EQ(Catalog::matchCanonicalIdentifiers(unplaced, std::vector<Rect>(2, frames[0])),
+                  Identifiers(2));
+    }
+}
+
 } // namespace
 } // namespace tavrin
