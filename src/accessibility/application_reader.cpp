@@ -11,8 +11,8 @@ namespace tavrin {
 
 namespace {
 
-constexpr std::array itemAttributes{ax::role,        ax::children, ax::identifier, ax::title,
-                                    ax::description, ax::help,     ax::position,   ax::size};
+constexpr std::array itemAttributes{ax::role,        ax::subrole, ax::children, ax::identifier, ax::title,
+                                    ax::description, ax::help,    ax::position, ax::size};
 
 struct HashOfElement {
     std::size_t operator()(const AccessibilityElement& element) const { return element.hash(); }
@@ -28,17 +28,16 @@ ApplicationReader::ApplicationReader(Accessibility& accessibility, Seconds messa
 
 std::expected<std::vector<MenuBarElement>, ReadFailure>
 ApplicationReader::readItems(ProcessIdentifier process, Bars bars) const {
-    const auto bar = findBar(process, bars);
-    if (!bar) return std::unexpected(bar.error());
-    if (!*bar) return std::vector<MenuBarElement>{};
-    return walk(**bar);
-}
-
-ApplicationReader::BarResult ApplicationReader::findBar(ProcessIdentifier process, Bars bars) const {
     const auto application = accessibility_.application(process);
     const auto extras = readBar(application, ax::extrasMenuBar);
-    if (!extras || *extras || bars == Bars::Extras) return extras;
-    return readBar(application, ax::menuBar);
+    if (!extras || *extras || bars == Bars::Extras) return itemsIn(extras, ItemsOfBar::All);
+    const bool hasTitles = bars == Bars::ExtrasElseExtrasInMenuBar;
+    return itemsIn(readBar(application, ax::menuBar), hasTitles ? ItemsOfBar::MenuExtras : ItemsOfBar::All);
+}
+
+ApplicationReader::Items ApplicationReader::itemsIn(const BarResult& bar, ItemsOfBar wanted) const {
+    if (!bar) return std::unexpected(bar.error());
+    return *bar ? walk(**bar, wanted) : std::vector<MenuBarElement>{};
 }
 
 ApplicationReader::BarResult ApplicationReader::readBar(const AccessibilityElement& application,
@@ -47,8 +46,7 @@ ApplicationReader::BarResult ApplicationReader::readBar(const AccessibilityEleme
     return readOne<AccessibilityElement>(accessibility_, application, attribute, timeout_);
 }
 
-std::expected<std::vector<MenuBarElement>, ReadFailure>
-ApplicationReader::walk(const AccessibilityElement& bar) const {
+ApplicationReader::Items ApplicationReader::walk(const AccessibilityElement& bar, ItemsOfBar wanted) const {
     std::vector<MenuBarElement> items;
     std::unordered_set<AccessibilityElement, HashOfElement> visited;
     std::vector<Pending> stack{{bar, 0}};
@@ -59,7 +57,7 @@ ApplicationReader::walk(const AccessibilityElement& bar) const {
         auto seen = visit(element);
         if (!seen) return std::unexpected(seen.error());
         if (seen->element.role == ax::menuBarItemRole) {
-            items.push_back(std::move(seen->element));
+            if (wanted == ItemsOfBar::All || seen->isMenuExtra) items.push_back(std::move(seen->element));
         } else {
             pushChildren(stack, *seen, depth, visited.size());
         }
@@ -86,6 +84,7 @@ ApplicationReader::visit(const AccessibilityElement& element) const {
                              .description = attributes->as<std::string>(ax::description),
                              .help = attributes->as<std::string>(ax::help),
                              .reportedFrame = attributes->frame()},
+                 .isMenuExtra = attributes->as<std::string>(ax::subrole) == ax::menuExtraSubrole,
                  .children = attributes->elements(ax::children)};
 }
 

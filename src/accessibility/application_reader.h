@@ -30,8 +30,9 @@ struct MenuBarElement {
 /// one time-out: the first message that cannot be completed ends the reading. Off the main thread.
 class ApplicationReader {
   public:
-    /// Where an application's status items are looked for. Some of Apple's have them in their only menu bar.
-    enum class Bars { Extras, ExtrasElseMenuBar };
+    /// Where an application's status items are looked for. Some of Apple's have them in their only menu bar;
+    /// in that of a regular application titles stand, of which only the subrole tells an item.
+    enum class Bars { Extras, ExtrasElseMenuBar, ExtrasElseExtrasInMenuBar };
 
     /// Bounds of the walk, so that a broken or hostile tree ends.
     static constexpr int depthMax = 12;
@@ -48,6 +49,7 @@ class ApplicationReader {
   private:
     struct Visit {
         MenuBarElement element;
+        bool isMenuExtra;
         AccessibilityElements children;
     };
 
@@ -56,11 +58,16 @@ class ApplicationReader {
         int depth;
     };
 
+    /// Which elements of a bar are status items.
+    enum class ItemsOfBar { All, MenuExtras };
+
     using BarResult = std::expected<std::optional<AccessibilityElement>, ReadFailure>;
 
-    BarResult findBar(ProcessIdentifier process, Bars bars) const;
+    using Items = std::expected<std::vector<MenuBarElement>, ReadFailure>;
+
     BarResult readBar(const AccessibilityElement& application, std::string_view attribute) const;
-    std::expected<std::vector<MenuBarElement>, ReadFailure> walk(const AccessibilityElement& bar) const;
+    Items itemsIn(const BarResult& bar, ItemsOfBar wanted) const;
+    Items walk(const AccessibilityElement& bar, ItemsOfBar wanted) const;
     std::expected<Visit, ReadFailure> visit(const AccessibilityElement& element) const;
     static void pushChildren(std::vector<Pending>& stack, const Visit& parent, int depth,
                              std::size_t visitedCount);

@@ -18,9 +18,10 @@ namespace {
 /// The process whose items have places in its preferences but no identifiers in its tree.
 constexpr std::string_view systemUserInterfaceServer = "com.apple.systemuiserver";
 
-ApplicationReader::Bars barsOf(std::string_view bundleIdentifier) {
-    return MenuBarItemScanPolicy::isApple(bundleIdentifier) ? ApplicationReader::Bars::ExtrasElseMenuBar
-                                                            : ApplicationReader::Bars::Extras;
+ApplicationReader::Bars barsOf(std::string_view bundleIdentifier, bool isRegular) {
+    using Bars = ApplicationReader::Bars;
+    if (!MenuBarItemScanPolicy::isApple(bundleIdentifier)) return Bars::Extras;
+    return isRegular ? Bars::ExtrasElseExtrasInMenuBar : Bars::ExtrasElseMenuBar;
 }
 
 std::optional<std::string> firstLabel(const MenuBarElement& element, const Text& text) {
@@ -49,8 +50,7 @@ AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> ap
     std::optional<ReadFailure> failure;
     std::optional<ProcessIdentifier> lastThatAnswered;
     for (const auto& application : applications) {
-        const auto records =
-            menuBarItemRecords(application.processIdentifier, application.bundleIdentifier, abandoned);
+        const auto records = menuBarItemRecords(application, abandoned);
         if (records) {
             lastThatAnswered = application.processIdentifier;
             std::ranges::move(snapshots(application, *records, boundaryX), std::back_inserter(items));
@@ -73,10 +73,12 @@ bool AccessibilityMenuBarScanner::answers(ProcessIdentifier process) const {
 }
 
 AccessibilityMenuBarScanner::Records
-AccessibilityMenuBarScanner::menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
+AccessibilityMenuBarScanner::menuBarItemRecords(const RunningApplicationSnapshot& application,
                                                 const AbandonFlag& abandoned) const {
-    auto elements = ApplicationReader(accessibility_, messagingTimeout, abandoned)
-                        .readItems(process, barsOf(bundleIdentifier));
+    const auto& bundleIdentifier = application.bundleIdentifier;
+    auto elements =
+        ApplicationReader(accessibility_, messagingTimeout, abandoned)
+            .readItems(application.processIdentifier, barsOf(bundleIdentifier, application.isRegular));
     if (!elements) return std::unexpected(elements.error());
     std::vector<ItemCandidate> candidates;
     for (auto& element : *elements) candidates.push_back(candidate(std::move(element), bundleIdentifier));
@@ -137,6 +139,7 @@ AccessibilityMenuBarScanner::snapshots(const RunningApplicationSnapshot& applica
                          .applicationName = application.localizedName,
                          .bundleIdentifier = application.bundleIdentifier,
                          .processIdentifier = application.processIdentifier,
+                         .isOwnerRegular = application.isRegular,
                          .accessibilityIdentifier = canonical[i],
                          .statusItemIndex = static_cast<int>(i),
                          .frame = metadata.frame,
@@ -164,7 +167,8 @@ AccessibilityMenuBarScanner::extrasPresence(std::span<const RunningApplicationSn
 std::optional<ExtrasMenuBarPresence>
 AccessibilityMenuBarScanner::presence(const RunningApplicationSnapshot& application, Seconds timeout) const {
     const auto elements = ApplicationReader(accessibility_, timeout, {})
-                              .readItems(application.processIdentifier, barsOf(application.bundleIdentifier));
+                              .readItems(application.processIdentifier,
+                                         barsOf(application.bundleIdentifier, application.isRegular));
     if (!elements || elements->empty()) return std::nullopt;
     ExtrasMenuBarPresence found{.bundleIdentifier = application.bundleIdentifier,
                                 .processIdentifier = application.processIdentifier,
@@ -179,7 +183,11 @@ AccessibilityMenuBarScanner::presence(const RunningApplicationSnapshot& applicat
 
 std::optional<AccessibilityElement>
 AccessibilityMenuBarScanner::resolveElement(const MenuBarItemSnapshot& snapshot) const {
-    const auto records = menuBarItemRecords(snapshot.processIdentifier, snapshot.bundleIdentifier, {});
+    const auto records = menuBarItemRecords({.bundleIdentifier = snapshot.bundleIdentifier,
+                                             .processIdentifier = snapshot.processIdentifier,
+                                             .localizedName = snapshot.applicationName,
+                                             .isRegular = snapshot.isOwnerRegular},
+                                            {});
     if (!records) return std::nullopt;
     std::vector<std::optional<std::string>> canonical;
     for (const auto& record : *records) canonical.push_back(record.canonicalIdentifier);

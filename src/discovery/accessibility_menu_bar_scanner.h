@@ -77,7 +77,7 @@ class AccessibilityMenuBarScanner {
 
     using Records = std::expected<std::vector<ItemRecord>, ReadFailure>;
 
-    Records menuBarItemRecords(ProcessIdentifier process, std::string_view bundleIdentifier,
+    Records menuBarItemRecords(const RunningApplicationSnapshot& application,
                                const AbandonFlag& abandoned) const;
     bool answers(ProcessIdentifier process) const;
     ItemCandidate candidate(MenuBarElement element, std::string_view bundleIdentifier) const;

@@ -66,7 +66,8 @@ std::vector<RunningApplicationSnapshot> ItemInventory::applicationsToScan() cons
             continue;
         applications.push_back({.bundleIdentifier = std::move(*running.bundleIdentifier),
                                 .processIdentifier = running.processIdentifier,
-                                .localizedName = std::move(running.localizedName)});
+                                .localizedName = std::move(running.localizedName),
+                                .isRegular = running.isRegular});
     }
     return applications;
 }

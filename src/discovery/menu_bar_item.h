@@ -15,6 +15,7 @@ struct RunningApplicationSnapshot {
     std::string bundleIdentifier;
     ProcessIdentifier processIdentifier = -1;
     std::string localizedName;
+    bool isRegular = false; // has titles in its menu bar
 
     bool operator==(const RunningApplicationSnapshot&) const = default;
 };
@@ -35,6 +36,7 @@ struct MenuBarItemSnapshot {
     std::string applicationName;
     std::string bundleIdentifier;
     ProcessIdentifier processIdentifier = -1;
+    bool isOwnerRegular = false;
     std::optional<std::string> accessibilityIdentifier; // canonical
     int statusItemIndex = 0;                            // among the owner's items, in the order of the scan
     Rect frame;

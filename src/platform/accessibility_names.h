@@ -26,6 +26,7 @@ inline constexpr std::string_view commandModifiers = "AXMenuItemCmdModifiers";
 inline constexpr std::string_view markCharacter = "AXMenuItemMarkChar";
 
 inline constexpr std::string_view menuBarItemRole = "AXMenuBarItem";
+inline constexpr std::string_view menuExtraSubrole = "AXMenuExtra";
 inline constexpr std::string_view menuRole = "AXMenu";
 inline constexpr std::string_view menuItemRole = "AXMenuItem";
 inline constexpr std::string_view checkBoxRole = "AXCheckBox";

@@ -16,6 +16,7 @@ struct RunningApplication {
     std::optional<std::string> bundleIdentifier;
     ProcessIdentifier processIdentifier = -1;
     std::string localizedName;
+    bool isRegular = false; // has a Dock icon, and while it is active the menu bar's titles
 
     bool operator==(const RunningApplication&) const = default;
 };

@@ -55,6 +55,19 @@ TEST_F(ApplicationReaderTest, applesApplicationsMayUseTheirOnlyMenuBar) {
     EXPECT_EQ(read(ApplicationReader::Bars::ExtrasElseMenuBar)->size(), 1u);
 }
 
+TEST_F(ApplicationReaderTest, titlesInARegularApplicationsMenuBarAreNoItems) {
+    constexpr auto bars = ApplicationReader::Bars::ExtrasElseExtrasInMenuBar;
+    ax_.setChildren(bar, {1, 2});
+    for (const int element : {1, 2}) ax_.makeItem(element, element * 30);
+    ax_.nodes[2].attributes["AXSubrole"] = "AXMenuExtra";
+    EXPECT_EQ(read(bars)->size(), 2u) << "in the bar of the extras nothing else stands";
+    auto& attributes = ax_.nodes[process].attributes;
+    attributes["AXMenuBar"] = attributes.extract("AXExtrasMenuBar").mapped();
+    const auto items = read(bars);
+    ASSERT_EQ(items->size(), 1u);
+    EXPECT_EQ(items->front().element, FakeAccessibility::element(2));
+}
+
 TEST_F(ApplicationReaderTest, walksNoDeeperThanItsLimit) {
     nest(ApplicationReader::depthMax);
     EXPECT_EQ(readNumbers().size(), 1u);

@@ -105,6 +105,19 @@ TEST(Onboarding, closedDuringTheFarewellTavrinStartsOnce) {
     EXPECT_EQ(mac.itemsOf(tavrinBundle).size(), 2u);
 }
 
+/// Its title in the menu bar has the name of one of the system's items.
+TEST(Onboarding, aRunningClockIsNoItem) {
+    auto mac = started(trustedMac("notched-laptop"), 0);
+    mac.set("launch", {{"bundleIdentifier", "com.apple.clock"},
+                       {"name", "Clock"},
+                       {"policy", "regular"},
+                       {"menuBar", {{{"title", "Battery"}, {"items", {{{"title", "About Batteries"}}}}}}}});
+    mac.wait(8);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_TRUE(mac.shows("Your menu bar items are tucked away here. Click to choose which ones show."));
+    EXPECT_EQ(storedText(mac, "Skerrow.hiddenItemIdentifiers").find("com.apple.clock"), std::string::npos);
+}
+
 /// Access is taken away just before the scan, while the trust flag still tells of it.
 TEST(Onboarding, aScanThatMacOSRefusesIsNoGroundForADefaultLayout) {
     for (const char* failure : {"apiDisabled", "timesOut"}) {

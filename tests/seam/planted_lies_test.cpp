@@ -91,6 +91,7 @@ struct ListsBackwards : PassedOnWorkspace {
 
     std::vector<RunningApplication> runningApplications() const override {
         auto all = truth.runningApplications();
+        for (auto& application : all) application.isRegular = false;
         const auto latest = all.back();
         if (++readings_ % 2 == 1) std::ranges::reverse(all);
         all.push_back(latest);
@@ -390,7 +391,8 @@ TEST(PlantedLies, ofScreens) {
 TEST(PlantedLies, ofTheWorkspace) {
     expectCaught<ListsBackwards>(
         "workspace", {"The running applications contain this process once, with its bundle identifier.",
-                      "No process is listed twice.", "Applications that stay keep their order in the list.",
+                      "The Finder is listed as a regular application.", "No process is listed twice.",
+                      "Applications that stay keep their order in the list.",
                       "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",
                       "Icons are pictures of 32 × 32 pixels, and who isn't there has none."});
 }

@@ -26,6 +26,7 @@ std::vector<RunningApplication> ProgramWorkspace::present() const {
             application.bundleIdentifier = process->application.bundleIdentifier;
         application.processIdentifier = process->identifier;
         application.localizedName = process->application.name;
+        application.isRegular = process->application.policy == Policy::Regular;
         applications.push_back(std::move(application));
     }
     return applications;

@@ -6,6 +6,7 @@
 #include "seam_check/words.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -39,6 +40,14 @@ Task<Verdict> programIsListed(Platform platform) {
     if (found.bundleIdentifier != platform.application.bundleIdentifier())
         co_return failed("This process is listed with another bundle identifier than its own.");
     co_return passed("It is one of " + counted(list.size(), "application") + ".");
+}
+
+Verdict finderIsRegular(const Platform& platform) {
+    const auto list = platform.workspace.runningApplications();
+    const auto finder = std::ranges::find(list, std::optional<std::string>("com.apple.finder"),
+                                          &RunningApplication::bundleIdentifier);
+    if (finder == list.end()) return failed("The Finder isn't listed.");
+    return finder->isRegular ? passed("It is.") : failed("It counts as one without a Dock icon.");
 }
 
 Verdict processesAreListedOnce(const Platform& platform) {
@@ -115,6 +124,7 @@ std::vector<Check> workspaceChecks() {
         reads(family, "The version of macOS is known.", versionIsKnown),
         reads(family, "The running applications contain this process once, with its bundle identifier.",
               programIsListed),
+        reads(family, "The Finder is listed as a regular application.", finderIsRegular),
         reads(family, "No process is listed twice.", processesAreListedOnce),
         reads(family, "Applications that stay keep their order in the list.", listKeepsItsOrder),
         reads(family, "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",

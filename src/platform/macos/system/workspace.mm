@@ -14,6 +14,7 @@ RunningApplication applicationFrom(NSRunningApplication* running) {
     application.bundleIdentifier = textIn(running.bundleIdentifier);
     application.processIdentifier = running.processIdentifier;
     application.localizedName = toString(running.localizedName);
+    application.isRegular = running.activationPolicy == NSApplicationActivationPolicyRegular;
     return application;
 }
 

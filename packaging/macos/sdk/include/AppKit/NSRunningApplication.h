@@ -18,6 +18,7 @@ typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions) {
 @property (readonly, copy) NSString *localizedName;
 @property (readonly, copy) NSString *bundleIdentifier;
 @property (readonly, strong) NSImage *icon;
+@property (readonly) NSApplicationActivationPolicy activationPolicy;
 @property (readonly) pid_t processIdentifier;
 + (instancetype)runningApplicationWithProcessIdentifier:(pid_t)process;
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
