@@ -1,7 +1,7 @@
 #include "main_tour.h"
 
 #include "base/base64.h"
-#include "preferences/defaults_json.h"
+#include "desktop/defaults_json.h"
 #include "terminal/tour.h"
 
 #include <algorithm>

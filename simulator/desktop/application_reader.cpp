@@ -1,7 +1,5 @@
 #include "desktop/desktop_readers.h"
 
-#include <limits>
-
 namespace mac_model {
 namespace {
 
@@ -13,7 +11,7 @@ constexpr NumberRange widths{1, 10000}; // macOS cuts longer items to 10,000
 constexpr NumberRange positions{0, 1000000};
 constexpr NumberRange nestings{0, 40};
 constexpr NumberRange latenciesSeconds{0, 60};
-constexpr NumberRange processIdentifiers{1, std::numeric_limits<int>::max()};
+constexpr NumberRange processIdentifiers{1, 99998}; // as macOS gives them
 
 std::vector<std::string> readActions(ObjectReader& item) {
     if (!item.has("actions")) return StatusItemSpec{}.actions;

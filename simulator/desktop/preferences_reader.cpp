@@ -1,3 +1,4 @@
+#include "desktop/defaults_json.h"
 #include "desktop/desktop_readers.h"
 
 namespace mac_model {
@@ -5,21 +6,39 @@ namespace {
 
 using nlohmann::json;
 
-/// A preferences domain holds no null at any depth.
-void refuseNull(const json& value, const std::string& pointer, FirstFault& faults) {
-    if (value.is_null()) faults.note(pointer, "is null, which preferences cannot hold");
+constexpr const char* marks =
+    "must be one of {\"$data\": base64}, {\"$bytes\": base64}, {\"$real\": \"nan\"}, "
+    "{\"$real\": \"inf\"}, {\"$real\": \"-inf\"} and {\"$dictionary\": {…}}, since a key "
+    "begins with \"$\"";
+
+void refuseUnreadable(const json& value, const std::string& pointer, FirstFault& faults);
+
+/// The keys of a dictionary that is told of as one may begin with "$".
+void refuseUnreadableIn(const json& object, const std::string& pointer, FirstFault& faults) {
+    for (const auto& member : object.items())
+        refuseUnreadable(member.value(), pointerTo(pointer, member.key()), faults);
+}
+
+/// The fault that lies deepest is told of first.
+void refuseUnreadable(const json& value, const std::string& pointer, FirstFault& faults) {
+    if (value.is_null()) return faults.note(pointer, "is null, which preferences cannot hold");
     if (value.is_array())
-        for (std::size_t i = 0; i < value.size(); ++i) refuseNull(value[i], pointerTo(pointer, i), faults);
-    if (value.is_object())
-        for (const auto& member : value.items())
-            refuseNull(member.value(), pointerTo(pointer, member.key()), faults);
+        for (std::size_t i = 0; i < value.size(); ++i)
+            refuseUnreadable(value[i], pointerTo(pointer, i), faults);
+    if (!value.is_object()) return;
+    const auto dictionary = value.find("$dictionary");
+    if (dictionary != value.end() && dictionary->is_object())
+        refuseUnreadableIn(*dictionary, pointerTo(pointer, "$dictionary"), faults);
+    else
+        refuseUnreadableIn(value, pointer, faults);
+    if (!defaultsValue(value)) faults.note(pointer, marks);
 }
 
 void readDomain(ObjectReader& domains, const std::string& name, const json& value, PreferenceDomains& into) {
-    refuseNull(value, domains.at(name), domains.faults());
     const ObjectReader domain(value, domains.at(name), domains.faults());
-    for (const auto& member : value.items())
-        if (value.is_object()) into[name].emplace(member.key(), member.value());
+    if (!value.is_object()) return;
+    refuseUnreadableIn(value, domains.at(name), domains.faults());
+    for (const auto& member : value.items()) into[name].emplace(member.key(), member.value());
 }
 
 } // namespace

@@ -15,10 +15,7 @@ constexpr Seconds dragStepTime{0.008};
 
 } // namespace
 
-bool isOnScreen(const DrivenMac& driven, Point point) {
-    return std::ranges::any_of(driven.mac.screens().screens(),
-                               [&](const auto& s) { return s.frame.contains(point); });
-}
+bool isOnScreen(const DrivenMac& driven, Point point) { return driven.targets.isOnScreen(point); }
 
 void clickHere(const DrivenMac& driven, const Click& click) {
     const auto place = driven.content.pointer.at;

@@ -197,13 +197,21 @@ std::expected<Target, std::string> TargetFinder::statusItem(std::string_view bun
     return targetFor(item);
 }
 
+bool TargetFinder::isOnScreen(Point point) const {
+    return std::ranges::any_of(mac_.screens().screens(),
+                               [&](const auto& screen) { return screen.frame.contains(point); });
+}
+
 std::expected<Point, std::string> TargetFinder::placeToPress(const Target& target) const {
     auto* surface = content_.stack.find(target.surface);
     if (!surface) return target.frame.middle();
-    reveal(surface->content, target.path);
-    const auto middle = viewAt(surface->content, target.path)->frame.middle();
+    // On a copy first: what can't be pressed isn't scrolled either.
+    auto revealed = surface->content;
+    reveal(revealed, target.path);
+    const auto middle = viewAt(revealed, target.path)->frame.middle();
     if (content_.stack.at(middle) != surface)
         return std::unexpected(inQuotes(target.names.front()) + " can't be reached: something covers it");
+    if (isOnScreen(middle)) reveal(surface->content, target.path);
     return middle;
 }
 

@@ -59,7 +59,9 @@ class TargetFinder {
     /// Where drops are taken: the one text in such a view, or the one such view, of this name.
     std::expected<Target, std::string> dropTarget(std::string_view name) const;
 
-    /// Where to press: the middle, after scrolling it into sight.
+    bool isOnScreen(Point) const;
+    /// Where to press: the middle, after scrolling it into sight. Nothing is scrolled when it can't be
+    /// pressed.
     std::expected<Point, std::string> placeToPress(const Target&) const;
     /// Where a press drags the view and nothing else; it is scrolled into sight.
     std::expected<Point, std::string> placeToDrag(const Target&) const;

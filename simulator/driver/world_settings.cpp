@@ -1,7 +1,7 @@
 #include "driver/world_settings.h"
 
+#include "desktop/defaults_json.h"
 #include "desktop/desktop_loader.h"
-#include "preferences/defaults_json.h"
 #include "vocabulary/vocabulary.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "preferences/preferences_files.h"
 
+#include "desktop/defaults_json.h"
 #include "desktop/strict_json.h"
-#include "preferences/defaults_json.h"
 #include "preferences/whole_file.h"
 
 #include <algorithm>

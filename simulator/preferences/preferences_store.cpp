@@ -1,6 +1,6 @@
 #include "preferences/preferences_store.h"
 
-#include "preferences/defaults_json.h"
+#include "desktop/defaults_json.h"
 
 #include <algorithm>
 

@@ -102,7 +102,7 @@ TEST(DesktopLoader, namesThePlaceOfEachFault) {
         {"/applications/1/processIdentifier", "1",
          "/applications/1/processIdentifier: 1 is already the process identifier of /applications/0"},
         {"/applications/1/processIdentifier", "2147483648",
-         "/applications/1/processIdentifier: must be a whole number from 1 to 2147483647"},
+         "/applications/1/processIdentifier: must be a whole number from 1 to 99998"},
         {"/applications/1/policy", "\"agent\"",
          R"(/applications/1/policy: must be "regular", "accessory" or "background", not "agent")"},
         {"/applications/1/statusItems/1/widht", "5",
@@ -126,6 +126,12 @@ TEST(DesktopLoader, namesThePlaceOfEachFault) {
 
         {"/defaults/org.example.b/x", "[null]",
          "/defaults/org.example.b/x/0: is null, which preferences cannot hold"},
+        {"/defaults/org.example.b/x", R"([{"$data": "a?"}])",
+         R"(/defaults/org.example.b/x/0: must be one of {"$data": base64}, {"$bytes": base64}, )"
+         R"({"$real": "nan"}, {"$real": "inf"}, {"$real": "-inf"} and {"$dictionary": {…}}, since a key )"
+         R"(begins with "$")"},
+        {"/defaults/org.example.b/x", R"({"$dictionary": {"$a": {"$b": null}}})",
+         "/defaults/org.example.b/x/$dictionary/$a/$b: is null, which preferences cannot hold"},
         {"/defaults/byHost", "{\"d\": 1}", "/defaults/byHost/d: must be an object, not a number"},
         {"/bundles/~1x.menu", "7", "/bundles/~1x.menu: must be a text, not a number"},
         {"/model/longItem", "\"stops\"",
@@ -134,6 +140,12 @@ TEST(DesktopLoader, namesThePlaceOfEachFault) {
     };
     for (const auto& [pointer, value, expected] : cases)
         EXPECT_EQ(put(pointer, value), "mac.json: " + std::string(expected) + '.');
+}
+
+TEST(DesktopLoader, takesEveryFormOfAStoredValue) {
+    const char* value =
+        R"([{"$data": "AQI="}, {"$bytes": "/w=="}, {"$real": "-inf"}, {"$dictionary": {"$a": 1}}])";
+    EXPECT_EQ(put("/defaults/org.example.b/x", value), "accepted");
 }
 
 TEST(DesktopLoader, namesWhatIsMissing) {

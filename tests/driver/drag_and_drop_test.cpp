@@ -219,6 +219,21 @@ TEST_F(DragAndDrop, refusesInASentence) {
     EXPECT_EQ(takeLog(), Log{});
 }
 
+TEST_F(DragAndDrop, aClickThatIsRefusedHasScrolledNothing) {
+    for (int i = 0; i < 40; ++i) lists["Left"].push_back("row " + std::to_string(i));
+    render();
+    std::vector<View> lines;
+    for (int i = 0; i < 45; ++i) lines.push_back(tavrin::text("cover"));
+    probe.popover =
+        probe.platform->presentation.makePopover(tavrin::PopoverBehavior::ApplicationDefined, [] {});
+    probe.popover->setContent(tavrin::column(std::move(lines), {.width = 1400}));
+    ASSERT_TRUE(probe.popover->show(*probe.item, *probe.item->frame()));
+    const auto before = mac.look()["surfaces"];
+    const auto error = mac.refused({{"do", "click"}, {"text", "row 39"}});
+    EXPECT_NE(error.find("something covers it"), std::string::npos) << error;
+    EXPECT_EQ(mac.look()["surfaces"], before);
+}
+
 TEST_F(DragAndDrop, actionsMoveARowToo) {
     mac.done({{"do", "perform"}, {"text", "a"}, {"action", "Swap"}});
     mac.done({{"do", "click"}, {"text", "b"}, {"button", "right"}});

@@ -1,4 +1,4 @@
-#include "preferences/defaults_json.h"
+#include "desktop/defaults_json.h"
 #include "support/mac_fixture.h"
 #include "support/temporary_folder.h"
 

@@ -101,6 +101,16 @@ TEST(FirstRunHint, aClickOnTheControlOpensTheConfigureWindowInstead) {
     EXPECT_EQ(mac.surfacesOf(tavrinBundle).size(), 0u);
 }
 
+TEST(FirstRunHint, aMenuThatThePressWouldNotOpenIsRefusedBeforeIt) {
+    auto mac = started(trustedMac("classic-display"), 3);
+    ASSERT_TRUE(mac.shows(hint));
+    EXPECT_EQ(mac.refused({{"do", "menu"}, {"path", {"Tavrin", "Settings…"}}}),
+              "\"menu\": a popover at that item is open, which the press would close.");
+    mac.wait(2);
+    EXPECT_TRUE(mac.shows(hint));
+    EXPECT_TRUE(isCollapsed(mac));
+}
+
 TEST(FirstRunHint, aClickElsewhereOnlyClosesIt) {
     auto mac = started(trustedMac("classic-display"), 3);
     mac.done({{"do", "click"}, {"at", {700, 600}}});

@@ -2,6 +2,7 @@
 #include "driver/hand.h"
 #include "vocabulary/vocabulary.h"
 
+#include <algorithm>
 #include <array>
 
 namespace mac_model {
@@ -42,6 +43,14 @@ std::vector<std::string> pathOf(Arguments& arguments) {
     return path;
 }
 
+/// A press on the program's item then closes the popover, and need not open a menu.
+bool isUnderPopover(const DrivenMac& driven, StatusItemIdentifier item) {
+    return std::ranges::any_of(driven.content.stack.backToFront(), [&](const auto& surface) {
+        return surface->anchor == item && surface->kind == SurfaceKind::Popover &&
+               surface->outsidePress == OutsidePress::Closes;
+    });
+}
+
 Outcome menu(DrivenMac driven, Arguments& arguments) {
     auto path = pathOf(arguments);
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
@@ -51,6 +60,9 @@ Outcome menu(DrivenMac driven, Arguments& arguments) {
     if (!owner) return std::unexpected(arguments.sentence(owner.error()));
     const auto* item = driven.mac.statusItems().find(owner->item);
     const bool isProgram = item && item->origin == ItemOrigin::Program;
+    if (isProgram && isUnderPopover(driven, owner->item))
+        return std::unexpected(
+            arguments.sentence("a popover at that item is open, which the press would close"));
     const bool opensByRightClick = isProgram || owner->kind == Target::Kind::View;
     const auto place = driven.targets.placeToPress(*owner);
     if (!place) return std::unexpected(arguments.sentence(place.error()));

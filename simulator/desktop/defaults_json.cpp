@@ -1,4 +1,4 @@
-#include "preferences/defaults_json.h"
+#include "desktop/defaults_json.h"
 
 #include "base/base64.h"
 #include "base/unicode.h"
