@@ -26,32 +26,44 @@ LiveMac::~LiveMac() { clock_.cancelTimer(timer_); }
 std::expected<void, std::string> LiveMac::show(const std::string& name, std::optional<int> major) {
     const auto choice = std::ranges::find(choices_, name, &DesktopChoice::name);
     if (choice == choices_.end()) return std::unexpected("There is no desktop of that name.");
-    auto desktop = choice->desktop;
+    auto wanted = *choice;
+    auto& desktop = wanted.desktop;
     if (major && *major != desktop.macOS.major) {
         desktop.macOS = {*major, 0};
         desktop.visibilityService = *major >= 27 ? VisibilityService::Accepts : VisibilityService::Absent;
     }
     // Two Macs never share a profile: the old one is gone, with all stored, before the new one begins.
-    trace_ = nullptr;
-    const auto before = std::exchange(shown_, name);
-    modelled_ = nullptr;
-    auto modelled = start_(std::move(desktop));
+    const bool replacesOne = modelled_ != nullptr;
+    stop();
+    const auto started = start(wanted);
+    if (!started && replacesOne) (void)start(shown_);
+    if (started) shown_ = std::move(wanted);
+    if (modelled_) broadcast_.publishAnew(state());
+    waitForNext();
+    return started;
+}
+
+std::expected<void, std::string> LiveMac::start(const DesktopChoice& choice) {
+    auto modelled = start_(choice.desktop);
     if (!modelled) {
-        shown_ = before;
+        whyNone_ = modelled.error();
         return std::unexpected(std::move(modelled.error()));
     }
     modelled_ = std::move(*modelled);
     trace_ = std::make_unique<Trace>(*modelled_);
     beginning_ = clock_.now() - scheduler().now();
-    broadcast_.publishAnew(state());
-    waitForNext();
     return {};
 }
 
+void LiveMac::stop() {
+    trace_ = nullptr;
+    modelled_ = nullptr;
+}
+
 json LiveMac::command(const json& given) {
-    followClock();
+    if (modelled_) followClock();
     auto reply = outcome(given);
-    publish();
+    if (modelled_) publish();
     waitForNext();
     return reply;
 }
@@ -62,6 +74,8 @@ json LiveMac::outcome(const json& given) {
                                                 {"relaunch", &LiveMac::relaunch}};
     const auto name = textIn(given, "do");
     const auto found = name ? own.find(*name) : own.end();
+    const bool bringsOne = found != own.end() && found->first == "desktop";
+    if (!modelled_ && !bringsOne) return {{"ok", false}, {"error", whyNone_}};
     if (found != own.end()) {
         const auto done = (this->*found->second)(given);
         if (!done) return {{"ok", false}, {"error", done.error()}};
@@ -112,6 +126,7 @@ void LiveMac::waitForNext() {
     clock_.cancelTimer(timer_);
     timer_ = tavrin::TimerIdentifier::None;
     wakeTime_ = std::nullopt;
+    if (!modelled_) return;
     const auto due = scheduler().nextDue();
     if (!due) return;
     const auto delay = std::max(*due - clockTime(), pictureInterval);
@@ -151,10 +166,10 @@ json LiveMac::surroundings() const {
              {"refusesDrags", mac.faults().refuseDrags.contains(application.bundleIdentifier)},
              {"hasItems", !application.statusItems.empty()}});
     }
-    const auto choice = std::ranges::find(choices_, shown_, &DesktopChoice::name);
+    const auto choice = std::ranges::find(choices_, shown_.name, &DesktopChoice::name);
     return {{"majorOfDesktop", choice->desktop.macOS.major},
             {"desktops", std::move(names)},
-            {"desktop", shown_},
+            {"desktop", shown_.name},
             {"macOS", mac.version().major},
             {"screensOfDesktop", mac.desktop().screens.size()},
             {"applications", std::move(applications)}};

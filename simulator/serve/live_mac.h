@@ -39,15 +39,20 @@ class LiveMac {
     ~LiveMac();
 
     /// Starts the Mac of that name in place of the present one, with another major version of macOS if one is
-    /// given. The error is one sentence; the present Mac then stays.
+    /// given. The error is one sentence. The present Mac stays when there is no such choice; otherwise it has
+    /// made room and starts again, and where that fails, too, every command but "desktop" is answered with
+    /// the reason.
     std::expected<void, std::string> show(const std::string& name, std::optional<int> major);
 
     /// A command of the driving protocol, or one of the world around the Mac (docs/page.md).
     nlohmann::json command(const nlohmann::json&);
 
+    /// There is one once `show` has succeeded, and unless it has failed since.
     ModelledMac& modelled() { return *modelled_; }
 
   private:
+    std::expected<void, std::string> start(const DesktopChoice&);
+    void stop();
     nlohmann::json outcome(const nlohmann::json&);
     std::expected<void, std::string> chooseDesktop(const nlohmann::json&);
     std::expected<void, std::string> relaunch(const nlohmann::json&);
@@ -67,7 +72,8 @@ class LiveMac {
     Start start_;
     std::unique_ptr<ModelledMac> modelled_;
     std::unique_ptr<Trace> trace_;
-    std::string shown_;    // the name of the choice
+    DesktopChoice shown_;
+    std::string whyNone_;  // the reason why there is no Mac, a sentence
     Seconds beginning_{0}; // on the clock, of the Mac's time
     tavrin::TimerIdentifier timer_ = tavrin::TimerIdentifier::None;
     std::optional<tavrin::Seconds> wakeTime_; // on the clock, of the timer

@@ -33,7 +33,8 @@ class LiveMacTest : public testing::Test {
         return count;
     }
 
-    static std::expected<std::unique_ptr<ModelledMac>, std::string> start(DesktopFile desktop) {
+    std::expected<std::unique_ptr<ModelledMac>, std::string> start(DesktopFile desktop) {
+        if (failures_ > 0 && failures_--) return std::unexpected("The profile is in use.");
         MacOptions options;
         options.desktop = std::move(desktop);
         options.program = {tavrinBundle, "Tavrin", "Version 0"};
@@ -43,7 +44,9 @@ class LiveMacTest : public testing::Test {
 
     tavrin::VirtualScheduler clock_;
     Broadcast broadcast_;
-    LiveMac mac_{clock_, broadcast_, builtInChoices(), start};
+    int failures_ = 0; // of the starts to come
+    LiveMac mac_{clock_, broadcast_, builtInChoices(),
+                 [this](DesktopFile desktop) { return start(std::move(desktop)); }};
     std::shared_ptr<Broadcast::Listener> listener_ = broadcast_.join();
 };
 
@@ -124,6 +127,26 @@ TEST_F(LiveMacTest, takesAnotherMacInItsPlace) {
         EXPECT_EQ(reply["ok"], false) << wrong;
         EXPECT_TRUE(reply["error"].get<std::string>().ends_with(".")) << reply;
     }
+    EXPECT_EQ(look()["screens"].size(), 2U);
+}
+
+TEST_F(LiveMacTest, startsThePresentMacAgainWhenAnotherCannotStart) {
+    failures_ = 1;
+    EXPECT_EQ(command({{"do", "desktop"}, {"name", "two-displays"}})["error"], "The profile is in use.");
+    EXPECT_EQ(look()["screens"].size(), 1U);
+    const double before = look()["time"];
+    clock_.advance(Seconds{5});
+    EXPECT_NEAR(look()["time"].get<double>() - before, 5, 0.01);
+}
+
+TEST_F(LiveMacTest, withoutAMacEveryCommandIsToldWhy) {
+    failures_ = 2;
+    EXPECT_EQ(command({{"do", "desktop"}, {"name", "two-displays"}})["ok"], false);
+    clock_.advance(Seconds{60});
+    for (const json& given : {json{{"do", "look"}}, json{{"do", "wait"}, {"seconds", 1}}, json(3),
+                              json{{"do", "relaunch"}, {"bundle", "com.sample.jchat"}}})
+        EXPECT_EQ(command(given)["error"], "The profile is in use.") << given;
+    EXPECT_EQ(command({{"do", "desktop"}, {"name", "two-displays"}})["ok"], true);
     EXPECT_EQ(look()["screens"].size(), 2U);
 }
 
