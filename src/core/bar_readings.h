@@ -14,7 +14,6 @@ namespace tavrin {
 /// The values that the windows show of the menu bar, each read where its one owner keeps it.
 struct BarReadings {
     const Published<bool>& isCollapsed;
-    const Published<bool>& isTrayVisible;
     const Published<std::vector<MenuBarItem>>& detectedItems; // those of the last scan, in its order
     const Published<HiddenSet>& hiddenItemIdentifiers;        // what the user wants hidden
     const Published<bool>& isScanning;
@@ -28,8 +27,8 @@ struct BarReadings {
         const auto add = [&](const auto&... published) {
             (subscriptions.push_back(published.subscribe([handler](const auto&) { handler(); })), ...);
         };
-        add(isCollapsed, isTrayVisible, detectedItems, hiddenItemIdentifiers, isScanning,
-            isApplyingConfiguration, applyProgress, errorMessage);
+        add(isCollapsed, detectedItems, hiddenItemIdentifiers, isScanning, isApplyingConfiguration,
+            applyProgress, errorMessage);
         return subscriptions;
     }
 };

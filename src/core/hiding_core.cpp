@@ -28,7 +28,6 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
                .inventory = inventory,
                .placer = placer})
     , readings{.isCollapsed = activity.isCollapsed,
-               .isTrayVisible = activity.isTrayVisible,
                .detectedItems = inventory.items(),
                .hiddenItemIdentifiers = hiddenItems.identifiers(),
                .isScanning = inventory.isScanning(),

@@ -92,8 +92,6 @@ bool MenuBarManager::isConfiguredHidden(const MenuBarItem& item) const {
     return core_.hiddenItems.contains(item.snapshot);
 }
 
-void MenuBarManager::setItem(const MenuBarItem& item, bool hidden) { setItems({item.snapshot.id}, hidden); }
-
 void MenuBarManager::setItems(const std::vector<std::string>& identifiers, bool hidden) {
     core_.hiddenItems.set(identifiers, hidden);
 }

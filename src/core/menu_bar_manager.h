@@ -50,8 +50,7 @@ class MenuBarManager {
 
     bool hasCompletedScan() const { return core_.inventory.hasCompletedScan(); }
 
-    /// Change what the user wants hidden, and store it at once. Nothing moves yet.
-    void setItem(const MenuBarItem& item, bool hidden);
+    /// Changes what the user wants hidden, and stores it at once. Nothing moves yet.
     void setItems(const std::vector<std::string>& identifiers, bool hidden);
 
     void toggleCollapse() { core_.hiding.toggleCollapse(); }

@@ -8,7 +8,6 @@ namespace tavrin {
 struct BarActivity {
     Published<bool> isCollapsed{false};             // written by HidingController
     Published<bool> isApplyingConfiguration{false}; // written by ConfigurationApplier
-    Published<bool> isTrayVisible{false};           // a tray of hidden items is on the screen
 };
 
 } // namespace tavrin

@@ -30,7 +30,9 @@ Task<CollapseOutcome> HidingController::collapse(Persist persist) {
     auto confirmed = co_await mechanism_.confirmHidden();
     if (generation != generation_) co_return CollapseOutcome::superseded;
     if (!confirmed) {
-        expand(persist);
+        const bool isCutShort = co_await isCancelled();
+        expand(isCutShort ? Persist::No : persist);
+        if (isCutShort) co_return CollapseOutcome::superseded;
         co_return fail(std::move(confirmed.error()));
     }
     remember(persist, true);
@@ -62,21 +64,15 @@ void HidingController::restoreFullMenuBar(const std::string& sentence) {
 
 void HidingController::requestCollapse(Persist persist, OnFailure onFailure) {
     requested_.emit();
-    const auto request = collapseRequests_.begin();
-    requestTask_ = start(scheduler_, performRequest(request, persist, onFailure));
+    // In place of an older request, which is cancelled by that.
+    requestTask_ = start(scheduler_, performRequest(persist, onFailure));
 }
 
-void HidingController::cancelRequests() {
-    collapseRequests_.clear();
-    requestTask_.cancel();
-}
-
-Task<> HidingController::performRequest(int request, Persist persist, OnFailure onFailure) {
+Task<> HidingController::performRequest(Persist persist, OnFailure onFailure) {
     const bool isPrepared = co_await mechanism_.prepare();
-    if (!collapseRequests_.isPending(request) || co_await isCancelled()) co_return;
+    if (co_await isCancelled()) co_return;
     auto outcome = CollapseOutcome::failed;
     if (isPrepared) outcome = co_await collapse(persist);
-    collapseRequests_.finish(request);
     if (outcome == CollapseOutcome::failed && onFailure == OnFailure::ShowConfiguration) failed_.emit();
 }
 

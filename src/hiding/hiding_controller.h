@@ -3,7 +3,6 @@
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
 #include "hiding/bar_activity.h"
-#include "hiding/collapse_request_tracker.h"
 #include "hiding/failure_message.h"
 #include "hiding/hiding_mechanism.h"
 #include "settings/settings.h"
@@ -21,7 +20,7 @@ enum class OnFailure { StayQuiet, ShowConfiguration };
 enum class CollapseOutcome {
     hidden,
     failed,     // the bar is expanded, and the failure message says why
-    superseded, // a later collapse or expand has taken its place
+    superseded, // a later collapse or expand has taken its place, or nobody waits for it any longer
 };
 
 /// Hides the configured items and reveals them again, and decides which of several requests counts.
@@ -34,13 +33,15 @@ class HidingController {
 
     void toggleCollapse();
 
-    /// Hides, unless the mechanism refuses. A hide that isn't confirmed is undone.
+    /// Hides, unless the mechanism refuses. A hide that isn't confirmed is undone; when that is because the
+    /// awaiting job was cancelled, nothing is told or stored.
     Task<CollapseOutcome> collapse(Persist persist);
     void expand(Persist persist);
 
     /// Prepares, and then collapses, unless a newer request or `cancelRequests` came in between.
     void requestCollapse(Persist persist, OnFailure onFailure);
-    void cancelRequests();
+
+    void cancelRequests() { requestTask_.cancel(); }
 
     /// Fires when a request begins; anything else that rearranges the bar ends then.
     Subscription onRequest(std::function<void()> handler) { return requested_.subscribe(std::move(handler)); }
@@ -55,7 +56,7 @@ class HidingController {
     void restoreForTermination();
 
   private:
-    Task<> performRequest(int request, Persist persist, OnFailure onFailure);
+    Task<> performRequest(Persist persist, OnFailure onFailure);
     CollapseOutcome fail(std::string sentence);
     void remember(Persist persist, bool isCollapsed);
     void restoreFullMenuBar(const std::string& sentence);
@@ -69,7 +70,6 @@ class HidingController {
     Signal<> requested_;
     Signal<> failed_;
     Subscription mechanismObservation_;
-    CollapseRequestTracker collapseRequests_;
     Job<> requestTask_;
 };
 

@@ -105,6 +105,19 @@ TEST_F(HidingControllerTest, aRevealDuringAHideWinsAndIsNoFailure) {
     EXPECT_EQ(mechanism.log, (Lines{"prepare", "hide", "reveal"}));
 }
 
+TEST_F(HidingControllerTest, aHideThatIsCutShortIsUndoneAndNoFailure) {
+    settings.setBoolean(Settings::shouldStartCollapsedKey, true);
+    request();
+    wait(0.6);
+    hiding.cancelRequests();
+    wait(2);
+    EXPECT_FALSE(activity.isCollapsed.get());
+    EXPECT_TRUE(startsCollapsed()) << "the choice stays";
+    EXPECT_EQ(message(), std::nullopt);
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(mechanism.log, (Lines{"prepare", "hide", "reveal"}));
+}
+
 TEST_F(HidingControllerTest, aRefusalTouchesNothing) {
     mechanism.reason = "Not now.";
     request();

@@ -1,4 +1,3 @@
-#include "hiding/collapse_request_tracker.h"
 #include "hiding/skerrow_policy.h"
 #include "hiding/status_item_geometry_policy.h"
 
@@ -53,17 +52,6 @@ TEST(SpacerLengthTest, isTwiceTheWidestScreenWithinBounds) {
 TEST(StatusItemGeometryPolicyTest, spacerMayOverlapTheControlByAPoint) {
     EXPECT_TRUE(StatusItemGeometryPolicy::isLeftOf({1259, 7, 2, 24}, {1260, 7, 26, 24}));
     EXPECT_FALSE(StatusItemGeometryPolicy::isLeftOf({1259, 7, 2.5, 24}, {1260, 7, 26, 24}));
-}
-
-TEST(CollapseRequestTrackerTest, onlyTheNewestRequestMayAct) {
-    CollapseRequestTracker tracker;
-    const auto first = tracker.begin();
-    const auto second = tracker.begin();
-    EXPECT_FALSE(tracker.isPending(first));
-    tracker.finish(first);
-    EXPECT_TRUE(tracker.isPending(second)) << "an old request's end is not the new one's";
-    tracker.clear();
-    EXPECT_FALSE(tracker.isPending(second));
 }
 
 } // namespace
