@@ -106,7 +106,13 @@ AttributeResult MenuBranch::attribute(const ElementKey& key, std::string_view na
 bool MenuBranch::isEnabled(const ElementKey& key) const {
     if (isMenu(key)) return true;
     const auto found = entry(key);
-    return found->enabled && !found->separator;
+    return found->enabled && !found->separator && !isDisabledBehind(key);
+}
+
+bool MenuBranch::isDisabledBehind(const ElementKey& key) const {
+    const auto* front = processes_.frontmost();
+    const bool isInFront = front && front->identifier == key.process;
+    return isUnderTitle(key) && !isInFront && menus_.faultsOf(key.process).isDisabledBehind;
 }
 
 std::vector<std::string> MenuBranch::actionNames(const ElementKey& key) const {

@@ -42,6 +42,7 @@ class MenuBranch final : public Branch {
     }
 
     bool existsUnderItem(const ElementKey&) const;
+    bool isDisabledBehind(const ElementKey&) const;
     std::vector<MenuItemSpec> entriesOfMenu(const ElementKey& menu) const;
     std::optional<MenuItemSpec> entry(const ElementKey&) const;
     Keys entriesIn(const ElementKey& menu) const;

@@ -13,7 +13,7 @@ std::expected<std::unique_ptr<ModelledMac>, std::string> ModelledMac::start(MacO
     modelled->driver_ = std::make_unique<Driver>(*modelled->mac_);
     modelled->mac_->program().install(std::move(factory), modelled->mac_->presentation());
     // The menu bar is arranged before anybody logs in.
-    modelled->scheduler_.advance(Arrangement::arrangingTime);
+    modelled->scheduler_.advance(Faults::usualArrangingTime);
     modelled->mac_->program().start();
     modelled->scheduler_.advance(Seconds{0});
     return modelled;

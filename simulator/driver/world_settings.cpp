@@ -15,7 +15,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr double latencySecondsMax = 60;
+constexpr double secondsMax = 60;
 constexpr int dragsMax = 1'000'000;
 constexpr std::array<std::string_view, 3> behindNotchNames{"no", "presentItems", "allItems"};
 
@@ -81,7 +81,7 @@ Change latency(World world, const json& value, const std::string& pointer, First
     for (const auto& [bundle, seconds] : value.items()) {
         if (!value.is_object()) break;
         (void)runningBundle(world, bundle, reader.at(bundle), faults);
-        if (const auto number = reader.number(bundle, {0, latencySecondsMax}, Need::Required))
+        if (const auto number = reader.number(bundle, {0, secondsMax}, Need::Required))
             latencies.emplace_back(bundle, *number);
     }
     return [world, latencies] {
@@ -201,7 +201,7 @@ Change menus(World world, const json& value, const std::string& pointer, FirstFa
         if (!value.is_object()) break;
         (void)runningBundle(world, bundle, reader.at(bundle), faults);
         ObjectReader menu(how, reader.at(bundle), faults);
-        constexpr NumberRange delays{0, latencySecondsMax};
+        constexpr NumberRange delays{0, secondsMax};
         auto& fault = wanted[bundle];
         fault.ignoresPress = menu.flag("ignoresPress", false);
         fault.blocksInPress = menu.flag("blocksInPress", false);
@@ -212,6 +212,7 @@ Change menus(World world, const json& value, const std::string& pointer, FirstFa
         fault.refusesChoices = menu.flag("refusesChoices", false);
         fault.ignoresCancel = menu.flag("ignoresCancel", false);
         fault.ignoresEscape = menu.flag("ignoresEscape", false);
+        fault.isDisabledBehind = menu.flag("isDisabledBehind", false);
         menu.refuseOthers();
     }
     return [world, wanted] {
@@ -231,6 +232,14 @@ Change fault(World world, const json& value, const std::string& pointer, FirstFa
         world.mac.faults().*Fault = isOn;
         world.mac.arrangement().refresh();
     };
+}
+
+template <Seconds Faults::* Time>
+Change time(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const bool isTime = value.is_number() && value >= 0 && value <= secondsMax;
+    if (!isTime) faults.note(pointer, "must be a number from 0 to 60");
+    return
+        [world, seconds = Seconds{isTime ? value.get<double>() : 0}] { world.mac.faults().*Time = seconds; };
 }
 
 Change visibilityService(World world, const json& value, const std::string& pointer, FirstFault& faults) {
@@ -279,6 +288,8 @@ constexpr std::array settings{
     WorldSetting{"refuseDrags", refuseDrags},
     WorldSetting{"loseDrags", loseDrags},
     WorldSetting{"personMovesPointerDuringDrags", fault<&Faults::personMovesPointerDuringDrags>},
+    WorldSetting{"arrangingTime", time<&Faults::arrangingTime>},
+    WorldSetting{"activationTime", time<&Faults::activationTime>},
     WorldSetting{"eventsFail", fault<&Faults::eventsFail>},
     WorldSetting{"windowServerAbsent", fault<&Faults::windowServerAbsent>},
     WorldSetting{"misreportedWindow", misreportedWindow},

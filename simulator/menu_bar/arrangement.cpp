@@ -25,7 +25,7 @@ Arrangement::Arrangement(VirtualScheduler& scheduler, StatusItemTable& items, Pr
 
 void Arrangement::refresh() {
     if (std::exchange(isArranging_, true)) return;
-    world_.after(arrangingTime, [this] {
+    world_.after(behaviour_.faults.arrangingTime, [this] {
         isArranging_ = false;
         arrange();
     });

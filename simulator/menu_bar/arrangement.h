@@ -22,10 +22,9 @@ struct CarriedItem {
 };
 
 /// Where the status items stand in the right part of the menu bar. Changes show together after
-/// `arrangingTime`; until then the old frames stand. Frames are on the primary screen.
+/// `Faults::arrangingTime`; until then the old frames stand. Frames are on the primary screen.
 class Arrangement {
   public:
-    static constexpr Seconds arrangingTime{0.02};
     static constexpr Seconds occlusionLag{0.05};
     static constexpr double squareWidth = 26;
 

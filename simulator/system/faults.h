@@ -30,7 +30,8 @@ struct MenuFaults {
     bool hidesShownMenu = false;       // AXShownMenuUIElement is unsupported
     bool refusesChoices = false;       // actions on entries fail
     bool ignoresCancel = false;
-    bool ignoresEscape = false; // posted to the process; the person's own isn't
+    bool ignoresEscape = false;    // posted to the process; the person's own isn't
+    bool isDisabledBehind = false; // entries of its menu bar while it isn't the active application
 };
 
 /// Faults of this Mac, besides the settings of `Uncertainties`. They lie over the truth: clearing one heals
@@ -54,6 +55,13 @@ struct Faults {
 
     /// While the program drags something by synthetic events, the person's hand is on the mouse, too.
     bool personMovesPointerDuringDrags = false;
+
+    /// Between a change in the menu bar and the new places of its items. A busy Mac takes longer.
+    static constexpr Seconds usualArrangingTime{0.02};
+    Seconds arrangingTime = usualArrangingTime;
+
+    /// Becoming active is a request that the window server grants so much later.
+    Seconds activationTime{0.02};
 
     /// No process can make an event source or an event.
     bool eventsFail = false;

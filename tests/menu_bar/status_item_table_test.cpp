@@ -51,7 +51,7 @@ TEST_F(StatusItemTableTest, lengthIsCappedAndShowsAfterTheBarWasArranged) {
 
     spacer->setLength(1e300);
     EXPECT_EQ(spacer->frame()->width, 0);
-    scheduler.advance(Arrangement::arrangingTime);
+    scheduler.advance(Faults::usualArrangingTime);
     EXPECT_EQ(spacer->frame()->width, 10'000);
     EXPECT_EQ(xOf("b"), 1482 - 10'000 - 40);
     const auto* hidden = mac->statusItems().itemsOf(502).front();
@@ -68,7 +68,7 @@ TEST_F(StatusItemTableTest, ownerSeesItsItemUndrawnForAMomentAfterArranging) {
     bootAndStart(withNeighbours());
     const auto item = platform().statusItems.create(20);
     EXPECT_EQ(item->frame(), std::nullopt) << "no window yet";
-    scheduler.advance(Arrangement::arrangingTime);
+    scheduler.advance(Faults::usualArrangingTime);
     EXPECT_TRUE(item->frame());
     EXPECT_FALSE(item->isDrawn());
     scheduler.advance(Arrangement::occlusionLag);

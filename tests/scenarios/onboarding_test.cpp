@@ -105,6 +105,16 @@ TEST(Onboarding, closedDuringTheFarewellTavrinStartsOnce) {
     EXPECT_EQ(mac.itemsOf(tavrinBundle).size(), 2u);
 }
 
+TEST(Onboarding, itemsThatGetTheirPlacesLateAreWaitedFor) {
+    TavrinMac mac(untrusted());
+    mac.set("arrangingTime", 0.3);
+    mac.set("trusted", true);
+    mac.wait(8);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_TRUE(mac.shows("Your menu bar items are tucked away here. Click to choose which ones show."));
+    EXPECT_EQ(storedText(mac, "Skerrow.statusItemAutosaveVersion"), "absent") << "nothing was rebuilt";
+}
+
 /// Its title in the menu bar has the name of one of the system's items.
 TEST(Onboarding, aRunningClockIsNoItem) {
     auto mac = started(trustedMac("notched-laptop"), 0);

@@ -206,5 +206,15 @@ TEST(Pins, walkTheMenuBarOfAnApplication) {
     }
 }
 
+/// Many applications disable entries while they aren't in front.
+TEST(Pins, waitUntilTheApplicationIsInFront) {
+    auto mac = started(macWithPins({barPin("PDF", {"File", "Export", "As PDF"})}));
+    mac.set("menus", {{editorBundle, {{"isDisabledBehind", true}}}});
+    mac.set("activationTime", 0.3);
+    runPin(mac, "PDF");
+    EXPECT_EQ(chosen(mac), Strings{editorBundle + ": > Export > As PDF…"});
+    EXPECT_EQ(lastFailure(mac, "PDF"), "none");
+}
+
 } // namespace
 } // namespace mac_model

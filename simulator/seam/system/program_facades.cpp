@@ -7,8 +7,6 @@ namespace mac_model {
 
 namespace {
 
-constexpr Seconds activationTime{0.02};
-
 Policy policyOf(ActivationPolicy policy) {
     switch (policy) {
     case ActivationPolicy::Regular:
@@ -36,8 +34,7 @@ void ProgramApplication::setActivationPolicy(ActivationPolicy policy) {
 }
 
 void ProgramApplication::activate() {
-    // Becoming active is a request that the window server grants a moment later.
-    side_.mac.scheduler.callInWorldAfter(activationTime, [side = side_] {
+    side_.mac.scheduler.callInWorldAfter(side_.mac.behaviour.faults.activationTime, [side = side_] {
         if (side.isOpen()) side.mac.processes.activate(side.connection->process());
     });
 }

@@ -4,13 +4,6 @@
 
 namespace mac_model {
 
-namespace {
-
-/// Becoming active is a request that the window server grants a moment later.
-constexpr Seconds activationTime{0.02};
-
-} // namespace
-
 ProgramWorkspace::ProgramWorkspace(ProgramSide side) : side_(std::move(side)) {
     state_->applications = present();
     auto& processes = side_.mac.processes;
@@ -69,7 +62,7 @@ ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
 
 bool ProgramWorkspace::activate(ProcessIdentifier process) {
     if (!side_.isOpen() || !side_.mac.processes.find(process)) return false;
-    side_.mac.scheduler.callInWorldAfter(activationTime, [side = side_, process] {
+    side_.mac.scheduler.callInWorldAfter(side_.mac.behaviour.faults.activationTime, [side = side_, process] {
         if (side.isOpen()) side.mac.processes.activate(process);
     });
     return true;
