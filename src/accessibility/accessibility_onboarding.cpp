@@ -49,8 +49,6 @@ Task<> AccessibilityOnboardingController::sayFarewell() {
 }
 
 void AccessibilityOnboardingController::finish() {
-    trustObservation_.cancel();
-    farewellTask_.cancel();
     if (const auto onFinish = std::exchange(onFinish_, nullptr)) onFinish();
 }
 

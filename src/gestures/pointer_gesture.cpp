@@ -23,7 +23,8 @@ std::unique_ptr<PointerGesture> PointerGesture::create(Events& events, MouseEven
 
 PointerGesture::~PointerGesture() {
     if (isButtonDown_) releaseWhereItIs();
-    restore();
+    if (isCursorHidden_) events_.showCursor();
+    if (hasPosted_) putPointerBack();
 }
 
 /// From macOS 26 on, AppKit takes a drag or a release for the continuation of a press only when they share
@@ -58,7 +59,7 @@ bool PointerGesture::post(MouseEvent event) {
 }
 
 void PointerGesture::hideCursor() {
-    if (std::exchange(isCursorHidden_, true)) return;
+    isCursorHidden_ = true;
     events_.hideCursor();
 }
 
@@ -70,9 +71,7 @@ void PointerGesture::releaseWhereItIs() {
     if (!post(std::move(here))) release(); // a release at the wrong place beats a button that stays down
 }
 
-void PointerGesture::restore() {
-    if (std::exchange(isCursorHidden_, false)) events_.showCursor();
-    if (!std::exchange(hasPosted_, false)) return;
+void PointerGesture::putPointerBack() {
     if (events_.mayPost())
         events_.post(*ending_.back, delivery_.tap);
     else

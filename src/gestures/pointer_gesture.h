@@ -44,9 +44,6 @@ class PointerGesture {
     /// Posts the mouse-up as given to `create`.
     void release();
 
-    /// Puts cursor and pointer back.
-    void restore();
-
   private:
     struct Ending {
         std::unique_ptr<PreparedEvent> release;
@@ -61,6 +58,7 @@ class PointerGesture {
 
     void number(MouseEvent& event) const;
     void releaseWhereItIs();
+    void putPointerBack();
 
     Events& events_;
     Delivery delivery_;

@@ -152,11 +152,4 @@ void PinnedActionsController::report(const PinnedAction& pin, const PinnedRunFai
           }});
 }
 
-void PinnedActionsController::cancel() {
-    runTask_.cancel();
-    runningPinID_.set(std::nullopt);
-    confirmation_.reset();
-    notice_.close();
-}
-
 } // namespace tavrin

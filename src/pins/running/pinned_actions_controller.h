@@ -46,8 +46,8 @@ class PinnedActionsController {
     /// An entry for each pin; no section, and no separator, without pins.
     void appendMenuSection(Menu& menu);
 
-    /// Ends the run in progress and takes everything from the screen. A menu that is open is told to close.
-    void cancel();
+    /// Ends the run in progress for good: the process is about to end. A menu that is open is told to close.
+    void cancel() { runTask_.cancel(); }
 
   private:
     struct RunRequest {
