@@ -48,7 +48,8 @@ TEST(PersonDuringApply, movesARowWhileAnItemIsCarried) {
 }
 
 TEST(PersonDuringApply, findsStopWhereItWas) {
-    auto mac = started(crowdOnTheVisibleSide(5));
+    constexpr int enough = 12; // for the window to stand away from the edge of the screen
+    auto mac = started(crowdOnTheVisibleSide(enough));
     apply(mac);
     mac.wait(0.1);
     const auto stop = mac.find("Stop").at(0)["frame"];
