@@ -119,6 +119,12 @@ void appendCharacter(std::string& utf8, char32_t character) {
     addFollowing(0);
 }
 
+bool isWhiteSpaceOnMac(char32_t character) {
+    return isWithin(character, 0x09, 0x0D) || character == 0x20 || character == 0x85 || character == 0xA0 ||
+           character == 0x1680 || isWithin(character, 0x2000, 0x200B) || character == 0x2028 ||
+           character == 0x2029 || character == 0x202F || character == 0x205F || character == 0x3000;
+}
+
 std::vector<std::uint16_t> utf16From(std::string_view utf8) {
     std::vector<std::uint16_t> utf16;
     utf16.reserve(utf8.size());

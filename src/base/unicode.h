@@ -36,6 +36,10 @@ std::string_view frontWithin(std::size_t bytesMax, std::string_view utf8);
 
 void appendCharacter(std::string& utf8, char32_t character);
 
+/// White space and line breaks as macOS counts them (CharacterSet.whitespacesAndNewlines), to which U+200B
+/// belongs. All of them take one unit of UTF-16.
+bool isWhiteSpaceOnMac(char32_t character);
+
 /// Conversions for systems that keep text as UTF-16. An unpaired surrogate becomes U+FFFD.
 std::vector<std::uint16_t> utf16From(std::string_view utf8);
 std::string utf8From(std::span<const std::uint16_t> utf16);

@@ -16,6 +16,7 @@ TEST(IcuText, followsTheSystemsRules) {
     EXPECT_EQ(text->keepingAlphanumerics("a-b_c 1½é\u0301!"), "abc1½é\u0301");
     EXPECT_EQ(text->trimmed("\t\u00A0\u2003 a b \n\u2028"), "a b");
     EXPECT_EQ(text->trimmed(" \n"), "");
+    EXPECT_EQ(text->trimmed("\u200B\u180Ea\u200Bb\u200B "), "\u180Ea\u200Bb");
     EXPECT_EQ(text->lowercased("A\xff"), "a\uFFFD");
 }
 

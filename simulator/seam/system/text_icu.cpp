@@ -1,5 +1,7 @@
 #include "seam/system/text_icu.h"
 
+#include "base/unicode.h"
+
 #include <cassert>
 #include <functional>
 #include <string>
@@ -44,8 +46,7 @@ constexpr UChar32 marksMatterFrom = 0x0510;
 bool isMark(UChar32 character) { return u_hasBinaryProperty(character, UCHAR_GRAPHEME_EXTEND) != 0; }
 
 bool isWhiteSpace(UChar32 character) {
-    const bool isControl = (character >= 0x09 && character <= 0x0D) || character == 0x85;
-    return isControl || (U_GET_GC_MASK(character) & U_GC_Z_MASK) != 0;
+    return character >= 0 && tavrin::isWhiteSpaceOnMac(static_cast<char32_t>(character));
 }
 
 class IcuText final : public tavrin::Text {

@@ -15,20 +15,12 @@ using Units = std::vector<std::uint16_t>;
 constexpr std::uint16_t ellipsis = 0x2026;
 constexpr std::uint16_t apostrophe = 0x2019;
 
-/// White space and line breaks as macOS counts them (CharacterSet.whitespacesAndNewlines), to which U+200B
-/// belongs.
-bool isWhiteSpace(std::uint16_t unit) {
-    return (unit >= 0x09 && unit <= 0x0D) || unit == 0x20 || unit == 0x85 || unit == 0xA0 || unit == 0x1680 ||
-           (unit >= 0x2000 && unit <= 0x200B) || unit == 0x2028 || unit == 0x2029 || unit == 0x202F ||
-           unit == 0x205F || unit == 0x3000;
-}
-
 /// Hyphen, non-breaking hyphen, figure dash, en dash; the em dash divides more than a hyphen does.
 bool isHyphen(std::uint16_t unit) { return unit >= 0x2010 && unit <= 0x2013; }
 
 Units trimmed(const Units& title) {
-    const auto begin = std::ranges::find_if_not(title, isWhiteSpace);
-    const auto end = std::find_if_not(title.rbegin(), std::make_reverse_iterator(begin), isWhiteSpace).base();
+    const auto begin = std::ranges::find_if_not(title, isWhiteSpaceOnMac);
+    const auto end = std::find_if_not(title.rbegin(), std::make_reverse_iterator(begin), isWhiteSpaceOnMac).base();
     return {begin, end};
 }
 
@@ -51,7 +43,7 @@ Units withoutFinalStops(Units title) {
 Units withSingleSpaces(const Units& title) {
     Units spaced;
     for (const auto unit : title) {
-        if (!isWhiteSpace(unit))
+        if (!isWhiteSpaceOnMac(unit))
             spaced.push_back(unit);
         else if (!spaced.empty() && spaced.back() != ' ')
             spaced.push_back(' ');

@@ -87,6 +87,7 @@ Verdict trims(const Platform& platform) {
         {" \t a b \r\n", "a b"},
         {"\u00A0x\u00A0", "x"},
         {"\u0085\u2028x\u2029", "x"},
+        {"\u200B x\u200By\u200B", "x\u200By"},
         {" \xFF ", "\uFFFD"},
     };
     return compareWithTable(platform.text, &Text::trimmed, table);
