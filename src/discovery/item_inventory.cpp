@@ -1,10 +1,26 @@
 #include "discovery/item_inventory.h"
 
 #include "concurrency/waits.h"
+#include "discovery/system_menu_extra_catalog.h"
 #include "platform/application.h"
 #include "platform/workspace.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace tavrin {
+
+namespace {
+
+/// Many of Apple's extras belong to one application, whose icon tells nobody which is which.
+MenuBarItemIcon iconOf(const MenuBarItemSnapshot& item) {
+    const auto symbol = SystemMenuExtraCatalog::symbol(item.accessibilityIdentifier.value_or(""));
+    if (symbol && item.bundleIdentifier.starts_with("com.apple.")) return std::string(*symbol);
+    return IconOfApplication{item.bundleIdentifier};
+}
+
+} // namespace
 
 ItemInventory::ItemInventory(const Platform& platform, AccessibilityPermission& permission,
                              std::function<double()> boundaryX)
@@ -75,7 +91,7 @@ std::vector<RunningApplicationSnapshot> ItemInventory::applicationsToScan() cons
 void ItemInventory::publish(ScanResult result) {
     std::vector<MenuBarItem> items;
     for (const auto& snapshot : result.items)
-        items.push_back({snapshot, IconOfApplication{snapshot.bundleIdentifier}});
+        items.push_back({snapshot, iconOf(snapshot)});
     hasCompletedScan_ = true;
     items_.set(std::move(items));
     scanCompleted_.emit(result);

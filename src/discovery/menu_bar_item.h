@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <variant>
 
 namespace tavrin {
 
@@ -49,9 +50,13 @@ struct MenuBarItemSnapshot {
     bool operator==(const MenuBarItemSnapshot&) const = default;
 };
 
+/// What stands for an item in a list: a symbol of the system where one application has several items that
+/// everyone knows by their pictures, else its application's icon.
+using MenuBarItemIcon = std::variant<IconOfApplication, std::string>;
+
 struct MenuBarItem {
     MenuBarItemSnapshot snapshot;
-    std::optional<IconOfApplication> icon;
+    std::optional<MenuBarItemIcon> icon;
 
     bool operator==(const MenuBarItem&) const = default;
 };

@@ -52,6 +52,24 @@ constexpr std::array displayNameByAppleIdentifier{
     Row{"com.apple.menuextra.wifi", "Wi-Fi"},
 };
 
+constexpr std::array symbolByAppleIdentifier{
+    Row{"com.apple.menuextra.airdrop", "dot.radiowaves.left.and.right"},
+    Row{"com.apple.menuextra.airplay", "airplayvideo"},
+    Row{"com.apple.menuextra.battery", "battery.100percent"},
+    Row{"com.apple.menuextra.bluetooth", "wave.3.right"},
+    Row{"com.apple.menuextra.clock", "clock"},
+    Row{"com.apple.menuextra.controlcenter", "switch.2"},
+    Row{"com.apple.menuextra.display", "display"},
+    Row{"com.apple.menuextra.focusmode", "moon"},
+    Row{"com.apple.menuextra.now-playing", "play.circle"},
+    Row{"com.apple.menuextra.siri", "mic"},
+    Row{"com.apple.menuextra.sound", "speaker.wave.2"},
+    Row{"com.apple.menuextra.spotlight", "magnifyingglass"},
+    Row{"com.apple.menuextra.timemachine", "clock.arrow.circlepath"},
+    Row{"com.apple.weather.menu", "sun.max"},
+    Row{"com.apple.menuextra.wifi", "wifi"},
+};
+
 constexpr std::array<std::string_view, 2> fixedAppleIdentifiers{"com.apple.menuextra.clock",
                                                                 "com.apple.menuextra.controlcenter"};
 constexpr std::array<std::string_view, 2> spotlightOwners{"com.apple.spotlight", "com.apple.campo"};
@@ -89,6 +107,10 @@ std::optional<std::string_view> identifierForToken(std::string_view token) {
 
 std::optional<std::string_view> displayName(std::string_view canonicalIdentifier) {
     return lookUp(displayNameByAppleIdentifier, canonicalIdentifier);
+}
+
+std::optional<std::string_view> symbol(std::string_view canonicalIdentifier) {
+    return lookUp(symbolByAppleIdentifier, canonicalIdentifier);
 }
 
 bool isFixed(std::string_view canonicalIdentifier) {

@@ -32,6 +32,9 @@ std::optional<std::string_view> identifierForToken(std::string_view token);
 /// The English name that macOS shows for the extra.
 std::optional<std::string_view> displayName(std::string_view canonicalIdentifier);
 
+/// The system's symbol nearest to the extra's picture, which tells it from others of the same owner.
+std::optional<std::string_view> symbol(std::string_view canonicalIdentifier);
+
 /// Whether macOS keeps the extra in its place, as it does Clock and Control Center.
 bool isFixed(std::string_view canonicalIdentifier);
 

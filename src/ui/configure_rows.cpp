@@ -4,6 +4,7 @@
 
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace tavrin {
@@ -11,11 +12,20 @@ namespace tavrin {
 namespace {
 
 constexpr double iconSize = 20;
+constexpr double symbolSize = 14; // points of type; the picture is a little larger
 constexpr double textWidth = 230;
+
+View symbolInIconsPlace(const std::string& name) {
+    auto view = symbol(name, symbolSize);
+    view.width = view.height = iconSize;
+    return view;
+}
 
 View itemIcon(const MenuBarItem& item) {
     if (!item.icon) return symbol("app.dashed", iconSize);
-    return icon(*item.icon, iconSize);
+    if (const auto* application = std::get_if<IconOfApplication>(&*item.icon))
+        return icon(*application, iconSize);
+    return symbolInIconsPlace(std::get<std::string>(*item.icon));
 }
 
 View itemTexts(const MenuBarItemSnapshot& item) {

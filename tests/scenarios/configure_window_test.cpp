@@ -50,6 +50,27 @@ TEST(ConfigureWindow, staysOnTheScreenWithManyItemsAndLongNames) {
     EXPECT_TRUE(mac.shows("100 items will move"));
 }
 
+TEST(ConfigureWindow, showsEachItemOfControlCenterWithAPictureOfItsOwn) {
+    auto mac = started(trustedMac("notched-laptop"), 4);
+    answerHint(mac);
+    openConfigure(mac);
+    const auto pictureOf = [&mac](const std::string& name) {
+        const auto rows = mac.find(name);
+        const auto picture = rows.empty() ? json::object() : rows.front()["children"][0];
+        return picture.value("symbol", picture.value("icon", "none"));
+    };
+
+    struct Case {
+        const char* name;
+        const char* picture;
+    };
+
+    for (const auto& [name, picture] :
+         {Case{"Wi-Fi", "wifi"}, Case{"Battery", "battery.100percent"}, Case{"Sound", "speaker.wave.2"},
+          Case{"Clock", "clock"}, Case{"Control Center", "switch.2"}, Case{"Notes", "org.example.notes"}})
+        EXPECT_EQ(pictureOf(name), picture) << name;
+}
+
 TEST(ConfigureWindow, tellsThatThereIsNothing) {
     auto mac = started(crowdOnTheVisibleSide(0), 3);
     openConfigure(mac);
