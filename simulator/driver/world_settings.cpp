@@ -251,7 +251,7 @@ Change visibilityService(World world, const json& value, const std::string& poin
 }
 
 Change reducedMotion(World world, const json& value, const std::string& pointer, FirstFault& faults) {
-    return [world, isOn = flagOf(value, pointer, faults)] { world.state.reducedMotion = isOn; };
+    return [world, isOn = flagOf(value, pointer, faults)] { world.mac.setReducesMotion(isOn); };
 }
 
 Change keyboardLayout(World world, const json& value, const std::string& pointer, FirstFault& faults) {

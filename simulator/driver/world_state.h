@@ -7,7 +7,6 @@ namespace mac_model {
 /// Settings of a driver that nothing on this Mac acts on yet.
 struct WorldState {
     VisibilityService visibilityService = VisibilityService::Absent;
-    bool reducedMotion = false;
 };
 
 } // namespace mac_model

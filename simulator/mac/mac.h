@@ -107,6 +107,10 @@ class Mac {
 
     Faults& faults() { return behaviour_.faults; }
 
+    bool reducesMotion() const { return behaviour_.reducesMotion; }
+
+    void setReducesMotion(bool reduces) { behaviour_.reducesMotion = reduces; }
+
     const Uncertainties& uncertainties() const { return behaviour_.uncertainties; }
 
     /// Takes effect at once, as if macOS had always been so.

@@ -11,6 +11,7 @@ struct Behaviour {
     MacOSVersion version;
     Uncertainties uncertainties;
     Faults faults;
+    bool reducesMotion = false; // the person's setting
 };
 
 } // namespace mac_model

@@ -3,6 +3,7 @@
 #include "concurrency/scheduler.h"
 #include "platform/application.h"
 #include "platform/events.h"
+#include "platform/workspace.h"
 #include "views/view_builders.h"
 
 #include <utility>
@@ -76,7 +77,7 @@ bool FirstRunHint::wasJustClosedByControlPress() const {
 
 void FirstRunHint::startGlow() {
     const auto swap = [this] {
-        glowsBright_ = !glowsBright_;
+        glowsBright_ = !glowsBright_ || platform_.workspace.isMotionReduced();
         items_.setGlow(glowsBright_ ? 1.0 : 0.4);
     };
     swap();

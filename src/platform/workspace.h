@@ -35,6 +35,9 @@ class Workspace {
 
     virtual OperatingSystemVersion operatingSystemVersion() const = 0;
 
+    /// Whether the user asks for less motion on the screen. It may change at any time.
+    virtual bool isMotionReduced() const = 0;
+
     /// All processes with a connection to the window server, this one included. Those that stay
     /// keep their order.
     virtual std::vector<RunningApplication> runningApplications() const = 0;

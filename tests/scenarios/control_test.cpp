@@ -1,6 +1,7 @@
 #include "scenarios/acts.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace mac_model {
 namespace {
@@ -109,6 +110,24 @@ TEST(FirstRunHint, aMenuThatThePressWouldNotOpenIsRefusedBeforeIt) {
     mac.wait(2);
     EXPECT_TRUE(mac.shows(hint));
     EXPECT_TRUE(isCollapsed(mac));
+}
+
+TEST(FirstRunHint, glowsWithoutMovingWhereMotionIsReduced) {
+    auto mac = started(trustedMac("classic-display"), 3);
+    const auto glows = [&mac] {
+        std::set<double> seen;
+        for (int i = 0; i < 30; ++i) {
+            mac.wait(0.2);
+            seen.insert(mac.control().value("glow", 0.0));
+        }
+        return seen;
+    };
+    EXPECT_EQ(glows(), (std::set{0.4, 1.0}));
+    mac.set("reducedMotion", true);
+    mac.wait(2);
+    EXPECT_EQ(glows(), std::set{1.0});
+    clickControlAndWait(mac);
+    EXPECT_FALSE(mac.control().contains("glow"));
 }
 
 TEST(FirstRunHint, aClickElsewhereOnlyClosesIt) {

@@ -87,6 +87,8 @@ class PassedOnWorkspace : public Workspace {
 
     OperatingSystemVersion operatingSystemVersion() const override { return truth.operatingSystemVersion(); }
 
+    bool isMotionReduced() const override { return truth.isMotionReduced(); }
+
     std::vector<RunningApplication> runningApplications() const override {
         return truth.runningApplications();
     }

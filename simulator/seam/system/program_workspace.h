@@ -19,6 +19,8 @@ class ProgramWorkspace final : public tavrin::Workspace {
 
     OperatingSystemVersion operatingSystemVersion() const override;
 
+    bool isMotionReduced() const override { return side_.mac.behaviour.reducesMotion; }
+
     std::vector<RunningApplication> runningApplications() const override { return state_->applications; }
 
     Subscription onApplicationsChanged(std::function<void()> handler) override;

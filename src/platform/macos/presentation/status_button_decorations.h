@@ -15,7 +15,7 @@ class MenuBarControlDecorations {
     void attach(NSStatusBarButton* button);
     void detach();
 
-    /// `glow` from 0 to 1. It moves there slowly; where motion is reduced it is either off or full.
+    /// `glow` from 0 to 1. It moves there slowly, where motion is reduced at once.
     void show(bool pillShown, double glow);
 
     /// A rectangle of this size around the middle of the button, in the coordinates of `view`.

@@ -85,7 +85,7 @@ void MenuBarControlDecorations::detach() {
 void MenuBarControlDecorations::show(bool pillShown, double glow) {
     pill_.hidden = !pillShown;
     if (NSWorkspace.sharedWorkspace.accessibilityDisplayShouldReduceMotion) {
-        glow_.alphaValue = glow > 0 ? 1 : 0;
+        glow_.alphaValue = glow;
         return;
     }
     TavrinCoralGlowView* view = glow_;

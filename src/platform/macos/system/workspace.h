@@ -10,6 +10,7 @@ class MacWorkspace final : public Workspace {
     explicit MacWorkspace(Scheduler& scheduler) : scheduler_(scheduler) {}
 
     OperatingSystemVersion operatingSystemVersion() const override;
+    bool isMotionReduced() const override;
     std::vector<RunningApplication> runningApplications() const override;
     Subscription onApplicationsChanged(std::function<void()> handler) override;
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;

@@ -25,6 +25,10 @@ OperatingSystemVersion MacWorkspace::operatingSystemVersion() const {
     return {static_cast<int>(version.majorVersion), static_cast<int>(version.minorVersion)};
 }
 
+bool MacWorkspace::isMotionReduced() const {
+    return NSWorkspace.sharedWorkspace.accessibilityDisplayShouldReduceMotion;
+}
+
 std::vector<RunningApplication> MacWorkspace::runningApplications() const {
     assertMainThread();
     std::vector<RunningApplication> applications;
