@@ -57,7 +57,7 @@ struct MenuItemSpec {
     bool enabled = true;
     std::string role = "AXMenuItem";
     std::vector<MenuItemSpec> items{}; ///< the submenu
-    std::string icon{};                ///< bundle whose icon it shows; the program's menus alone have any
+    std::vector<std::byte> picture{};  ///< a PNG; the program's menus alone have any
 
     bool operator==(const MenuItemSpec&) const = default;
 };

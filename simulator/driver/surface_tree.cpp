@@ -1,5 +1,6 @@
 #include "driver/surface_tree.h"
 
+#include "base/base64.h"
 #include "driver/json_shapes.h"
 #include "screen/menu_layout.h"
 #include "views/view_queries.h"
@@ -136,7 +137,7 @@ json nodeOf(const MenuRow& row, bool isHighlighted) {
     put(node, "identifier", row.item.identifier);
     put(node, "key", keyEquivalentText(row.item));
     put(node, "value", row.item.mark);
-    put(node, "icon", row.item.icon);
+    if (!row.item.picture.empty()) node["picture"] = tavrin::base64From(row.item.picture);
     if (!row.item.separator) node["enabled"] = row.item.enabled;
     if (!row.item.mark.empty()) node["checked"] = row.item.mark == "✓";
     if (isHighlighted) node["highlighted"] = true;

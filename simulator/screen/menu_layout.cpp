@@ -14,7 +14,7 @@ constexpr double inset = 5; // above the first and below the last entry
 constexpr double rowHeight = 22;
 constexpr double separatorHeight = 11;
 constexpr double markWidth = 22;
-constexpr double iconWidth = 22; // with the room beside it
+constexpr double pictureWidth = 22; // with the room beside it
 constexpr double trailingWidth = 14;
 constexpr double columnGap = 24;
 constexpr double widthMin = 120;
@@ -45,8 +45,8 @@ Size menuSize(const std::vector<MenuItemSpec>& items) {
     double widest = 0;
     double height = 2 * inset;
     for (const auto& item : items) {
-        const double icon = item.icon.empty() ? 0 : iconWidth;
-        widest = std::max(widest, icon + widthOf(item.title, TextStyle::Body) + trailingTextWidth(item));
+        const double picture = item.picture.empty() ? 0 : pictureWidth;
+        widest = std::max(widest, picture + widthOf(item.title, TextStyle::Body) + trailingTextWidth(item));
         height += heightOf(item);
     }
     return {std::max(widthMin, std::ceil(markWidth + widest + trailingWidth)), height};

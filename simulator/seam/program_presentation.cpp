@@ -21,7 +21,7 @@ MenuItemSpec entryFor(const tavrin::MenuItem& item) {
     entry.separator = item.isSeparator;
     entry.enabled = item.isEnabled && !item.isSeparator;
     if (item.isChecked) entry.mark = "✓";
-    if (item.icon) entry.icon = item.icon->bundleIdentifier;
+    if (item.picture) entry.picture = *item.picture;
     return entry;
 }
 

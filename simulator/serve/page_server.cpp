@@ -162,7 +162,7 @@ class LoopbackServer final : public PageServer {
         server_.set_payload_max_length(commandBytesMax);
         server_.set_default_headers(
             {{"Content-Security-Policy",
-              "default-src 'self'; frame-ancestors 'none'; base-uri 'none'; form-action 'none'"},
+              "default-src 'self'; img-src 'self' data:; frame-ancestors 'none'; base-uri 'none'; form-action 'none'"},
              {"X-Content-Type-Options", "nosniff"},
              {"Cross-Origin-Resource-Policy", "same-origin"},
              {"Referrer-Policy", "no-referrer"}});

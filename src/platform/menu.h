@@ -1,7 +1,6 @@
 #pragma once
 
-#include "views/view.h"
-
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -15,8 +14,8 @@ struct MenuItem {
     bool isEnabled = true;
     bool isChecked = false;
     bool isSeparator = false;
-    std::optional<IconOfApplication> icon; // 16 points
-    std::function<void()> action;          // called after the menu has closed
+    std::optional<std::vector<std::byte>> picture; // a PNG, shown 16 points wide; what is none shows nothing
+    std::function<void()> action;                  // called after the menu has closed
 
     static MenuItem separator() {
         MenuItem item;

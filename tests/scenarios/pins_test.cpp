@@ -16,9 +16,10 @@ TEST(Pins, standInTheMenuOfTheControlInTheirOrder) {
     mac.rightClickItem(tavrinBundle);
     const auto rows = mac.surfacesOf(tavrinBundle).back()["children"];
     EXPECT_EQ(rows[0]["text"], "Sync");
-    EXPECT_EQ(rows[0]["icon"], notesBundle);
     EXPECT_EQ(rows[1]["text"], "New Page");
-    EXPECT_EQ(rows[1]["icon"], editorBundle);
+    EXPECT_EQ(rows[0]["picture"], storedPin(mac, rows[0]["text"])["iconPNG"]);
+    EXPECT_EQ(rows[1]["picture"], storedPin(mac, "New Page")["iconPNG"]);
+    EXPECT_NE(rows[0]["picture"], rows[1]["picture"]);
     EXPECT_TRUE(rows[2].value("separator", false));
     EXPECT_EQ(rows[3]["text"], "Configure Items…");
 }

@@ -1,7 +1,8 @@
 import { h, icon } from "./dom.js";
 import { pictureFor } from "./symbols.js";
 
-const symbolOfApplication = {
+// A map, because an identifier may be any text, also "constructor".
+const symbolOfApplication = new Map(Object.entries({
     "com.apple.controlcenter": "switch.2",
     "com.apple.systemuiserver": "menubar.rectangle",
     "com.apple.Spotlight": "magnifyingglass",
@@ -10,7 +11,7 @@ const symbolOfApplication = {
     "com.apple.finder": "folder",
     "com.apple.notificationcenterui": "bell",
     "org.tavrin.Tavrin": "menubar.rectangle",
-};
+}));
 
 const greyApplications = ["com.apple.systempreferences", "com.apple.systemuiserver", "com.apple.controlcenter"];
 
@@ -24,7 +25,7 @@ function hueOf(bundle) {
 // An application's icon: a tile in a colour of its own with what it shows in the menu bar, or its initial.
 export function applicationIcon(bundle, state) {
     const item = state?.menuBar.find((candidate) => candidate.owner === bundle);
-    const symbol = symbolOfApplication[bundle] ?? item?.symbol;
+    const symbol = symbolOfApplication.get(bundle) ?? item?.symbol;
     const picture = symbol ? pictureFor(symbol) : null;
     return h("span", { class: `tile${greyApplications.includes(bundle) ? " grey" : ""}`, style: { "--hue": String(hueOf(bundle)) } },
         picture ? icon(picture) : h("b", {}, initialOf(nameOf(bundle, state))));

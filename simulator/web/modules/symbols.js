@@ -2,6 +2,7 @@
 // icons/make_sprite.mjs: a name ending in "-fill" has its first shape filled.
 
 export const pictureOfSymbol = {
+    "airplayvideo": "airplay",
     "app.dashed": "square-dashed",
     "app.fill": "app-window",
     "arrow.clockwise": "rotate-cw",
@@ -35,6 +36,7 @@ export const pictureOfSymbol = {
     "display": "monitor",
     "door.left.hand.open": "door-open",
     "doc.text": "file-text",
+    "dot.radiowaves.left.and.right": "radio",
     "envelope": "mail",
     "exclamationmark.triangle": "triangle-alert",
     "exclamationmark.triangle.fill": "triangle-alert-fill",
@@ -93,6 +95,7 @@ export const pictureOfSymbol = {
     "trash": "trash-2",
     "tray": "inbox",
     "video": "video",
+    "wave.3.right": "nfc",
     "wifi": "wifi",
     "xmark": "x",
     "xmark.circle": "circle-x",
@@ -105,7 +108,7 @@ export const picturesOfPage = ["grip-vertical", "power", "circle-stop"];
 // A symbol that isn't in the table is drawn as the nearest one by name ("wifi.slash" as "wifi"), else not at all.
 export function pictureFor(symbol) {
     for (let name = symbol; name; name = name.slice(0, Math.max(0, name.lastIndexOf(".")))) {
-        if (pictureOfSymbol[name]) return pictureOfSymbol[name];
+        if (Object.hasOwn(pictureOfSymbol, name)) return pictureOfSymbol[name];
     }
     return null;
 }

@@ -55,7 +55,7 @@ void PinnedActionsController::appendMenuSection(Menu& menu) {
     for (const auto& pin : pins) {
         MenuItem item;
         item.title = pin.name;
-        item.icon = IconOfApplication{pin.bundleIdentifier};
+        item.picture = pin.iconPng;
         item.action = [this, id = pin.id] { run(id); };
         menu.items.push_back(std::move(item));
     }

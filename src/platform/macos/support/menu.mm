@@ -35,10 +35,8 @@ namespace tavrin::macos {
 
 namespace {
 
-NSImage* menuImageOf(const IconOfApplication& icon) {
-    NSURL* place =
-        [NSWorkspace.sharedWorkspace URLForApplicationWithBundleIdentifier:toNSString(icon.bundleIdentifier)];
-    NSImage* image = place ? [[NSWorkspace.sharedWorkspace iconForFile:place.path] copy] : nil;
+NSImage* menuImageOf(const std::vector<std::byte>& png) {
+    NSImage* image = [[NSImage alloc] initWithData:[NSData dataWithBytes:png.data() length:png.size()]];
     image.size = NSMakeSize(16, 16);
     return image;
 }
@@ -49,7 +47,7 @@ NSMenuItem* makeItem(const MenuItem& entry, const Deliver& deliver) {
                                                   action:@selector(choose:)
                                            keyEquivalent:toNSString(entry.keyEquivalent)];
     item.enabled = entry.isEnabled;
-    if (entry.icon) item.image = menuImageOf(*entry.icon);
+    if (entry.picture) item.image = menuImageOf(*entry.picture);
     item.state = entry.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
     TavrinMenuAction* action = [[TavrinMenuAction alloc] initWithWork:entry.action deliver:deliver];
     item.target = action;

@@ -12,6 +12,7 @@ typedef NSString *NSImageName;
 + (NSImage *)imageNamed:(NSImageName)name;
 + (instancetype)imageWithSystemSymbolName:(NSString *)name accessibilityDescription:(NSString *)description;
 + (instancetype)imageWithSize:(NSSize)size flipped:(BOOL)flipped drawingHandler:(BOOL (^)(NSRect bounds))handler;
+- (instancetype)initWithData:(NSData *)data;
 - (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)configuration;
 - (void)drawInRect:(NSRect)rect;
 - (BOOL)isTemplate;
