@@ -95,9 +95,11 @@ json lookAt(Mac& mac, const ScreenContent& content, const WorldState& state) {
     for (const auto* item : mac.statusItems().fromLeftToRight())
         look["menuBar"].push_back(shapeOf(*item, mac.processes()));
     const auto* key = content.stack.key();
-    for (const auto& surface : content.stack.backToFront())
-        look["surfaces"].push_back(
-            treeOf(*surface, bundleOf(mac.processes(), surface->owner), surface.get() == key));
+    for (const auto& surface : content.stack.backToFront()) {
+        auto tree = treeOf(*surface, bundleOf(mac.processes(), surface->owner), surface.get() == key);
+        if (content.stack.alertBefore(*surface)) tree["waits"] = true;
+        look["surfaces"].push_back(std::move(tree));
+    }
     const auto* front = mac.processes().frontmost();
     look["frontmost"] = front ? front->application.bundleIdentifier : "";
     look["world"] = worldShape(mac, state);

@@ -3,6 +3,7 @@
 #include "base/base64.h"
 #include "driver/json_shapes.h"
 #include "screen/menu_layout.h"
+#include "screen/menu_scrolling.h"
 #include "views/view_queries.h"
 #include "vocabulary/vocabulary.h"
 
@@ -146,6 +147,15 @@ json nodeOf(const MenuRow& row, bool isHighlighted) {
     return node;
 }
 
+void putRows(json& tree, const Surface& menu) {
+    for (std::size_t i = 0; i < menu.rows.size(); ++i)
+        tree["children"].push_back(nodeOf(menu.rows[i], menu.highlightedRow == i));
+    if (menu.rowsOffsetMax == 0) return;
+    tree["value"] = number(menu.rowsOffset);
+    tree["scrollMax"] = number(menu.rowsOffsetMax);
+    tree["shownRows"] = frameShape(shownRows(menu));
+}
+
 json closeButton(const Surface& surface) {
     return {{"role", "AXButton"},
             {"text", closeButtonText},
@@ -192,8 +202,7 @@ json treeOf(const Surface& surface, const std::string& owner, bool isKey) {
     const auto focus = isKey ? surface.focus.standsAt() : std::nullopt;
     const auto* focused = focus ? viewAt(surface.content, *focus) : nullptr;
     if (surface.kind != SurfaceKind::Menu) tree["children"].push_back(nodeOf(surface.content, focused));
-    for (std::size_t i = 0; i < surface.rows.size(); ++i)
-        tree["children"].push_back(nodeOf(surface.rows[i], surface.highlightedRow == i));
+    putRows(tree, surface);
     return tree;
 }
 

@@ -75,9 +75,14 @@ void TargetFinder::addContent(const Surface& surface, std::vector<Target>& targe
 }
 
 void TargetFinder::addRows(const Surface& menu, std::vector<Target>& targets) {
-    for (const auto& row : menu.rows) {
+    for (std::size_t i = 0; i < menu.rows.size(); ++i) {
+        const auto& row = menu.rows[i];
         if (row.item.separator) continue;
-        Target target{.kind = Kind::MenuEntry, .frame = row.frame, .isEnabled = row.item.enabled};
+        Target target{.kind = Kind::MenuEntry,
+                      .frame = row.frame,
+                      .isEnabled = row.item.enabled,
+                      .surface = menu.identifier,
+                      .row = i};
         addName(target, row.item.title);
         targets.push_back(std::move(target));
     }
@@ -88,7 +93,8 @@ std::vector<Target> TargetFinder::onSurfaces() const {
     const bool isMenuOpen = content_.menus.isOpen();
     for (const auto& surface : content_.stack.backToFront()) {
         addRows(*surface, targets);
-        if (!isMenuOpen && surface->kind != SurfaceKind::Drag) addContent(*surface, targets);
+        const bool isKept = surface->kind == SurfaceKind::Drag || content_.stack.alertBefore(*surface);
+        if (!isMenuOpen && !isKept) addContent(*surface, targets);
     }
     return targets;
 }
@@ -205,6 +211,10 @@ bool TargetFinder::isOnScreen(Point point) const {
 std::expected<Point, std::string> TargetFinder::placeToPress(const Target& target) const {
     auto* surface = content_.stack.find(target.surface);
     if (!surface) return target.frame.middle();
+    if (target.kind == Kind::MenuEntry) {
+        content_.menus.reveal(target.surface, target.row);
+        return surface->rows[target.row].frame.middle();
+    }
     // On a copy first: what can't be pressed isn't scrolled either.
     auto revealed = surface->content;
     reveal(revealed, target.path);

@@ -22,8 +22,9 @@ struct Target {
     std::vector<std::string> names{}; // what a person calls it: text, label, help
     Rect frame{};
     bool isEnabled = true;
-    SurfaceIdentifier surface{}; // Control, Text, View
+    SurfaceIdentifier surface{}; // Control, MenuEntry, Text, View
     ViewPath path{};
+    std::size_t row = 0;         // MenuEntry
     StatusItemIdentifier item{}; // StatusItem
 };
 
@@ -35,8 +36,8 @@ class TargetFinder {
     TargetFinder(Mac& mac, ScreenContent& content) : mac_(mac), content_(content) {}
 
     /// The one enabled control, or menu entry, or status item or menu title where no surface has any. Things
-    /// that another surface covers don't count, and while a menu is open only its entries do. The error is a
-    /// sentence.
+    /// that another surface covers, or that an alert of their application keeps from being pressed, don't
+    /// count, and while a menu is open only its entries do. The error is a sentence.
     std::expected<Target, std::string> control(std::string_view text) const;
     /// The same, or else the one piece of text.
     std::expected<Target, std::string> anything(std::string_view text) const;

@@ -70,7 +70,15 @@ Person::MenuPress Person::pressWithOpenMenu() {
     return (item || title) && !isOnAnchor ? MenuPress::GoesOn : MenuPress::Taken;
 }
 
+/// A press on what an alert of the same application waits in front of.
+void Person::bringForward(const Surface& alert) {
+    reach_.surfaces.raise(alert.identifier);
+    reach_.surfaces.makeKey(alert.identifier);
+    reach_.processes.activate(alert.owner);
+}
+
 void Person::pressSurface(Hand& hand, Surface& surface, MouseButton button) {
+    if (const auto* alert = reach_.surfaces.alertBefore(surface)) return bringForward(*alert);
     if (button == MouseButton::Right) return openContextMenu(surface);
     const auto identifier = surface.identifier;
     const bool isOnTitleBar = surface.hasTitleBar && !surface.contentFrame().contains(at());
@@ -129,7 +137,9 @@ Person::Held Person::pressMenuBarOrDesktop(MouseButton button, const std::vector
                                            const std::vector<StatusItemIdentifier>& closed) {
     // Menus win over the status items that reach so far left.
     if (const auto title = reach_.applicationMenus.titleAt(at())) {
-        if (button == MouseButton::Left) reach_.applicationMenus.toggle(*title, at());
+        const auto* owner = reach_.processes.menuBarOwner();
+        const bool isKept = owner && reach_.surfaces.alertOf(owner->identifier);
+        if (button == MouseButton::Left && !isKept) reach_.applicationMenus.toggle(*title, at());
         return {};
     }
     if (const auto* item = reach_.arrangement.itemAt(at())) return pressItem(*item, modifiers, closed);
@@ -142,6 +152,7 @@ Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<M
                                const std::vector<StatusItemIdentifier>& closed) {
     // With Command the press belongs to macOS, which lets the person move the item.
     if (hasCommand(modifiers)) return HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
+    if (reach_.surfaces.alertOf(item.owner)) return {};
     if (item.origin == ItemOrigin::Program) return HeldItem{item.identifier};
     const bool hasJustClosed = std::ranges::find(closed, item.identifier) != closed.end();
     if (hasJustClosed) return {};
@@ -226,9 +237,10 @@ bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifie
 }
 
 bool Person::scroll(double dy) {
+    if (reach_.menus.isOpen()) return reach_.menus.scroll(at(), dy);
     auto* surface = reach_.surfaces.at(at());
-    auto* scrolled =
-        surface && surface->kind != SurfaceKind::Menu ? scrollAt(surface->content, at()) : nullptr;
+    const bool takesInput = surface && !reach_.surfaces.alertBefore(*surface);
+    auto* scrolled = takesInput ? scrollAt(surface->content, at()) : nullptr;
     if (scrolled) scrollTo(*scrolled, scrolled->scrollOffset - dy);
     return scrolled != nullptr;
 }

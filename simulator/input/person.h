@@ -92,6 +92,7 @@ class Person {
     void moveOverMenu(Point);
     MenuPress pressWithOpenMenu();
     void pressSurface(Hand&, Surface&, MouseButton);
+    void bringForward(const Surface& alert);
     Held pressControl(const Surface&, const ViewPath&);
     Held pressMenuBarOrDesktop(MouseButton, const std::vector<Modifier>&,
                                const std::vector<StatusItemIdentifier>&);

@@ -29,10 +29,12 @@ bool Typing::showToMonitors(std::string_view key, const std::vector<Modifier>& m
 
 bool Typing::pressKeyInFront(std::string_view key, const std::vector<Modifier>& modifiers) {
     if (menus_.isOpen()) return pressKeyInMenu(key, modifiers);
-    if (auto* surface = surfaces_.key(); surface && pressKeyOn(*surface, key, modifiers)) return true;
+    auto* surface = surfaces_.key();
+    if (surface && pressKeyOn(*surface, key, modifiers)) return true;
     if (modifiers.empty() && key == "escape") return closeKeySurface(key);
     if (modifiers == std::vector{Modifier::Command} && key == "w" && closeKeySurface(key)) return true;
-    return applicationMenus_.chooseByKey(key, modifiers);
+    const bool isKept = surface && surface->kind == SurfaceKind::Alert;
+    return !isKept && applicationMenus_.chooseByKey(key, modifiers);
 }
 
 bool Typing::pressKeyInMenu(std::string_view key, const std::vector<Modifier>& modifiers) {
@@ -43,6 +45,10 @@ bool Typing::pressKeyInMenu(std::string_view key, const std::vector<Modifier>& m
         menus_.moveHighlight(1);
     else if (key == "up")
         menus_.moveHighlight(-1);
+    else if (key == "home" || key == "end")
+        menus_.highlightFromEdge(key == "home" ? 1 : -1);
+    else if (key == "pageUp" || key == "pageDown")
+        menus_.moveHighlightByPage(key == "pageUp" ? -1 : 1);
     else if (key == "left")
         menus_.closeInnermost();
     else if (key == "right")

@@ -31,7 +31,7 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , screens_(scheduler, desktop_.screens, behaviour_.faults)
     , processes_(desktop_.applications)
     , programProcess_(std::move(options.program))
-    , bundles_(desktop_.bundles)
+    , bundles_(desktop_)
     , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
                   desktop_.accessibilityTrusted)
     , statusItems_(processes_, *preferences_, behaviour_)

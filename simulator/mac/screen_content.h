@@ -15,9 +15,9 @@ namespace mac_model {
 
 /// Everything on the screens besides status items, and the pointer over it.
 struct ScreenContent : Devices {
-    ScreenContent(const VirtualScheduler& scheduler, ProcessTable& processes, ScreensModel& screens,
+    ScreenContent(VirtualScheduler& scheduler, ProcessTable& processes, ScreensModel& screens,
                   StatusItemTable& items)
-        : menus(stack, screens)
+        : menus(scheduler, stack, screens)
         , chosen(scheduler)
         , applicationMenus(processes, screens, menus, chosen)
         , statusItems(items, processes, screens, stack, menus, chosen) {}

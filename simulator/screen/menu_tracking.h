@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "screen/surface_stack.h"
 #include "system/screens_model.h"
+#include "system/world_calls.h"
 #include "vocabulary/vocabulary.h"
 
 #include <functional>
@@ -25,7 +26,7 @@ using MenuPath = std::vector<std::size_t>;
 
 struct MenuRequest {
     std::vector<MenuItemSpec> items;
-    Rect area; // on the screen; the menu opens below it
+    Rect area; // on the screen; the menu opens below it, or at it when it has no size
     ProcessIdentifier owner = 0;
     MenuAnchor anchor;
     std::function<void(const MenuPath&)> onChosen; // after the menu has closed
@@ -35,7 +36,10 @@ struct MenuRequest {
 /// The one open menu with its submenus. While it is open it takes the mouse and the keyboard.
 class MenuTracking {
   public:
-    MenuTracking(SurfaceStack& stack, ScreensModel& screens) : stack_(stack), screens_(screens) {}
+    MenuTracking(VirtualScheduler& scheduler, SurfaceStack& stack, ScreensModel& screens)
+        : stack_(stack)
+        , screens_(screens)
+        , world_(scheduler) {}
 
     MenuTracking(const MenuTracking&) = delete;
     MenuTracking& operator=(const MenuTracking&) = delete;
@@ -52,6 +56,11 @@ class MenuTracking {
 
     bool contains(Point) const;
     void pointerMovedTo(Point);
+    /// Moves the rows of the menu at the point; positive shows what lies further up. False when they don't go
+    /// that way.
+    bool scroll(Point, double dy);
+    /// Scrolls the open menu until the row is seen.
+    void reveal(SurfaceIdentifier menu, std::size_t row);
     /// Chooses the entry at the point, if it can be chosen.
     void releasedAt(Point);
 
@@ -60,6 +69,10 @@ class MenuTracking {
     bool chooseByKey(std::string_view key, const std::vector<Modifier>&);
     /// Moves the highlight to the next entry that can be highlighted, from the edge when none is.
     void moveHighlight(int step);
+    /// As many entries further as the menu shows at a time.
+    void moveHighlightByPage(int step);
+    /// Highlights the first entry going this way: forwards the topmost, backwards the lowest.
+    void highlightFromEdge(int step);
     /// Chooses the highlighted entry, or opens its submenu; without one, closes the menu.
     void pickHighlighted();
     /// Opens the submenu of the highlighted entry and highlights its first entry; false when it has none.
@@ -84,6 +97,7 @@ class MenuTracking {
         MenuRequest request;
         std::vector<SurfaceIdentifier> surfaces;
         MenuPath path; // of the entries whose submenus are open
+        std::optional<Point> pressedAt; // by the press that opened it at the pointer; its release chooses nothing
     };
 
     struct Place {
@@ -91,16 +105,25 @@ class MenuTracking {
         std::size_t row;
     };
 
+    std::optional<std::size_t> depthAt(Point) const;
     std::optional<Place> placeAt(Point) const;
     Surface& surfaceAt(std::size_t depth) const;
-    void addSurface(std::vector<MenuItemSpec>, Rect frame);
+    void addSurface(std::vector<MenuItemSpec>, Size, Rect frame);
     void highlight(Place);
     void openSubmenu(Place);
     void closeDeeperThan(std::size_t depth);
+    double scrollStep() const;
+    void scrollLater();
+    void scrollOn();
+    bool scrollRows(std::size_t depth, double distance);
+    void highlightAtPointer(std::size_t depth);
 
     SurfaceStack& stack_;
     ScreensModel& screens_;
+    WorldCalls world_;
     std::optional<Session> session_;
+    Point pointer_; // where it was seen last
+    bool isScrollPending_ = false;
 };
 
 } // namespace mac_model

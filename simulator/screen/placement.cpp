@@ -10,8 +10,21 @@ namespace {
 constexpr double edgeMargin = 8;
 constexpr double arrowHeight = 8;
 constexpr double menuRowInset = 5;
+constexpr double menuMargin = 4; // at the screen's lower edge
 
 double kept(double position, double least, double most) { return std::max(least, std::min(position, most)); }
+
+Rect roomForMenus(const ScreenSpec& screen) {
+    const Rect& frame = screen.frame;
+    return {frame.x, frame.y + screen.menuBarHeight, frame.width,
+            std::max(0.0, frame.height - screen.menuBarHeight - menuMargin)};
+}
+
+Rect inHeightOf(Rect room, Rect menu) {
+    menu.height = std::min(menu.height, room.height);
+    menu.y = kept(menu.y, room.minY(), room.maxY() - menu.height);
+    return menu;
+}
 
 } // namespace
 
@@ -40,17 +53,24 @@ Rect popoverFrame(Size size, Rect area, const ScreenSpec& screen) {
 
 /// Items and titles may be lower than the menu bar, but their menus begin where it ends.
 Rect menuFrame(Size size, Rect area, const ScreenSpec& screen) {
-    const double barBottom = screen.frame.minY() + screen.menuBarHeight;
-    const double top = area.minY() < barBottom ? std::max(area.maxY(), barBottom) : area.maxY();
-    return {kept(area.minX(), screen.frame.minX(), screen.frame.maxX() - size.width), top, size.width,
-            size.height};
+    const auto room = roomForMenus(screen);
+    const double top = area.minY() < room.minY() ? std::max(area.maxY(), room.minY()) : area.maxY();
+    return {kept(area.minX(), room.minX(), room.maxX() - size.width), top, size.width,
+            std::min(size.height, std::max(0.0, room.maxY() - top))};
+}
+
+Rect contextMenuFrame(Size size, Point point, const ScreenSpec& screen) {
+    const auto room = roomForMenus(screen);
+    const bool fitsRight = point.x + size.width <= room.maxX();
+    const double x = fitsRight ? point.x : std::max(room.minX(), point.x - size.width);
+    return inHeightOf(room, {x, point.y, size.width, size.height});
 }
 
 Rect submenuFrame(Size size, Rect entry, const ScreenSpec& screen) {
-    const bool fitsRight = entry.maxX() + size.width <= screen.frame.maxX();
-    const double x = fitsRight ? entry.maxX() : std::max(screen.frame.minX(), entry.minX() - size.width);
-    return {x, kept(entry.minY() - menuRowInset, screen.frame.minY(), screen.frame.maxY() - size.height),
-            size.width, size.height};
+    const auto room = roomForMenus(screen);
+    const bool fitsRight = entry.maxX() + size.width <= room.maxX();
+    const double x = fitsRight ? entry.maxX() : std::max(room.minX(), entry.minX() - size.width);
+    return inHeightOf(room, {x, entry.minY() - menuRowInset, size.width, size.height});
 }
 
 } // namespace mac_model

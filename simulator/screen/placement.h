@@ -19,10 +19,14 @@ Rect windowFrame(Size, const ScreenSpec&);
 /// Below the area, kept on the screen; the room between holds the arrow. Cut where the screen ends.
 Rect popoverFrame(Size, Rect area, const ScreenSpec&);
 
-/// Below the area and as far left, kept on the screen.
+/// Below the area and as far left, kept on the screen. Cut where the screen ends.
 Rect menuFrame(Size, Rect area, const ScreenSpec&);
 
-/// Beside the entry that opens it: on its right, or on its left where the right has no room.
+/// With its corner at the point, or as near to it as the screen has room for the menu.
+Rect contextMenuFrame(Size, Point, const ScreenSpec&);
+
+/// Beside the entry that opens it: on its right, or on its left where the right has no room. As high as the
+/// screen allows.
 Rect submenuFrame(Size, Rect entry, const ScreenSpec&);
 
 } // namespace mac_model

@@ -48,7 +48,9 @@ struct Surface {
 
     LaidOutView content;       // all but menus
     tavrin::KeptFocus focus;   // nowhere until the person or the program has put it somewhere
-    std::vector<MenuRow> rows; // menus
+    std::vector<MenuRow> rows; // menus; a row that is scrolled away keeps its frame, outside the menu's
+    double rowsOffset = 0;     // points of the rows above the menu's top edge
+    double rowsOffsetMax = 0;
     std::optional<std::size_t> highlightedRow;
 
     std::optional<double> arrowX; // where a popover's arrow points, at its top edge

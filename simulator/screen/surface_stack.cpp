@@ -98,7 +98,20 @@ void SurfaceStack::setActive(ProcessIdentifier process) {
     noteKeyChange();
 }
 
+Surface* SurfaceStack::alertOf(ProcessIdentifier owner) const {
+    for (const auto& surface : surfaces_ | std::views::reverse)
+        if (surface->kind == SurfaceKind::Alert && surface->owner == owner) return surface.get();
+    return nullptr;
+}
+
+Surface* SurfaceStack::alertBefore(const Surface& surface) const {
+    if (surface.kind >= SurfaceKind::Menu) return nullptr;
+    auto* alert = alertOf(surface.owner);
+    return alert == &surface ? nullptr : alert;
+}
+
 bool SurfaceStack::canBeKey(const Surface& surface) const {
+    if (alertBefore(surface)) return false;
     const bool needsActivity = surface.kind == SurfaceKind::Window || surface.kind == SurfaceKind::Alert;
     return !needsActivity || surface.owner == active_;
 }

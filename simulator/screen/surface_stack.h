@@ -39,6 +39,11 @@ class SurfaceStack {
     /// None while the windows that could be key belong to applications that aren't active; panels and
     /// popovers can be key without that.
     Surface* key() const;
+    /// The front-most alert of the process, which keeps presses and keys from what else the process shows;
+    /// null when there is none.
+    Surface* alertOf(ProcessIdentifier owner) const;
+    /// The alert that keeps them from this surface; null for menus, which track by themselves.
+    Surface* alertBefore(const Surface&) const;
     void setActive(ProcessIdentifier);
 
     /// Moves the surface and all in it.

@@ -2,6 +2,7 @@
 
 #include "screen/keyboard_focus.h"
 #include "screen/placement.h"
+#include "system/bundles_on_disk.h"
 #include "views/view_builders.h"
 
 #include <utility>
@@ -48,9 +49,16 @@ void ProgramAlert::layOut(Surface& surface, const View& content) const {
     showAnew(surface, laidOut(content, surface.frame));
 }
 
+/// macOS knows no icon of an application that isn't installed, and keeps the program's own.
+tavrin::IconOfApplication ProgramAlert::iconFor(const AlertQuestion& question) const {
+    const auto& mac = presentation_.mac_;
+    const bool isKnown =
+        question.icon && nameOfApplication(question.icon->bundleIdentifier, mac.bundles, mac.processes);
+    return isKnown ? *question.icon : tavrin::IconOfApplication{mac.program.info().bundleIdentifier};
+}
+
 View ProgramAlert::content(const AlertQuestion& question) {
-    const tavrin::IconOfApplication own{presentation_.mac_.program.info().bundleIdentifier};
-    std::vector<View> children{tavrin::icon(question.icon.value_or(own), iconSize),
+    std::vector<View> children{tavrin::icon(iconFor(question), iconSize),
                                text(question.messageText, {.style = TextStyle::Heading, .isCentered = true}),
                                text(question.informativeText, {.isCentered = true})};
     std::vector<KeyAction> keys;

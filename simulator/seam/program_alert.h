@@ -9,7 +9,8 @@
 
 namespace mac_model {
 
-/// An alert of the program. It doesn't keep presses from the program's other surfaces.
+/// An alert of the program. While it is on the screen, the program's other surfaces, its status items and its
+/// menus take no presses; work and hot keys still reach the program.
 class ProgramAlert final : public tavrin::Alert {
   public:
     ProgramAlert(ProgramPresentation&, AlertQuestion, std::function<void(std::size_t)> onAnswer,
@@ -20,6 +21,7 @@ class ProgramAlert final : public tavrin::Alert {
   private:
     void layOut(Surface&, const View& content) const;
     View content(const AlertQuestion&);
+    tavrin::IconOfApplication iconFor(const AlertQuestion&) const;
     void answer(std::size_t button);
 
     ProgramPresentation& presentation_;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "desktop/desktop_file.h"
+#include "system/process_table.h"
+
 #include <functional>
 #include <map>
 #include <optional>
@@ -8,11 +11,11 @@
 
 namespace mac_model {
 
-/// The bundles on disk, running or not.
+/// The bundles on disk, running or not: those that the desktop file names, and its applications, whose paths
+/// nobody knows.
 class BundlesOnDisk {
   public:
-    explicit BundlesOnDisk(const std::map<std::string, std::string>& bundles)
-        : bundles_(bundles.begin(), bundles.end()) {}
+    explicit BundlesOnDisk(const DesktopFile&);
 
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const;
 
@@ -20,7 +23,12 @@ class BundlesOnDisk {
     std::optional<std::string> nameOfBundle(std::string_view bundleIdentifier) const;
 
   private:
-    std::map<std::string, std::string, std::less<>> bundles_; // identifiers by path
+    std::map<std::string, std::string, std::less<>> bundles_;      // identifiers by path
+    std::map<std::string, std::string, std::less<>> applications_; // names by identifier
 };
+
+/// The name of the application with this identifier, running or on the disk; none when it isn't installed.
+std::optional<std::string> nameOfApplication(std::string_view bundleIdentifier, const BundlesOnDisk&,
+                                             const ProcessTable&);
 
 } // namespace mac_model

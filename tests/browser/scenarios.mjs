@@ -47,6 +47,39 @@ export const scenarios = {
         await mac.menu.waitFor({ state: "detached" });
     },
 
+    async "long menus: arrows, wheel and keys bring every entry into sight"({ mac }) {
+        const menu = Array.from({ length: 70 }, (_, index) => ({ title: `Entry ${index + 1}` }));
+        await mac.server.command({ do: "set", launch: {
+            bundleIdentifier: "org.example.long", name: "Long", policy: "accessory", statusItems: [{ width: 30, description: "Long", menu }],
+        } });
+        await mac.item("Long").click();
+        const isSeen = async (name) => {
+            const [entry, rows] = [await mac.entry(new RegExp(`^${name}$`)).boundingBox(), await mac.menu.locator(".menu-rows").boundingBox()];
+            return entry.y >= rows.y - 1 && entry.y + entry.height <= rows.y + rows.height + 1;
+        };
+        assert.ok(await isSeen("Entry 1") && !await isSeen("Entry 70"));
+        assert.equal(await mac.menu.locator(".menu-arrow").count(), 1, "there is nothing above");
+        await mac.menu.locator(".menu-arrow.below").hover({ force: true });
+        await until("the arrow has brought the last one", () => isSeen("Entry 70"));
+        await mac.entry(/^Entry 60$/).hover();
+        await mac.page.mouse.wheel(0, -5000);
+        await until("the wheel has brought the first one", () => isSeen("Entry 1"));
+        await mac.page.keyboard.press("End");
+        await until("the key has brought the last one", () => isSeen("Entry 70"));
+        await mac.page.keyboard.press("Enter");
+        await mac.trace.getByText("Entry 70").waitFor();
+    },
+
+    async "icons: every identifier has one"({ mac }) {
+        const tags = await mac.page.evaluate(async () => {
+            const { applicationIcon } = await import("./modules/icons.js");
+            const odd = ["", ".", "org.example.", "constructor", "__proto__", "toString", "\u{1F600}", "\ud800", " "];
+            return odd.flatMap((text) => [applicationIcon(text, { menuBar: [] }), applicationIcon("org.x", { menuBar: [{ owner: "org.x", name: text, symbol: text }] })])
+                .map((icon) => `${icon.tag} ${icon.children[0].tag}`);
+        });
+        assert.ok(tags.every((tag) => tag === "span b"), tags.join(", "));
+    },
+
     async "quitting: all items come back, and a new launch hides them again"({ mac }) {
         const before = await mac.itemNames();
         await mac.hidden();
@@ -139,6 +172,8 @@ export const scenarios = {
         await mac.server.command({ do: "set", preferences: { [tavrin]: { "Tavrin.pinnedActions": { $data: document } } } });
         await mac.hidden();
         await mac.control.click({ button: "right" });
+        const picture = mac.entry("Plan").locator("img");
+        await until("it shows the picture that is stored", () => picture.evaluate((image) => image.naturalWidth === 32));
         await mac.entry("Plan").click();
         await mac.room.getByText("Run \"Plan\"?").waitFor();
         await mac.button("Run").click();

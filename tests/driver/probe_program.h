@@ -19,6 +19,7 @@ struct Probe {
     std::unique_ptr<tavrin::StatusItem> item;
     std::unique_ptr<tavrin::Popover> popover;
     std::unique_ptr<tavrin::Window> window;
+    std::unique_ptr<tavrin::Alert> alert;
     std::vector<std::string> log;
 
     std::function<void()> logs(std::string what) {
@@ -26,6 +27,7 @@ struct Probe {
     }
 
     void forget() {
+        alert.reset();
         window.reset();
         popover.reset();
         item.reset();

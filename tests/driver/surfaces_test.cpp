@@ -37,6 +37,17 @@ class Surfaces : public ::testing::Test {
         mac.settle();
     }
 
+    void showAlert(std::optional<tavrin::IconOfApplication> icon = std::nullopt) {
+        probe.platform->application.activate();
+        probe.alert = probe.platform->presentation.showAlert(
+            {.messageText = "Really?", .informativeText = "Why.", .buttons = {"Yes", "Cancel"}, .icon = icon},
+            [this](std::size_t button) {
+                probe.alert.reset();
+                probe.log.push_back("answer " + std::to_string(button));
+            });
+        mac.settle();
+    }
+
     void popUpMenu() {
         tavrin::Menu menu;
         menu.items = {{"First", "f", true, true, false, {}, probe.logs("first")},
@@ -156,6 +167,64 @@ TEST_F(Surfaces, windowTakesKeysAndCloses) {
     openWindow();
     mac.done({{"do", "key"}, {"key", "w"}, {"modifiers", {"command"}}});
     EXPECT_EQ(takeLog(), (Log{"window closed", "last window closed"}));
+}
+
+TEST_F(Surfaces, alertKeepsPressesFromItsApplicationOnly) {
+    openWindow();
+    showPopover(PopoverBehavior::ApplicationDefined);
+    const auto done = mac.find("Done").at(0)["frame"];
+    const auto doIt = mac.find("Do It").at(0)["frame"];
+    const auto click = [this](const json& frame) {
+        mac.done({{"do", "click"}, {"at", {frame[0].get<double>() + 5, frame[1].get<double>() + 5}}});
+        mac.settle();
+    };
+    const auto title = mac.surfacesOf(tavrinBundle).at(0)["frame"];
+    showAlert();
+    // Beside the alert, which stands in the middle.
+    mac.modelled().content().stack.moveBy(*mac.modelled().content().stack.key(), -500, 200);
+    click(done);
+    click(doIt);
+    mac.clickItem(tavrinBundle);
+    mac.rightClickItem(tavrinBundle);
+    mac.done({{"do", "drag"},
+              {"from", {title[0].get<double>() + 90, title[1].get<double>() + 10}},
+              {"to", {title[0].get<double>() + 190, title[1].get<double>() + 10}}});
+    EXPECT_EQ(takeLog(), Log{});
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["frame"], title);
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["waits"], true);
+    EXPECT_NE(mac.refused({{"do", "press"}, {"text", "Done"}}).find("nothing"), std::string::npos);
+
+    mac.clickItem("org.example.notes"); // another application's
+    EXPECT_TRUE(mac.shows("Sync Now"));
+    mac.key("escape");
+    mac.done({{"do", "click"}, {"at", {20, 700}}});
+    EXPECT_EQ(mac.look()["frontmost"], "com.apple.finder");
+    click(done); // brings the alert forward
+    EXPECT_EQ(mac.look()["frontmost"], tavrinBundle);
+    mac.key("return");
+    EXPECT_EQ(takeLog(), Log{"answer 0"});
+
+    click(done);
+    click(doIt);
+    mac.clickItem(tavrinBundle);
+    EXPECT_EQ(takeLog(), (Log{"done", "did it", "left"}));
+}
+
+TEST_F(Surfaces, alertShowsTheIconOfAnApplicationThatIsInstalled) {
+    const auto icon = [this] {
+        for (const auto& node : mac.surfacesOf(tavrinBundle).at(0)["children"][0]["children"])
+            if (node.contains("icon")) return node["icon"].get<std::string>();
+        return std::string("none");
+    };
+    mac.set("quit", "org.example.notes");
+    for (const auto& [bundle, expected] :
+         {std::pair{"com.apple.finder", "com.apple.finder"}, std::pair{"org.example.notes", "org.example.notes"},
+          std::pair{"org.example.never", tavrinBundle}, std::pair{"", tavrinBundle}}) {
+        showAlert(tavrin::IconOfApplication{bundle});
+        EXPECT_EQ(icon(), expected);
+        mac.key("escape");
+        EXPECT_EQ(takeLog(), Log{"answer 1"});
+    }
 }
 
 TEST_F(Surfaces, menuOfTheProgramTracksUntilChosen) {

@@ -114,10 +114,10 @@ TEST(PinLimits, outliveAnAlertThatNobodyAnswers) {
         started(macWithPins({pin("P", {"Sync Now"}, {{"hasConfirmedFirstRun", false}}), pin("Q", {"Twin"})}));
     request(mac, "P");
     mac.wait(1);
-    request(mac, "Q");
+    mac.rightClickItem(tavrinBundle);
     mac.wait(1);
     EXPECT_TRUE(mac.shows("Run \"P\"?"));
-    EXPECT_EQ(lastFailure(mac, "Q"), "none") << "one question at a time";
+    EXPECT_FALSE(mac.shows("Q")) << "one question at a time";
     mac.set("quit", notesBundle);
     mac.press("Run");
     mac.wait(2);

@@ -19,6 +19,7 @@ constexpr std::size_t depthMax = 64;
 constexpr std::array<std::string_view, 2> itemActions{"AXPress", "AXShowMenu"};
 
 const std::string notThere = "nothing stands there any more";
+const std::string waits = "an alert of its application waits for an answer";
 
 bool isPosition(const json& value) {
     if (!value.is_number_integer()) return false;
@@ -71,6 +72,7 @@ Outcome performInSurface(DrivenMac driven, Arguments& arguments) {
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
     const auto* surface = driven.content.stack.find(identifier);
     if (!surface) return std::unexpected(arguments.sentence("that surface has gone"));
+    if (driven.content.stack.alertBefore(*surface)) return std::unexpected(arguments.sentence(waits));
     if (isCloseButton(*surface, positions)) {
         driven.content.stack.dismiss(identifier);
         return json::object();
@@ -94,6 +96,7 @@ Outcome performOnItem(DrivenMac driven, Arguments& arguments) {
     const auto* item = driven.mac.statusItems().find(identifier);
     if (!item) return std::unexpected(arguments.sentence("that item has gone"));
     if (!item->spec.enabled) return std::unexpected(arguments.sentence("that item is disabled"));
+    if (driven.content.stack.alertOf(item->owner)) return std::unexpected(arguments.sentence(waits));
     const bool isProgram = item->origin == ItemOrigin::Program;
     if (isProgram) driven.content.menus.close();
     if (isProgram)

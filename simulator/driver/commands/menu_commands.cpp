@@ -21,7 +21,7 @@ std::expected<void, std::string> choosePath(const DrivenMac& driven, const std::
         const auto entry = driven.targets.menuEntry(menus[depth], titles[depth]);
         if (!entry) return std::unexpected(entry.error());
         const bool isLast = depth + 1 == titles.size();
-        driven.person.moveTo(entry->frame.middle());
+        if (const auto place = driven.targets.placeToPress(*entry)) driven.person.moveTo(*place);
         if (isLast && driven.content.menus.menus().size() > depth + 1)
             return std::unexpected(inQuotes(titles[depth]) +
                                    " opens a submenu; name one of its entries, too");

@@ -54,9 +54,7 @@ std::optional<std::vector<std::byte>> ProgramWorkspace::iconPngOfProcess(Process
 
 std::optional<std::vector<std::byte>>
 ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
-    const auto running = side_.mac.processes.withBundle(bundleIdentifier);
-    if (!running.empty()) return iconPngOfProcess(running.front());
-    const auto name = side_.mac.bundles.nameOfBundle(bundleIdentifier);
+    const auto name = nameOfApplication(bundleIdentifier, side_.mac.bundles, side_.mac.processes);
     return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
 }
 

@@ -1,6 +1,6 @@
 import { h } from "./dom.js";
 import { overlap, place } from "./geometry.js";
-import { menuEntry } from "./menus.js";
+import { menuRows } from "./menus.js";
 import { pressed } from "./presses.js";
 import { view } from "./views.js";
 
@@ -39,10 +39,9 @@ function surfaceElement(surface, index, origin, state) {
     },
     surface.arrowX !== undefined && arrow(surface),
     h("div", { class: "ground" }),
-    surface.children.map((child, position) => {
+    surface.kind === "menu" ? menuRows(surface, { surface: surface.id }) : surface.children.map((child, position) => {
         const address = { surface: surface.id, path: [position] };
-        if (child === closeButton) return titleBar(surface, closeButton, corner, address);
-        return surface.kind === "menu" ? menuEntry(child, corner, state, address) : view(child, corner, state, address);
+        return child === closeButton ? titleBar(surface, closeButton, corner, address) : view(child, corner, state, address);
     }));
 }
 
