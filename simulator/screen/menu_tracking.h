@@ -97,7 +97,8 @@ class MenuTracking {
         MenuRequest request;
         std::vector<SurfaceIdentifier> surfaces;
         MenuPath path; // of the entries whose submenus are open
-        std::optional<Point> pressedAt; // by the press that opened it at the pointer; its release chooses nothing
+        std::optional<Point>
+            pressedAt; // by the press that opened it at the pointer; its release chooses nothing
     };
 
     struct Place {

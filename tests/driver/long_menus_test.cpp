@@ -114,8 +114,8 @@ TEST_F(LongMenus, followTheWheelAndTheKeys) {
         const char* expected;
     };
 
-    for (const auto& [key, expected] :
-         {Case{"end", "Entry 40"}, Case{"up", "Entry 39"}, Case{"home", "Entry 1"}, Case{"down", "Entry 2"}}) {
+    for (const auto& [key, expected] : {Case{"end", "Entry 40"}, Case{"up", "Entry 39"},
+                                        Case{"home", "Entry 1"}, Case{"down", "Entry 2"}}) {
         mac_.key(key);
         EXPECT_EQ(highlighted(), expected);
         EXPECT_TRUE(isShown(expected)) << expected;

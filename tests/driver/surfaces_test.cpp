@@ -218,8 +218,9 @@ TEST_F(Surfaces, alertShowsTheIconOfAnApplicationThatIsInstalled) {
     };
     mac.set("quit", "org.example.notes");
     for (const auto& [bundle, expected] :
-         {std::pair{"com.apple.finder", "com.apple.finder"}, std::pair{"org.example.notes", "org.example.notes"},
-          std::pair{"org.example.never", tavrinBundle}, std::pair{"", tavrinBundle}}) {
+         {std::pair{"com.apple.finder", "com.apple.finder"},
+          std::pair{"org.example.notes", "org.example.notes"}, std::pair{"org.example.never", tavrinBundle},
+          std::pair{"", tavrinBundle}}) {
         showAlert(tavrin::IconOfApplication{bundle});
         EXPECT_EQ(icon(), expected);
         mac.key("escape");

@@ -44,6 +44,9 @@ function update(element, node) {
         if (element.data !== String(node)) element.data = String(node);
         return;
     }
+    // A description that is kept from one picture to the next says that nothing has changed.
+    if (element.shown.node === node) return;
+    element.shown.node = node;
     const before = element.shown.properties;
     const now = node.properties;
     for (const name in before) if (!(name in now)) setProperty(element, name, undefined);

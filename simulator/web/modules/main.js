@@ -33,7 +33,13 @@ function draw() {
     panel.update(newest);
 }
 
+// Without graphics hardware each picture is made by the processor, and what is costly there is drawn more simply.
+function isDrawnByProcessor() {
+    return document.createElement("canvas").getContext("webgl", { failIfMajorPerformanceCaveat: true }) === null;
+}
+
 function start() {
+    document.documentElement.classList.toggle("by-processor", isDrawnByProcessor());
     document.documentElement.style.setProperty("--type", String(typeFactor()));
     follow({
         onWhole: (trace) => panel.restart(trace),

@@ -17,7 +17,7 @@ export function menuBar(state, screen, index) {
         h("nav", { "aria-label": "Menu bar", role: "menubar" }, titles.map((title, number) =>
             menuTitle(title, origin, { menuTitle: number, screen: index }, state.openMenu === number))),
         h("div", { role: "group", "aria-label": "Status items" }, items.map((shown, number) =>
-            statusItem(shown, origin, number === items.length - 1))),
+            keptStatusItem(shown, origin, number === items.length - 1))),
         notchOf(screen) && h("div", { class: "notch", key: "notch", style: place(notchOf(screen), origin) }),
         h("div", { class: "menu-bar-edge", style: { width: `${width}px` } }));
 }
@@ -67,6 +67,19 @@ const isClock = (item) => item.autosaveName === "Clock" || item.identifier === "
 
 // A long item without anything on it is there to push others away.
 const isBlank = (item, frame) => !item.symbol && !item.title?.trim() && !isClock(item) && frame[2] > 120;
+
+// An item that hasn't changed is the same object as before, and is described once for each place.
+const described = new WeakMap();
+
+function keptStatusItem(shown, origin, isFirst) {
+    const { item, frame, key } = shown;
+    if (isClock(item)) return statusItem(shown, origin, isFirst);
+    if (!described.has(item)) described.set(item, new Map());
+    const places = described.get(item);
+    const place = [key, origin, frame, isFirst].join();
+    if (!places.has(place)) places.set(place, statusItem(shown, origin, isFirst));
+    return places.get(place);
+}
 
 function statusItem({ item, frame, key }, origin, isFirst) {
     const hasNothing = isBlank(item, frame);

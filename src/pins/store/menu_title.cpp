@@ -20,7 +20,8 @@ bool isHyphen(std::uint16_t unit) { return unit >= 0x2010 && unit <= 0x2013; }
 
 Units trimmed(const Units& title) {
     const auto begin = std::ranges::find_if_not(title, isWhiteSpaceOnMac);
-    const auto end = std::find_if_not(title.rbegin(), std::make_reverse_iterator(begin), isWhiteSpaceOnMac).base();
+    const auto end =
+        std::find_if_not(title.rbegin(), std::make_reverse_iterator(begin), isWhiteSpaceOnMac).base();
     return {begin, end};
 }
 
