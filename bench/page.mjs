@@ -11,7 +11,7 @@ import { MacPage, MacServer } from "../tests/browser/mac_page.mjs";
 const { chromium } = createRequire(new URL("../tests/browser/package.json", import.meta.url))("playwright-core");
 const [program] = process.argv.slice(2);
 const items = 150;
-const rounds = 60;
+const rounds = 120;
 const idleSeconds = 20;
 
 const entries = ["Open", "Pause", "Settings…", "Quit"].map((title) => ({ title }));

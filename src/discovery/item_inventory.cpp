@@ -90,8 +90,7 @@ std::vector<RunningApplicationSnapshot> ItemInventory::applicationsToScan() cons
 
 void ItemInventory::publish(ScanResult result) {
     std::vector<MenuBarItem> items;
-    for (const auto& snapshot : result.items)
-        items.push_back({snapshot, iconOf(snapshot)});
+    for (const auto& snapshot : result.items) items.push_back({snapshot, iconOf(snapshot)});
     hasCompletedScan_ = true;
     items_.set(std::move(items));
     scanCompleted_.emit(result);
