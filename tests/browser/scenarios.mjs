@@ -55,7 +55,7 @@ export const scenarios = {
         await mac.item("Long").click();
         const isSeen = async (name) => {
             const [entry, rows] = [await mac.entry(new RegExp(`^${name}$`)).boundingBox(), await mac.menu.locator(".menu-rows").boundingBox()];
-            return entry.y >= rows.y - 1 && entry.y + entry.height <= rows.y + rows.height + 1;
+            return entry && rows && entry.y >= rows.y - 1 && entry.y + entry.height <= rows.y + rows.height + 1;
         };
         assert.ok(await isSeen("Entry 1") && !await isSeen("Entry 70"));
         assert.equal(await mac.menu.locator(".menu-arrow").count(), 1, "there is nothing above");

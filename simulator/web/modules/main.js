@@ -35,7 +35,9 @@ function draw() {
 
 // Without graphics hardware each picture is made by the processor, and what is costly there is drawn more simply.
 function isDrawnByProcessor() {
-    return document.createElement("canvas").getContext("webgl", { failIfMajorPerformanceCaveat: true }) === null;
+    const context = document.createElement("canvas").getContext("webgl", { failIfMajorPerformanceCaveat: true });
+    const names = context?.getExtension("WEBGL_debug_renderer_info");
+    return !context || /swiftshader|llvmpipe|software/i.test(names ? context.getParameter(names.UNMASKED_RENDERER_WEBGL) : "");
 }
 
 function start() {
