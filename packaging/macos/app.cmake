@@ -6,7 +6,8 @@ target_link_libraries(tavrin_macos PUBLIC tavrin_program)
 target_compile_options(tavrin_macos PUBLIC $<$<COMPILE_LANGUAGE:CXX>:-fobjc-arc> -Wunguarded-availability
   -Wno-nullability-extension)
 
-foreach(framework AppKit ApplicationServices Carbon CoreFoundation CoreGraphics CoreServices Foundation)
+foreach(framework AppKit ApplicationServices Carbon CoreFoundation CoreGraphics CoreServices Foundation
+        ServiceManagement)
   list(APPEND MAC_LIBRARIES "-framework ${framework}")
 endforeach()
 list(APPEND MAC_LIBRARIES -lobjc)

@@ -14,8 +14,8 @@ using tavrin::text;
 
 namespace {
 
-constexpr std::string_view linkScheme = "x-apple.systempreferences:";
-constexpr std::string_view accessibilityPage = "com.apple.preference.security?Privacy_Accessibility";
+constexpr std::string_view accessibilityLink =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 constexpr double contentWidth = 480;
 constexpr double besideOtherWindows = 180; // so that the window that opened it stays in sight
 
@@ -48,8 +48,19 @@ SystemSettings::SystemSettings(VirtualScheduler& scheduler, ProcessTable& proces
     , stack_(stack)
     , permissionChanges_(permission.onChanged.subscribe([this] { update(); })) {}
 
+std::optional<SystemSettings::Page> SystemSettings::pageOf(std::string_view url) {
+    if (url == accessibilityLink) return Page::Accessibility;
+    if (url == loginItemsLink) return Page::LoginItems;
+    return std::nullopt;
+}
+
+std::string SystemSettings::titleOf(Page page) {
+    return page == Page::LoginItems ? "Login Items" : "Accessibility";
+}
+
 bool SystemSettings::open(std::string_view url) {
-    if (!url.starts_with(linkScheme) || url.substr(linkScheme.size()) != accessibilityPage) return false;
+    const auto page = pageOf(url);
+    if (!page) return false;
     auto running = processes_.withBundle(bundleIdentifier);
     if (running.empty()) {
         const auto launched = processes_.launch(application());
@@ -57,6 +68,7 @@ bool SystemSettings::open(std::string_view url) {
         running.push_back(*launched);
     }
     processes_.activate(running.front());
+    page_ = *page;
     showWindow(running.front());
     return true;
 }
@@ -66,13 +78,13 @@ void SystemSettings::showWindow(ProcessIdentifier process) {
         Surface window;
         window.kind = SurfaceKind::Window;
         window.owner = process;
-        window.title = "Accessibility";
         window.deliver = [this](Work work) { world_.after(Seconds{0}, std::move(work)); };
         window.onDismissed = [this] { hasClosed(); };
         placeTitledWindow(window, content(), screens_.screens());
         SurfaceStack::moveBy(window, besideOtherWindows, 0);
         window_ = stack_.add(std::move(window)).identifier;
     }
+    update();
     stack_.raise(window_);
     stack_.makeKey(window_);
 }
@@ -84,7 +96,10 @@ void SystemSettings::hasClosed() {
 }
 
 void SystemSettings::update() {
-    if (auto* window = stack_.find(window_)) replaceContent(*window, content());
+    auto* window = stack_.find(window_);
+    if (!window) return;
+    window->title = titleOf(page_);
+    replaceContent(*window, content());
 }
 
 void SystemSettings::toggleOther(const std::string& bundle) {
@@ -112,7 +127,18 @@ std::vector<View> SystemSettings::switches() {
     return inOrder;
 }
 
-View SystemSettings::content() {
+View SystemSettings::content() { return page_ == Page::LoginItems ? loginItemsPage() : accessibilityPage(); }
+
+View SystemSettings::loginItemsPage() const {
+    return column(
+        {text("Login Items", {.style = TextStyle::Heading}),
+         text("These items open when you log in.", {.tone = Tone::Secondary}),
+         tavrin::card({tavrin::row({tavrin::icon({program_.bundleIdentifier}, 16), text(program_.name)})},
+                      {.spacing = 12, .padding = 12})},
+        {.spacing = 12, .padding = 20, .width = contentWidth});
+}
+
+View SystemSettings::accessibilityPage() {
     return column({text("Accessibility", {.style = TextStyle::Heading}),
                    text("Allow the applications below to control your computer.", {.tone = Tone::Secondary}),
                    tavrin::card(switches(), {.spacing = 12, .padding = 12}),

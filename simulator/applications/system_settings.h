@@ -9,6 +9,7 @@
 #include "views/view.h"
 #include "vocabulary/vocabulary.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -16,11 +17,13 @@
 
 namespace mac_model {
 
-/// System Settings, with only the list of applications that may use Accessibility. It runs while its window
-/// is open.
+/// System Settings, with only the list of applications that may use Accessibility, and a page about those
+/// that open at login, on which nothing can be changed. It runs while its window is open.
 class SystemSettings {
   public:
     static constexpr std::string_view bundleIdentifier = "com.apple.systempreferences";
+    static constexpr std::string_view loginItemsLink =
+        "x-apple.systempreferences:com.apple.LoginItems-Settings.extension";
 
     SystemSettings(VirtualScheduler&, ProcessTable&, const ScreensModel&, Permission&, const ProgramInfo&,
                    SurfaceStack&);
@@ -31,11 +34,17 @@ class SystemSettings {
     bool open(std::string_view url);
 
   private:
+    enum class Page { Accessibility, LoginItems };
+
+    static std::optional<Page> pageOf(std::string_view url);
+    static std::string titleOf(Page);
     void showWindow(ProcessIdentifier);
     void update();
     void hasClosed();
     void toggleOther(const std::string& bundleIdentifier);
     View content();
+    View accessibilityPage();
+    View loginItemsPage() const;
     std::vector<View> switches();
 
     WorldCalls world_;
@@ -45,6 +54,7 @@ class SystemSettings {
     const ProgramInfo& program_;
     SurfaceStack& stack_;
     SurfaceIdentifier window_{};
+    Page page_ = Page::Accessibility;
     std::set<std::string> trustedOthers_; // bundle identifiers
     Subscription permissionChanges_;
 };

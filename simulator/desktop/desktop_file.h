@@ -127,6 +127,12 @@ inline constexpr std::array<std::string_view, 4> visibilityServiceNames{"accepts
 enum class UpdaterSetting { Absent, Manual, Automatic };
 inline constexpr std::array<std::string_view, 3> updaterNames{"absent", "manual", "automatic"};
 
+/// How the system's service for applications that start at login takes the program: as it asks, only when the
+/// user agrees in System Settings, not at all because it doesn't find it, or with a refusal.
+enum class LoginItemAnswer { Accepts, RequiresApproval, NotFound, Refuses };
+inline constexpr std::array<std::string_view, 4> loginItemAnswerNames{"accepts", "requiresApproval",
+                                                                      "notFound", "refuses"};
+
 /// A hot key that another process holds or has given up.
 struct TakenHotKey {
     KeyCode keyCode = 0;
@@ -155,6 +161,7 @@ struct DesktopFile {
     std::map<std::string, std::string> bundles{}; ///< path of a bundle on disk to its identifier
     VisibilityService visibilityService = VisibilityService::Absent;
     UpdaterSetting updater = UpdaterSetting::Absent;
+    LoginItemAnswer loginItem = LoginItemAnswer::Accepts;
     KeyboardLayout keyboardLayout = KeyboardLayout::Us;
     std::vector<TakenHotKey> hotKeysTaken{};
     std::vector<SymbolicHotKey> symbolicHotKeys = usualSymbolicHotKeys();

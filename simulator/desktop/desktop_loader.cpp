@@ -114,6 +114,7 @@ DesktopFile readDesktop(const json& value, FirstFault& faults) {
     desktop.visibilityService =
         file.choice("visibilityService", visibilityServiceNames, desktop.visibilityService);
     desktop.updater = file.choice("updater", updaterNames, desktop.updater);
+    desktop.loginItem = file.choice("loginItem", loginItemAnswerNames, desktop.loginItem);
     readKeys(file, desktop);
     if (const json* model = file.member("model"))
         desktop.model = readUncertainties(*model, file.at("model"), desktop.model, faults);

@@ -79,6 +79,7 @@ json worldShape(Mac& mac, const WorldState& state) {
         model[std::string(setting.name)] = setting.valueIn(mac.uncertainties());
     return {{"trusted", mac.permission().isTrusted()},
             {"visibilityService", visibilityServiceNames[std::size_t(state.visibilityService)]},
+            {"loginItem", loginItemAnswerNames[std::size_t(mac.loginItems().answer)]},
             {"reducedMotion", mac.reducesMotion()},
             {"keyboardLayout", keyboardLayoutNames[std::size_t(mac.keyboard().layout)]},
             {"running", mac.program().isRunning()},

@@ -250,6 +250,14 @@ Change visibilityService(World world, const json& value, const std::string& poin
     };
 }
 
+Change loginItem(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto index =
+        indexIn(loginItemAnswerNames.data(), loginItemAnswerNames.size(), value, pointer, faults);
+    return [world, answer = static_cast<LoginItemAnswer>(index.value_or(0))] {
+        world.mac.loginItems().answer = answer;
+    };
+}
+
 Change reducedMotion(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     return [world, isOn = flagOf(value, pointer, faults)] { world.mac.setReducesMotion(isOn); };
 }
@@ -295,6 +303,7 @@ constexpr std::array settings{
     WorldSetting{"misreportedWindow", misreportedWindow},
     WorldSetting{"menus", menus},
     WorldSetting{"visibilityService", visibilityService},
+    WorldSetting{"loginItem", loginItem},
     WorldSetting{"reducedMotion", reducedMotion},
     WorldSetting{"keyboardLayout", keyboardLayout},
     WorldSetting{"hotKeyTaken", hotKeyTaken},

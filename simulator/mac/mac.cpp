@@ -34,6 +34,7 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , bundles_(desktop_)
     , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
                   desktop_.accessibilityTrusted)
+    , loginItems_(*preferences_, programProcess_.info().bundleIdentifier, desktop_.loginItem)
     , statusItems_(processes_, *preferences_, behaviour_)
     , arrangement_(scheduler, statusItems_, processes_, screens_, behaviour_)
     , itemDrag_(statusItems_, arrangement_, processes_, screens_, behaviour_)
@@ -88,6 +89,7 @@ MacServices Mac::services() {
             .bundles = bundles_,
             .preferences = *preferences_,
             .permission = permission_,
+            .loginItems = loginItems_,
             .statusItems = statusItems_,
             .arrangement = arrangement_,
             .menuBarWindows = menuBarWindows_,

@@ -21,6 +21,7 @@
 #include "menu_bar/item_drag.h"
 #include "menu_bar/windows.h"
 #include "preferences/preferences_store.h"
+#include "privacy/login_items.h"
 #include "privacy/permission.h"
 #include "seam/program_presentation.h"
 #include "seam/system/program_host.h"
@@ -81,6 +82,8 @@ class Mac {
 
     Permission& permission() { return permission_; }
 
+    LoginItems& loginItems() { return loginItems_; }
+
     StatusItemTable& statusItems() { return statusItems_; }
 
     Arrangement& arrangement() { return arrangement_; }
@@ -139,6 +142,7 @@ class Mac {
     ProgramProcess programProcess_;
     BundlesOnDisk bundles_;
     Permission permission_;
+    LoginItems loginItems_;
     StatusItemTable statusItems_;
     Arrangement arrangement_;
     ItemDrag itemDrag_;

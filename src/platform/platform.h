@@ -8,6 +8,7 @@ class Defaults;
 class Events;
 class HotKeys;
 class Keyboard;
+class LoginItem;
 class Presentation;
 class Randomness;
 class Scheduler;
@@ -28,6 +29,7 @@ struct Platform {
     Events& events;
     HotKeys& hotKeys;
     Keyboard& keyboard;
+    LoginItem& loginItem;
     Presentation& presentation;
     Randomness& randomness;
     Screens& screens;

@@ -8,7 +8,7 @@ std::vector<Check> allChecks() {
     std::vector<Check> all;
     for (auto* family : {schedulerChecks, textChecks, screensChecks, applicationChecks, workspaceChecks,
                          windowServerChecks, accessibilityChecks, defaultsChecks, eventsChecks, hotKeysChecks,
-                         keyboardChecks, statusItemsChecks, presentationChecks}) {
+                         keyboardChecks, loginItemChecks, statusItemsChecks, presentationChecks}) {
         auto checks = family();
         all.insert(all.end(), std::make_move_iterator(checks.begin()), std::make_move_iterator(checks.end()));
     }

@@ -18,6 +18,7 @@ std::vector<Check> defaultsChecks();
 std::vector<Check> eventsChecks();
 std::vector<Check> hotKeysChecks();
 std::vector<Check> keyboardChecks();
+std::vector<Check> loginItemChecks();
 std::vector<Check> statusItemsChecks();
 std::vector<Check> presentationChecks();
 

@@ -80,6 +80,8 @@ TEST(DesktopLoader, namesThePlaceOfEachFault) {
         {"/macOS/major", "\"26\"", "/macOS/major: must be a whole number from 11 to 99"},
         {"/macOS/minor", "1.5", "/macOS/minor: must be a whole number from 0 to 99"},
         {"/accessibilityTrusted", "1", "/accessibilityTrusted: must be true or false, not a number"},
+        {"/loginItem", "true",
+         R"(/loginItem: must be "accepts", "requiresApproval", "notFound" or "refuses", not true or false)"},
         {"/visibilityService", "\"gone\"",
          R"(/visibilityService: must be "accepts", "rejects", "silent" or "absent", not "gone")"},
 
@@ -196,7 +198,7 @@ TEST(DesktopLoader, derivesTheMenuBarHeight) {
 TEST(DesktopLoader, keepsEveryValueOfTheContract) {
     const auto desktop = parseDesktopFile(R"({
         "macOS": {"major": 27, "minor": 3}, "screens": [{"frame": [0, 0, 800, 600], "scale": 1, "menuBarHeight": 40}],
-        "accessibilityTrusted": true, "visibilityService": "silent", "bundles": {"/p": "b"},
+        "accessibilityTrusted": true, "visibilityService": "silent", "loginItem": "notFound", "bundles": {"/p": "b"},
         "applications": [{"bundleIdentifier": "org.example.a", "name": "A", "processIdentifier": 7,
             "policy": "background", "accessibility": "none", "latency": 0.5, "responding": false,
             "extras": "empty", "icon": "i",
@@ -214,6 +216,7 @@ TEST(DesktopLoader, keepsEveryValueOfTheContract) {
     expected.screens = {{.frame = {0, 0, 800, 600}, .scale = 1, .menuBarHeight = 40}};
     expected.accessibilityTrusted = true;
     expected.visibilityService = VisibilityService::Silent;
+    expected.loginItem = LoginItemAnswer::NotFound;
     expected.bundles = {{"/p", "b"}};
     expected.defaults = {{"d", {{"k", json::parse(R"([1, {"x": true}])")}}}};
     expected.byHostDefaults = {{"g", {{"n", 16}}}};

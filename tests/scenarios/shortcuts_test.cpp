@@ -181,6 +181,8 @@ TEST(Settings, areUsedByTheKeyboardAlone) {
     };
     openSettings(mac);
     key(mac, "tab", {});
+    EXPECT_TRUE(focused("Start Tavrin at login"));
+    key(mac, "tab", {});
     EXPECT_TRUE(focused("⌃⌥H"));
     key(mac, "tab", {});
     key(mac, "return", {});

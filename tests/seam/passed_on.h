@@ -3,6 +3,7 @@
 #include "platform/accessibility.h"
 #include "platform/defaults.h"
 #include "platform/events.h"
+#include "platform/login_item.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
 #include "platform/screens.h"
@@ -114,6 +115,23 @@ class PassedOnWorkspace : public Workspace {
     bool openUrl(std::string_view url) override { return truth.openUrl(url); }
 
     Workspace& truth;
+};
+
+class PassedOnLoginItem : public LoginItem {
+  public:
+    explicit PassedOnLoginItem(LoginItem& real) : truth(real) {}
+
+    LoginItemState state() const override { return truth.state(); }
+
+    std::expected<void, std::string> registerApplication() override { return truth.registerApplication(); }
+
+    std::expected<void, std::string> unregisterApplication() override {
+        return truth.unregisterApplication();
+    }
+
+    void openSettings() override { truth.openSettings(); }
+
+    LoginItem& truth;
 };
 
 class PassedOnText : public Text {

@@ -297,6 +297,30 @@ struct HasAnyKey : HotKeys {
 };
 
 /// The platform with one family replaced.
+struct ForgetsRegistrations : PassedOnLoginItem {
+    using PassedOnLoginItem::PassedOnLoginItem;
+
+    LoginItemState state() const override {
+        return ++asked % 2 == 0 ? LoginItemState::NotFound : LoginItemState::NotRegistered;
+    }
+
+    std::expected<void, std::string> registerApplication() override { return {}; }
+
+    mutable int asked = 0;
+};
+
+struct KeepsRegistrations : PassedOnLoginItem {
+    using PassedOnLoginItem::PassedOnLoginItem;
+
+    std::expected<void, std::string> unregisterApplication() override { return {}; }
+};
+
+struct RefusesWithoutAWord : PassedOnLoginItem {
+    using PassedOnLoginItem::PassedOnLoginItem;
+
+    std::expected<void, std::string> registerApplication() override { return std::unexpected(""); }
+};
+
 template <class Lie>
 Platform with(Lie& lie, const Platform& real) {
     const auto pick = [&lie]<class Family>(Family& truth) -> Family& {
@@ -312,6 +336,7 @@ Platform with(Lie& lie, const Platform& real) {
             .events = pick(real.events),
             .hotKeys = pick(real.hotKeys),
             .keyboard = real.keyboard,
+            .loginItem = pick(real.loginItem),
             .presentation = pick(real.presentation),
             .randomness = real.randomness,
             .screens = pick(real.screens),
@@ -333,6 +358,8 @@ struct AnyFamily {
     operator Events&() const { return real.events; }
 
     operator HotKeys&() const { return real.hotKeys; }
+
+    operator LoginItem&() const { return real.loginItem; }
 
     operator Presentation&() const { return real.presentation; }
 
@@ -438,6 +465,14 @@ TEST(PlantedLies, ofHotKeys) {
     expectCaught<HasAnyKey>("hot keys", {"The system's own shortcuts are listed with their keys.",
                                          "A hot key is had once, and is free when its registration has gone.",
                                          "Handlers of presses are installed and removed."});
+}
+
+TEST(PlantedLies, ofTheLoginItem) {
+    constexpr std::string_view takenBack = "The program is registered to start at login, and taken back.";
+    expectCaught<ForgetsRegistrations>(
+        "login item", {"Asking whether the program starts at login changes nothing.", takenBack});
+    expectCaught<KeepsRegistrations>("login item", {takenBack});
+    expectCaught<RefusesWithoutAWord>("login item", {takenBack});
 }
 
 TEST(PlantedLies, ofStatusItems) {

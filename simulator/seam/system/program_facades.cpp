@@ -99,13 +99,27 @@ ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavri
     , events_(side)
     , hotKeys_(side)
     , keyboard_(side)
+    , loginItem_(side)
     , screens_(side)
     , statusItems_(side)
     , windowServer_(side)
     , workspace_(side)
     , updater_(side.mac.updater ? std::make_unique<ProgramUpdater>(side) : nullptr)
-    , platform_{side.mac.scheduler, application_,  accessibility_, defaults_,           events_,
-                hotKeys_,           keyboard_,     presentation,   side.mac.randomness, screens_,
-                statusItems_,       side.mac.text, windowServer_,  workspace_,          updater_.get()} {}
+    , platform_{.scheduler = side.mac.scheduler,
+                .application = application_,
+                .accessibility = accessibility_,
+                .defaults = defaults_,
+                .events = events_,
+                .hotKeys = hotKeys_,
+                .keyboard = keyboard_,
+                .loginItem = loginItem_,
+                .presentation = presentation,
+                .randomness = side.mac.randomness,
+                .screens = screens_,
+                .statusItems = statusItems_,
+                .text = side.mac.text,
+                .windowServer = windowServer_,
+                .workspace = workspace_,
+                .updater = updater_.get()} {}
 
 } // namespace mac_model

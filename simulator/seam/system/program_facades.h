@@ -9,6 +9,7 @@
 #include "platform/updates.h"
 #include "seam/system/program_events.h"
 #include "seam/system/program_keys.h"
+#include "seam/system/program_login_item.h"
 #include "seam/system/program_side.h"
 #include "seam/system/program_window_server.h"
 #include "seam/system/program_workspace.h"
@@ -141,6 +142,7 @@ class ProgramFacades {
     ProgramEvents events_;
     ProgramHotKeys hotKeys_;
     ProgramKeyboard keyboard_;
+    ProgramLoginItem loginItem_;
     ProgramScreens screens_;
     ProgramStatusItems statusItems_;
     ProgramWindowServer windowServer_;

@@ -11,6 +11,7 @@
 #include "platform/randomness.h"
 #include "platform/text.h"
 #include "preferences/preferences_store.h"
+#include "privacy/login_items.h"
 #include "privacy/permission.h"
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
@@ -36,6 +37,7 @@ struct MacServices {
     const BundlesOnDisk& bundles;
     PreferencesStore& preferences;
     Permission& permission;
+    LoginItems& loginItems;
     StatusItemTable& statusItems;
     Arrangement& arrangement;
     const MenuBarWindows& menuBarWindows;

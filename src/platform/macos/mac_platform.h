@@ -8,6 +8,7 @@
 #include "platform/macos/system/events.h"
 #include "platform/macos/system/hot_keys.h"
 #include "platform/macos/system/keyboard.h"
+#include "platform/macos/system/login_item.h"
 #include "platform/macos/system/randomness.h"
 #include "platform/macos/system/scheduler.h"
 #include "platform/macos/system/screens.h"
@@ -36,6 +37,7 @@ class MacPlatform {
     MacEvents events_;
     MacHotKeys hotKeys_{scheduler_};
     MacKeyboard keyboard_{scheduler_};
+    MacLoginItem loginItem_;
     MacPresentation presentation_{scheduler_};
     MacRandomness randomness_;
     MacScreens screens_{scheduler_};

@@ -18,6 +18,7 @@ Platform MacPlatform::platform() {
             .events = events_,
             .hotKeys = hotKeys_,
             .keyboard = keyboard_,
+            .loginItem = loginItem_,
             .presentation = presentation_,
             .randomness = randomness_,
             .screens = screens_,

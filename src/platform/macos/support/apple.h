@@ -9,3 +9,4 @@
 #import <Carbon/Carbon.h>
 #import <CoreFoundation/CoreFoundation.h>
 #import <Foundation/Foundation.h>
+#import <ServiceManagement/ServiceManagement.h>

@@ -1,9 +1,9 @@
 #include "platform/macos/system/accessibility.h"
 
+#include "platform/macos/support/accessibility_values.h"
 #include "platform/macos/support/conversions.h"
 #include "platform/macos/support/main_thread.h"
 #include "platform/macos/support/notices.h"
-#include "platform/macos/system/accessibility_values.h"
 
 namespace tavrin::macos {
 

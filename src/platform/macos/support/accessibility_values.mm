@@ -1,4 +1,4 @@
-#include "platform/macos/system/accessibility_values.h"
+#include "platform/macos/support/accessibility_values.h"
 
 #include "platform/macos/support/conversions.h"
 
