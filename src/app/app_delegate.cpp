@@ -1,6 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "app/configure_content.h"
+#include "platform/defaults.h"
 
 #include <utility>
 
@@ -72,6 +73,7 @@ TerminateReply AppDelegate::applicationShouldTerminate() {
 
 Task<> AppDelegate::terminate() {
     co_await menuBarManager_->prepareForTermination();
+    platform_.defaults.synchronize(platform_.defaults.ownDomain());
     platform_.application.replyToShouldTerminate(true);
 }
 

@@ -11,4 +11,9 @@ std::optional<double> numberIn(const std::optional<DefaultsValue>& stored) {
     return std::nullopt;
 }
 
+bool isFalse(const DefaultsValue& value) {
+    if (const auto* boolean = std::get_if<bool>(&value.value)) return !*boolean;
+    return numberIn(value) == 0.0;
+}
+
 } // namespace tavrin

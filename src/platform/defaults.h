@@ -27,6 +27,9 @@ struct DefaultsValue {
 /// The finite number that is stored, whether as an integer or a real; none for anything else.
 std::optional<double> numberIn(const std::optional<DefaultsValue>& stored);
 
+/// Whether the value is false, or 0, which a preference tool may have stored for it.
+bool isFalse(const DefaultsValue& value);
+
 /// A preferences domain: an application's own, or one of the system's, for any host or for this computer
 /// alone.
 struct DefaultsDomain {

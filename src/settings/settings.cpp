@@ -1,5 +1,7 @@
 #include "settings/settings.h"
 
+#include "settings/own_choice.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -12,7 +14,7 @@ bool Settings::boolean(std::string_view key) const {
     return numberIn(stored).value_or(0) != 0;
 }
 
-void Settings::setBoolean(std::string_view key, bool value) { defaults_.set(domain_, key, {value}); }
+void Settings::setBoolean(std::string_view key, bool value) { storeOwnChoice(defaults_, key, {value}); }
 
 std::set<std::string> Settings::strings(std::string_view key) const {
     const auto stored = defaults_.value(domain_, key);
@@ -28,7 +30,7 @@ std::set<std::string> Settings::strings(std::string_view key) const {
 void Settings::setStrings(std::string_view key, const std::set<std::string>& values) {
     DefaultsArray array;
     for (const auto& text : values) array.push_back({text});
-    defaults_.set(domain_, key, {std::move(array)});
+    storeOwnChoice(defaults_, key, {std::move(array)});
 }
 
 std::int64_t Settings::statusItemAutosaveVersion() const {
@@ -38,7 +40,7 @@ std::int64_t Settings::statusItemAutosaveVersion() const {
 }
 
 void Settings::setStatusItemAutosaveVersion(std::int64_t version) {
-    defaults_.set(domain_, statusItemAutosaveVersionKey, {version});
+    storeOwnChoice(defaults_, statusItemAutosaveVersionKey, {version});
 }
 
 } // namespace tavrin

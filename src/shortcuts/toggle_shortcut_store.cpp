@@ -1,5 +1,7 @@
 #include "shortcuts/toggle_shortcut_store.h"
 
+#include "settings/own_choice.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -19,12 +21,6 @@ const DefaultsValue* member(const DefaultsDictionary& dictionary, const char* na
 const std::int64_t* integer(const DefaultsDictionary& dictionary, const char* name) {
     const auto* value = member(dictionary, name);
     return value ? std::get_if<std::int64_t>(&value->value) : nullptr;
-}
-
-/// A preference tool may have stored the number 0 for false.
-bool isFalse(const DefaultsValue& value) {
-    if (const auto* boolean = std::get_if<bool>(&value.value)) return !*boolean;
-    return numberIn(value) == 0.0;
 }
 
 HotKeyShortcut shortcutIn(const DefaultsDictionary& stored) {
@@ -53,7 +49,7 @@ void ToggleShortcutStore::save(const std::optional<HotKeyShortcut>& shortcut) {
         stored["keyCode"] = {static_cast<std::int64_t>(shortcut->keyCode())};
         stored["modifiers"] = {static_cast<std::int64_t>(shortcut->modifierFlags())};
     }
-    defaults_.set(defaults_.ownDomain(), key, {std::move(stored)});
+    storeOwnChoice(defaults_, key, {std::move(stored)});
 }
 
 } // namespace tavrin

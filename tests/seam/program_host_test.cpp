@@ -84,6 +84,25 @@ TEST_F(ProgramHostTest, leftoversAreNamed) {
     scheduler.cancelTimer(timer);
 }
 
+TEST_F(ProgramHostTest, changesOfPreferencesThatWereNotHandedOverAreLost) {
+    bootAndStart(plainDesktop());
+    auto& defaults = platform().defaults;
+    const auto own = defaults.ownDomain();
+    defaults.set(own, "old", {true});
+    defaults.set(own, "gone", {true});
+    scheduler.advance(tavrin::Seconds{11});
+    defaults.set(own, "handed over", {true});
+    defaults.synchronize(own);
+    defaults.set(own, "old", {false});
+    defaults.set(own, "old", {std::int64_t{2}});
+    defaults.remove(own, "gone");
+    defaults.set(own, "new", {true});
+    EXPECT_EQ(defaults.keys(own), (Log{"handed over", "new", "old"})) << "the process sees them";
+    mac->program().crash();
+    EXPECT_EQ(mac->preferences().keys(own), (Log{"gone", "handed over", "old"}));
+    EXPECT_EQ(mac->preferences().boolean(own, "old"), true);
+}
+
 TEST_F(ProgramHostTest, quitStoresThePlacesOfNamedItems) {
     auto desktop = plainDesktop();
     desktop.applications = {applicationSpec("org.example.a", 501, {itemSpec("a", 30, 100)})};

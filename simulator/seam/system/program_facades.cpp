@@ -55,29 +55,6 @@ void ProgramApplication::replyToShouldTerminate(bool terminates) {
     if (side_.isOpen()) host_.replyToShouldTerminate(terminates);
 }
 
-DefaultsDomain ProgramDefaults::ownDomain() const { return side_.domain(); }
-
-std::optional<DefaultsValue> ProgramDefaults::value(const DefaultsDomain& domain,
-                                                    std::string_view key) const {
-    return side_.mac.preferences.value(domain, key);
-}
-
-void ProgramDefaults::set(const DefaultsDomain& domain, std::string_view key, DefaultsValue value) {
-    if (side_.isOpen()) side_.mac.preferences.set(domain, key, std::move(value));
-}
-
-void ProgramDefaults::remove(const DefaultsDomain& domain, std::string_view key) {
-    if (side_.isOpen()) side_.mac.preferences.remove(domain, key);
-}
-
-std::vector<std::string> ProgramDefaults::keys(const DefaultsDomain& domain) const {
-    return side_.mac.preferences.keys(domain);
-}
-
-void ProgramDefaults::synchronize(const DefaultsDomain& domain) {
-    if (side_.isOpen()) side_.mac.preferences.flush(domain);
-}
-
 std::vector<tavrin::Screen> ProgramScreens::screens() const {
     std::vector<tavrin::Screen> screens;
     for (const auto& spec : side_.mac.screens.screens()) screens.push_back(screenOf(spec));

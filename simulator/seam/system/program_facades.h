@@ -2,11 +2,11 @@
 
 #include "platform/accessibility.h"
 #include "platform/application.h"
-#include "platform/defaults.h"
 #include "platform/platform.h"
 #include "platform/screens.h"
 #include "platform/status_items.h"
 #include "platform/updates.h"
+#include "seam/system/program_defaults.h"
 #include "seam/system/program_events.h"
 #include "seam/system/program_keys.h"
 #include "seam/system/program_login_item.h"
@@ -66,21 +66,6 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     template <class Ask>
     auto message(const Ask& ask) -> decltype(ask());
 
-    ProgramSide side_;
-};
-
-class ProgramDefaults final : public tavrin::Defaults {
-  public:
-    explicit ProgramDefaults(ProgramSide side) : side_(std::move(side)) {}
-
-    DefaultsDomain ownDomain() const override;
-    std::optional<DefaultsValue> value(const DefaultsDomain&, std::string_view key) const override;
-    void set(const DefaultsDomain&, std::string_view key, DefaultsValue) override;
-    void remove(const DefaultsDomain&, std::string_view key) override;
-    std::vector<std::string> keys(const DefaultsDomain&) const override;
-    void synchronize(const DefaultsDomain&) override;
-
-  private:
     ProgramSide side_;
 };
 

@@ -1,6 +1,7 @@
 #include "pins/store/pinned_action_store.h"
 
 #include "pins/store/pinned_action_document.h"
+#include "settings/own_choice.h"
 
 #include <algorithm>
 #include <map>
@@ -22,11 +23,11 @@ void PinnedActionStore::load() {
     if (auto pins = PinnedActionDocument::decode(*document))
         pins_.set(std::move(*pins));
     else
-        defaults_.set(defaults_.ownDomain(), unreadableKey, {*document});
+        storeOwnChoice(defaults_, unreadableKey, {*document});
 }
 
 void PinnedActionStore::replace(Pins pins) {
-    defaults_.set(defaults_.ownDomain(), key, {PinnedActionDocument::encode(pins)});
+    storeOwnChoice(defaults_, key, {PinnedActionDocument::encode(pins)});
     pins_.set(std::move(pins));
 }
 
