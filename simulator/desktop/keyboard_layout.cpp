@@ -47,20 +47,26 @@ constexpr std::array namedKeys{
     Key{79, "f18"},
     Key{80, "f19"},
     Key{90, "f20"},
+    Key{76, "keypadEnter"},
+    Key{71, "clear"},
+    Key{114, "help"},
 };
 
-/// The keypad comes last, so that a character is looked for on the other keys first.
+/// The keypad comes last, so that a character is looked for on the other keys first. Some of its keys, and
+/// Help and the menu key, make control characters, as UCKeyTranslate tells them.
 constexpr std::array usKeys{
-    Key{0, "a"},  Key{1, "s"},  Key{2, "d"},  Key{3, "f"},  Key{4, "h"},  Key{5, "g"},  Key{6, "z"},
-    Key{7, "x"},  Key{8, "c"},  Key{9, "v"},  Key{10, "§"}, Key{11, "b"}, Key{12, "q"}, Key{13, "w"},
-    Key{14, "e"}, Key{15, "r"}, Key{16, "y"}, Key{17, "t"}, Key{18, "1"}, Key{19, "2"}, Key{20, "3"},
-    Key{21, "4"}, Key{22, "6"}, Key{23, "5"}, Key{24, "="}, Key{25, "9"}, Key{26, "7"}, Key{27, "-"},
-    Key{28, "8"}, Key{29, "0"}, Key{30, "]"}, Key{31, "o"}, Key{32, "u"}, Key{33, "["}, Key{34, "i"},
-    Key{35, "p"}, Key{37, "l"}, Key{38, "j"}, Key{39, "'"}, Key{40, "k"}, Key{41, ";"}, Key{42, "\\"},
-    Key{43, ","}, Key{44, "/"}, Key{45, "n"}, Key{46, "m"}, Key{47, "."}, Key{50, "`"}, Key{65, "."},
-    Key{67, "*"}, Key{69, "+"}, Key{75, "/"}, Key{78, "-"}, Key{81, "="}, Key{82, "0"}, Key{83, "1"},
-    Key{84, "2"}, Key{85, "3"}, Key{86, "4"}, Key{87, "5"}, Key{88, "6"}, Key{89, "7"}, Key{91, "8"},
-    Key{92, "9"},
+    Key{0, "a"},      Key{1, "s"},      Key{2, "d"},  Key{3, "f"},  Key{4, "h"},     Key{5, "g"},
+    Key{6, "z"},      Key{7, "x"},      Key{8, "c"},  Key{9, "v"},  Key{10, "§"},    Key{11, "b"},
+    Key{12, "q"},     Key{13, "w"},     Key{14, "e"}, Key{15, "r"}, Key{16, "y"},    Key{17, "t"},
+    Key{18, "1"},     Key{19, "2"},     Key{20, "3"}, Key{21, "4"}, Key{22, "6"},    Key{23, "5"},
+    Key{24, "="},     Key{25, "9"},     Key{26, "7"}, Key{27, "-"}, Key{28, "8"},    Key{29, "0"},
+    Key{30, "]"},     Key{31, "o"},     Key{32, "u"}, Key{33, "["}, Key{34, "i"},    Key{35, "p"},
+    Key{37, "l"},     Key{38, "j"},     Key{39, "'"}, Key{40, "k"}, Key{41, ";"},    Key{42, "\\"},
+    Key{43, ","},     Key{44, "/"},     Key{45, "n"}, Key{46, "m"}, Key{47, "."},    Key{50, "`"},
+    Key{65, "."},     Key{67, "*"},     Key{69, "+"}, Key{75, "/"}, Key{78, "-"},    Key{81, "="},
+    Key{82, "0"},     Key{83, "1"},     Key{84, "2"}, Key{85, "3"}, Key{86, "4"},    Key{87, "5"},
+    Key{88, "6"},     Key{89, "7"},     Key{91, "8"}, Key{92, "9"}, Key{71, "\x1B"}, Key{76, "\x03"},
+    Key{110, "\x10"}, Key{114, "\x05"},
 };
 
 // The keys on which the other layouts differ from the US layout.

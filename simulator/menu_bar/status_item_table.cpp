@@ -178,6 +178,7 @@ StatusItemIdentifier StatusItemTable::add(std::shared_ptr<ProgramConnection> con
     record.identifier = StatusItemIdentifier{nextIdentifier_++};
     record.owner = connection->process();
     record.origin = ItemOrigin::Program;
+    record.spec.enabled = false; // until it has an action
     record.length = usableLength(length);
     record.isBehindNotch = behindNotch_.contains(domain.name);
     record.name = "Item-" + std::to_string(itemsOf(record.owner).size());
@@ -247,7 +248,10 @@ void StatusItemTable::setHiddenFromAccessibility(StatusItemIdentifier identifier
 
 void StatusItemTable::setAction(StatusItemIdentifier identifier,
                                 std::function<void(StatusItemPress)> action) {
-    if (auto* record = change(identifier)) record->action = std::move(action);
+    auto* record = change(identifier);
+    if (!record) return;
+    record->spec.enabled = action != nullptr;
+    record->action = std::move(action);
 }
 
 } // namespace mac_model

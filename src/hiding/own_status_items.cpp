@@ -33,6 +33,8 @@ void OwnStatusItems::configureStatusItems(PositionSeed controlSeed) {
     const double position = controlSeed == PositionSeed::ForceBesideZero ? 1 : 0;
     if (usesSpacer_ && !isForced) adoptLegacySeparator();
     removePositions(StatusItemAutosaveName::legacySeparator(statusItemAutosaveVersion_));
+    // Only at the start: while Tavrin runs it is the user who has switched the item off.
+    if (!isForced) forgetHidingFlags();
     if (usesSpacer_) positions_.seed(name, isForced ? Force::Yes : Force::No, position);
     controlItem_ = platform_.statusItems.create(squareStatusItemLength);
     controlItem_->setAutosaveName(name);
@@ -47,6 +49,11 @@ void OwnStatusItems::adoptLegacySeparator() {
         positions_.seed(StatusItemAutosaveName::control(statusItemAutosaveVersion_),
                         StatusItemPositionDefaults::Force::Yes, *position);
     }
+}
+
+void OwnStatusItems::forgetHidingFlags() {
+    positions_.forgetHidingFlag(StatusItemAutosaveName::control(statusItemAutosaveVersion_));
+    positions_.forgetHidingFlag(StatusItemAutosaveName::spacer(statusItemAutosaveVersion_));
 }
 
 void OwnStatusItems::removePositions(const std::string& autosaveName) {

@@ -63,6 +63,7 @@ class OwnStatusItems {
 
   private:
     void adoptLegacySeparator();
+    void forgetHidingFlags();
     void removePositions(const std::string& autosaveName);
     void decorate();
 

@@ -49,7 +49,8 @@ class StatusItem {
     /// The drawings behind the image that ignore the mouse: the pill while active, the glow from 0 to 1.
     virtual void setDecorations(bool pillShown, double glow) = 0;
 
-    /// Called when the left or right mouse button is released on the item.
+    /// Called when the left or right mouse button is released on the item. An item without an action is
+    /// disabled: else the menu bar would light up over its whole length when it is clicked.
     virtual void setAction(std::function<void(StatusItemPress)> action) = 0;
 
     /// The button on the screen; none while the item has no window. The width is 0 for an item of length 0.

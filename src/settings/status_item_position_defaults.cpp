@@ -12,8 +12,8 @@ namespace {
 
 // The keys are AppKit's own.
 constexpr std::string_view positionKey = "NSStatusItem Preferred Position ";
-constexpr std::array keyPrefixes{positionKey, std::string_view("NSStatusItem Visible "),
-                                 std::string_view("NSStatusItem VisibleCC ")};
+constexpr std::string_view hidingFlagKey = "NSStatusItem VisibleCC ";
+constexpr std::array keyPrefixes{positionKey, std::string_view("NSStatusItem Visible "), hidingFlagKey};
 constexpr std::string_view byHostSuffix = "_v6";
 
 constexpr std::string_view controlPrefix = "Skerrow.Main.v";
@@ -69,12 +69,28 @@ void StatusItemPositionDefaults::remove(const std::function<bool(std::string_vie
 
 void StatusItemPositionDefaults::removeIn(const DefaultsDomain& domain, std::string_view nameSuffix,
                                           const std::function<bool(std::string_view)>& selects) {
+    bool hasChanged = false;
     for (const auto& key : defaults_.keys(domain)) {
         auto name = nameInKey(key);
         if (!name || !name->ends_with(nameSuffix)) continue;
         name->remove_suffix(nameSuffix.size());
-        if (selects(*name)) defaults_.remove(domain, key);
+        if (!selects(*name)) continue;
+        defaults_.remove(domain, key);
+        hasChanged = true;
     }
+    if (hasChanged) defaults_.synchronize(domain);
+}
+
+void StatusItemPositionDefaults::forgetHidingFlag(std::string_view autosaveName) {
+    removeIfFalse(own_, joined(hidingFlagKey, autosaveName));
+    removeIfFalse(global_, joined(hidingFlagKey, byHostAutosaveName(autosaveName)));
+}
+
+void StatusItemPositionDefaults::removeIfFalse(const DefaultsDomain& domain, const std::string& key) {
+    const auto stored = defaults_.value(domain, key);
+    if (!stored || !isFalse(*stored)) return;
+    defaults_.remove(domain, key);
+    defaults_.synchronize(domain);
 }
 
 void StatusItemPositionDefaults::removeSuperseded(std::span<const std::string> currentAutosaveNames,

@@ -33,12 +33,17 @@ class StatusItemPositionDefaults {
     /// Deletes all that is kept for the names that `selects` picks.
     void remove(const std::function<bool(std::string_view autosaveName)>& selects);
 
+    /// Since macOS 26 Control Center keeps a flag for each name, and a stale one hides an item that the user
+    /// never switched off. It is read when the item is created.
+    void forgetHidingFlag(std::string_view autosaveName);
+
     /// Deletes what is kept for Tavrin's own items under earlier versions than `currentVersion`, except for
     /// names in `currentAutosaveNames`.
     void removeSuperseded(std::span<const std::string> currentAutosaveNames, std::int64_t currentVersion);
 
   private:
     bool hasValue(std::string_view autosaveName) const;
+    void removeIfFalse(const DefaultsDomain& domain, const std::string& key);
     void removeIn(const DefaultsDomain& domain, std::string_view nameSuffix,
                   const std::function<bool(std::string_view)>& selects);
 

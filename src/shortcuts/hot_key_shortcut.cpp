@@ -38,8 +38,14 @@ constexpr std::array specialKeys{
     SpecialKey{98, "F7"},    SpecialKey{100, "F8"},  SpecialKey{101, "F9"},  SpecialKey{109, "F10"},
     SpecialKey{103, "F11"},  SpecialKey{111, "F12"}, SpecialKey{105, "F13"}, SpecialKey{107, "F14"},
     SpecialKey{113, "F15"},  SpecialKey{106, "F16"}, SpecialKey{64, "F17"},  SpecialKey{79, "F18"},
-    SpecialKey{80, "F19"},   SpecialKey{90, "F20"},
+    SpecialKey{80, "F19"},   SpecialKey{90, "F20"},  SpecialKey{76, "⌤"},    SpecialKey{71, "⌧"},
+    SpecialKey{114, "Help"},
 };
+
+/// Layouts give control characters to keys that make none.
+bool isControlCharacter(std::string_view character) {
+    return character.size() == 1 && (static_cast<unsigned char>(character[0]) < 0x20 || character[0] == 0x7F);
+}
 
 } // namespace
 
@@ -61,7 +67,8 @@ std::string KeyNames::nameOf(KeyCode key) const {
     const auto special = std::ranges::find(specialKeys, key, &SpecialKey::code);
     if (special != specialKeys.end()) return std::string(special->name);
     const auto character = keyboard_->character(key);
-    if (text_->trimmed(character).empty()) return "Key " + std::to_string(key);
+    if (text_->trimmed(character).empty() || isControlCharacter(character))
+        return "Key " + std::to_string(key);
     const auto capital = text_->capitalized(character);
     // ß stands on a key of its own and has no capital of one letter.
     return countOfCharacters(capital) == countOfCharacters(character) ? capital : character;

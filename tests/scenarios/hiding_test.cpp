@@ -43,6 +43,7 @@ TEST_P(HidingOnEveryMac, hidesRevealsAndLeavesNothingBehind) {
         return;
     }
     ASSERT_TRUE(isCollapsed(mac)) << "a fresh install hides everything that can be moved";
+    EXPECT_EQ(spacer(mac)["enabled"], false) << "the long spacer must not light up under a click";
     for (const auto& item : mac.look()["menuBar"]) {
         const bool isFixed = item["name"] == "Clock" || item["name"] == "Control Center";
         if (item["owner"] != tavrinBundle) EXPECT_EQ(item["drawn"], isFixed) << item;

@@ -86,6 +86,17 @@ TEST(StoredValues, earlierVersionsOfTheItemsPlacesAreTidiedAway) {
     EXPECT_FALSE(mac.defaults().contains("Skerrow.rescuedItemIdentifiers"));
 }
 
+TEST(StoredValues, aStaleFlagOfControlCenterHidesNothing) {
+    const std::string flag = "NSStatusItem VisibleCC Skerrow.";
+    auto options =
+        trustedMac("notched-laptop", setUp({}, {{flag + "Main.v1", 0}, {flag + "Spacer.v1", false}}));
+    options.changes["defaults"]["byHost"][".GlobalPreferences"][flag + "Main.v1_v6"] = false;
+    auto mac = started(options, 3);
+    EXPECT_TRUE(mac.control()["drawn"]);
+    EXPECT_FALSE(spacer(mac).is_null());
+    EXPECT_EQ(mac.defaults().dump().find("VisibleCC"), std::string::npos);
+}
+
 TEST(StoredValues, theSeparatorOfOlderReleasesPassesItsPlaceToTheControl) {
     const double seat = 500.5;
     for (const bool byHost : {false, true}) {

@@ -58,6 +58,10 @@ TEST(HotKeyShortcut, isWrittenAsTheLayoutCallsItsKey) {
         {Us, 125, control, "⌃↓"},
         {Us, 115, control, "⌃↖"},
         {Us, 121, control, "⌃⇟"},
+        {German, 76, control, "⌃⌤"}, // these make control characters
+        {Us, 71, command, "⌘⌧"},
+        {Us, 114, option, "⌥Help"},
+        {Us, 110, option, "⌥Key 110"},
     };
     const auto text = mac_model::makeIcuText();
     for (const auto& c : cases) {

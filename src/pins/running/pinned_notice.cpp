@@ -45,7 +45,8 @@ Rect PinnedNoticePanel::anchorWithout() const {
     const auto screens = platform_.screens.screens();
     if (screens.empty()) return {};
     const auto& primary = screens.front();
-    return {primary.frame.maxX(), primary.frame.minY(), 0, primary.menuBarHeight};
+    // Within the frame: the point at its right edge lies on the next display.
+    return {primary.frame.maxX() - 1, primary.frame.minY(), 1, primary.menuBarHeight};
 }
 
 View PinnedNoticePanel::content(PinnedNotice notice) {

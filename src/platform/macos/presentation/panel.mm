@@ -23,6 +23,32 @@ namespace tavrin::macos {
 namespace {
 
 constexpr double gap = 6; // below the anchor, and left free at the screen's edges
+constexpr double cornerRadius = 14;
+
+/// Stretched in its middle, so that it fits a panel of any size. The window's shadow follows it.
+NSImage* roundedMask() {
+    constexpr double side = 2 * cornerRadius + 1;
+    NSImage* mask = [NSImage imageWithSize:NSMakeSize(side, side)
+                                   flipped:NO
+                            drawingHandler:^BOOL(NSRect bounds) {
+                                [NSColor.blackColor setFill];
+                                [[NSBezierPath bezierPathWithRoundedRect:bounds
+                                                                 xRadius:cornerRadius
+                                                                 yRadius:cornerRadius] fill];
+                                return YES;
+                            }];
+    mask.capInsets = NSEdgeInsetsMake(cornerRadius, cornerRadius, cornerRadius, cornerRadius);
+    mask.resizingMode = NSImageResizingModeStretch;
+    return mask;
+}
+
+NSView* makeGround() {
+    NSVisualEffectView* ground = [[NSVisualEffectView alloc] initWithFrame:NSZeroRect];
+    ground.material = NSVisualEffectMaterialPopover;
+    ground.state = NSVisualEffectStateActive; // the panel is often not key
+    ground.maskImage = roundedMask();
+    return ground;
+}
 
 NSPanel* makeNSPanel() {
     NSPanel* panel = [[TavrinPanel alloc]
@@ -38,6 +64,9 @@ NSPanel* makeNSPanel() {
     panel.hidesOnDeactivate = NO;
     panel.becomesKeyOnlyIfNeeded = YES;
     panel.hasShadow = YES;
+    panel.opaque = NO;
+    panel.backgroundColor = NSColor.clearColor;
+    panel.contentView = makeGround();
     return panel;
 }
 
@@ -54,7 +83,7 @@ MacPanel::MacPanel(Scheduler& scheduler)
     , renderer_(gate_.deliver())
     , panel_(makeNSPanel()) {
     assertMainThread();
-    panel_.contentView = renderer_.surface();
+    [panel_.contentView addSubview:renderer_.surface()];
 }
 
 MacPanel::~MacPanel() {
@@ -83,6 +112,7 @@ void MacPanel::place() {
     const double left = std::clamp(NSMidX(anchor) - size.width / 2, NSMinX(room), leftMax);
     const double top = std::min(NSMinY(anchor) - gap, NSMaxY(room));
     [panel_ setFrame:NSMakeRect(left, top - size.height, size.width, size.height) display:YES];
+    [panel_ invalidateShadow];
 }
 
 void MacPanel::close() { [panel_ orderOut:nil]; }

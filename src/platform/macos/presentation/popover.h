@@ -28,6 +28,7 @@ class MacPopover final : public Popover {
 
   private:
     void layOut();
+    void highlight(NSStatusBarButton* button);
     void watchOutside();
     void takePlace();
     void didClose();
@@ -38,7 +39,8 @@ class MacPopover final : public Popover {
     NSPopover* popover_;
     TavrinPopoverDelegate* delegate_; // the popover doesn't hold its delegate
     Subscription windowMoves_;
-    id outsidePresses_ = nil;         // the monitor's token while it is shown
+    id outsidePresses_ = nil; // the monitor's token while it is shown
+    __weak NSStatusBarButton* litButton_ = nil;
     NSScreen* screen_ = nil;          // that of the item; nil before it is first shown
     NSStatusBarButton* button_ = nil; // of the item
     NSRect areaInButton_{};

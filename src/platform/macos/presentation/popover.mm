@@ -60,6 +60,7 @@ MacPopover::~MacPopover() {
     delegate_.onClose = nil;
     popover_.delegate = nil;
     renderer_.letGo();
+    highlight(nil);
     if (outsidePresses_) [NSEvent removeMonitor:outsidePresses_];
     popover_.animates = NO; // nothing may outlast its owner's callbacks on the screen
     [popover_ close];
@@ -104,10 +105,18 @@ bool MacPopover::show(StatusItem& item, Rect area) {
     areaInButton_ = rectInButton(button, area);
     [popover_ showRelativeToRect:areaInButton_ ofView:button preferredEdge:NSRectEdgeMinY];
     if (!popover_.shown) return false; // macOS shows none at a window that can't be seen
+    highlight(button);
     [renderer_.surface().window makeKeyWindow];
     renderer_.takeKeyboard();
     watchOutside();
     return true;
+}
+
+/// The item stays lit while its popover is open, as under a menu.
+void MacPopover::highlight(NSStatusBarButton* button) {
+    if (litButton_ != button) [litButton_ highlight:NO];
+    litButton_ = button;
+    [litButton_ highlight:YES];
 }
 
 /// Presses on other processes' status items don't close a transient popover by themselves.
@@ -125,6 +134,7 @@ void MacPopover::watchOutside() {
 void MacPopover::didClose() {
     if (outsidePresses_) [NSEvent removeMonitor:outsidePresses_];
     outsidePresses_ = nil;
+    highlight(nil);
     gate_.deliver()(onClose_);
 }
 

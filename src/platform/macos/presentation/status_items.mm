@@ -68,6 +68,7 @@ MacStatusItem::MacStatusItem(Scheduler& scheduler, double length)
     item_.button.imagePosition = NSImageOnly;
     item_.button.target = target_;
     item_.button.action = @selector(buttonPressed:);
+    item_.button.enabled = NO; // until it has an action
     [item_.button sendActionOn:NSEventMaskLeftMouseUp | NSEventMaskRightMouseUp];
 }
 
@@ -110,6 +111,7 @@ void MacStatusItem::setDecorations(bool pillShown, double glow) {
 }
 
 void MacStatusItem::setAction(std::function<void(StatusItemPress)> action) {
+    item_.button.enabled = action != nullptr;
     [target_ setAction:std::move(action)];
 }
 

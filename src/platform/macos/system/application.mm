@@ -28,9 +28,9 @@ std::string MacApplication::bundleIdentifier() const {
 }
 
 std::string MacApplication::displayVersion() const {
-    auto version = "Version " + bundleText(@"CFBundleShortVersionString");
+    const auto version = bundleText(@"CFBundleShortVersionString");
     const auto build = bundleText(@"CFBundleVersion");
-    return build.empty() ? version : version + " (" + build + ")";
+    return "Version " + version + (build.empty() || build == version ? "" : " (" + build + ")");
 }
 
 void MacApplication::setActivationPolicy(ActivationPolicy policy) {
@@ -58,9 +58,10 @@ void MacApplication::showAboutPanel() {
 }
 
 /// AppKit asks the delegate inside this call and, when the end is put off, waits in a nested run loop; when
-/// it isn't, the process exits without coming back.
+/// it isn't, the process exits without coming back. It starts from a timer: posted work would hold up what is
+/// posted after it, and so the very answer that the nested loop waits for.
 void MacApplication::terminate() {
-    scheduler_.post([] { [NSApp terminate:nil]; });
+    scheduler_.callAfter(Seconds{0}, [] { [NSApp terminate:nil]; });
 }
 
 /// Posted, because AppKit takes an answer only after the delegate has put the end off, and the program may

@@ -33,6 +33,11 @@ bool tavrin::macos::isPressable(TavrinViewNode* node) {
     [self pressNode];
 }
 
+// A press counts also when it activates the application or makes the window the key one.
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+    return YES;
+}
+
 - (void)mouseDown:(NSEvent*)event {
     if (self.acceptsFirstResponder) [self.window makeFirstResponder:self];
     if (!tavrin::macos::isPressable(self) && !self.isDragSource) return [super mouseDown:event];

@@ -79,6 +79,10 @@ using tavrin::macos::RecorderHost;
     host_.reset();
 }
 
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+    return YES;
+}
+
 - (BOOL)acceptsFirstResponder {
     return self.enabled;
 }

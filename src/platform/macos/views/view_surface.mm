@@ -29,6 +29,10 @@ TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
     return YES;
 }
 
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+    return YES;
+}
+
 - (void)viewDidMoveToWindow {
     [super viewDidMoveToWindow];
     self.window.autorecalculatesKeyViewLoop = YES;

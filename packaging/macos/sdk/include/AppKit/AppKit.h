@@ -49,5 +49,6 @@
 #include <AppKit/NSUserInterfaceItemIdentification.h>
 #include <AppKit/NSView.h>
 #include <AppKit/NSViewController.h>
+#include <AppKit/NSVisualEffectView.h>
 #include <AppKit/NSWindow.h>
 #include <AppKit/NSWorkspace.h>

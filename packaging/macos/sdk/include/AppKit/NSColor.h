@@ -3,6 +3,8 @@
 #include <Foundation/Foundation.h>
 
 @interface NSColor : NSObject <NSCopying, NSSecureCoding>
+@property (class, readonly, strong) NSColor *blackColor;
+@property (class, readonly, strong) NSColor *clearColor;
 @property (class, readonly, strong) NSColor *controlAccentColor;
 @property (class, readonly, strong) NSColor *labelColor;
 @property (class, readonly, strong) NSColor *secondaryLabelColor;

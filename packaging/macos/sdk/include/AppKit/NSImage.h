@@ -6,8 +6,15 @@
 
 typedef NSString *NSImageName;
 
+typedef NS_ENUM(NSInteger, NSImageResizingMode) {
+    NSImageResizingModeTile = 0,
+    NSImageResizingModeStretch = 1,
+};
+
 @interface NSImage : NSObject <NSCopying, NSSecureCoding>
 @property (copy) NSString *accessibilityDescription;
+@property NSEdgeInsets capInsets;
+@property NSImageResizingMode resizingMode;
 @property NSSize size;
 + (NSImage *)imageNamed:(NSImageName)name;
 + (instancetype)imageWithSystemSymbolName:(NSString *)name accessibilityDescription:(NSString *)description;

@@ -65,6 +65,7 @@ typedef NS_ENUM(NSUInteger, NSBorderType) {
 - (BOOL)scrollRectToVisible:(NSRect)rect;
 - (void)drawRect:(NSRect)dirtyRect;
 - (void)drawFocusRingMask;
+- (BOOL)acceptsFirstMouse:(NSEvent *)event;
 - (NSView *)hitTest:(NSPoint)pointInSuperview;
 - (NSMenu *)menuForEvent:(NSEvent *)event;
 - (void)registerForDraggedTypes:(NSArray<NSPasteboardType> *)types;

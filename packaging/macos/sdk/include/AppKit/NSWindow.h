@@ -3,7 +3,7 @@
 #include <AppKit/NSGraphics.h>
 #include <AppKit/NSResponder.h>
 
-@class NSNotification, NSScreen, NSView;
+@class NSColor, NSNotification, NSScreen, NSView;
 
 typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
     NSWindowStyleMaskBorderless = 0,
@@ -36,6 +36,7 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 
 @interface NSWindow : NSResponder
 @property BOOL autorecalculatesKeyViewLoop;
+@property (copy) NSColor *backgroundColor;
 @property NSWindowCollectionBehavior collectionBehavior;
 @property (strong) NSView *contentView;
 @property (weak) id<NSWindowDelegate> delegate;
@@ -45,6 +46,7 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 @property BOOL hidesOnDeactivate;
 @property NSWindowLevel level;
 @property (readonly) BOOL canBecomeKeyWindow;
+@property (getter=isOpaque) BOOL opaque;
 @property (readonly) NSWindowOcclusionState occlusionState;
 @property (getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property (getter=isRestorable) BOOL restorable;
@@ -56,6 +58,7 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
                             backing:(NSBackingStoreType)backing
                               defer:(BOOL)defer;
 - (void)center;
+- (void)invalidateShadow;
 - (void)close;
 - (void)orderFrontRegardless;
 - (void)orderOut:(id)sender;
