@@ -69,10 +69,10 @@ TEST_F(ApplicationReaderTest, titlesInARegularApplicationsMenuBarAreNoItems) {
 }
 
 TEST_F(ApplicationReaderTest, walksNoDeeperThanItsLimit) {
-    nest(ApplicationReader::depthMax);
+    nest(12);
     EXPECT_EQ(readNumbers().size(), 1u);
-    nest(ApplicationReader::depthMax + 1);
-    ax_.nodes[ApplicationReader::depthMax].attributes["AXRole"] = "AXGroup";
+    nest(13);
+    ax_.nodes[12].attributes["AXRole"] = "AXGroup";
     EXPECT_EQ(readNumbers().size(), 0u);
 }
 
@@ -85,14 +85,14 @@ TEST_F(ApplicationReaderTest, hostileTreesEnd) {
     std::vector<int> many;
     for (int i = 100; i < 400; ++i) ax_.makeItem(many.emplace_back(i), i);
     ax_.setChildren(bar, many);
-    EXPECT_EQ(read()->size(), ApplicationReader::itemsBeyondWhichToStop + 1);
+    EXPECT_EQ(read()->size(), 128u);
 
     std::vector<int> groups;
     for (int i = 1000; i < 3000; ++i) ax_.setChildren(groups.emplace_back(i), {i + 2000});
     ax_.setChildren(bar, groups);
     ax_.messages = 0;
     EXPECT_EQ(read()->size(), 0u);
-    EXPECT_EQ(ax_.messages, 1 + static_cast<int>(ApplicationReader::visitedMax));
+    EXPECT_EQ(ax_.messages, 1 + 512);
 }
 
 TEST_F(ApplicationReaderTest, failuresEndTheReadingAtOnceAndWhole) {

@@ -53,8 +53,8 @@ class MenuTreeReaderTest : public testing::Test {
 
 TEST_F(MenuTreeReaderTest, readsNoDeeperThanTheLimitAndNoMoreThanTheBudget) {
     makeNested(10);
-    for (const auto& [limits, depth, count] : {std::tuple{Limits{6, 600}, 6, 7},
-                                               {Limits{8, 1500}, 8, 9},
+    for (const auto& [limits, depth, count] : {std::tuple{MenuTreeReader::statusItemLimits, 6, 7},
+                                               {MenuTreeReader::appMenuBarLimits, 8, 9},
                                                {Limits{30, 1500}, 19, 20},
                                                {Limits{30, 5}, 4, 5},
                                                {Limits{0, 5}, 0, 1}}) {
