@@ -69,6 +69,7 @@ int showPage(const SimulatorOptions& options, DesktopFile desktop) {
 /// Always on a fresh profile and a Mac that doesn't trust the program yet.
 int playTour(const SimulatorOptions& options, DesktopFile desktop) {
     desktop.accessibilityTrusted = false;
+    desktop.listedInAccessibility = false;
     const auto boot = [&](const fs::path& profile) {
         auto fresh = options;
         fresh.profile = profile;

@@ -14,8 +14,6 @@ using tavrin::text;
 
 namespace {
 
-constexpr std::string_view accessibilityLink =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 constexpr double contentWidth = 480;
 constexpr double besideOtherWindows = 180; // so that the window that opened it stays in sight
 
@@ -119,9 +117,10 @@ std::vector<View> SystemSettings::switches() {
             switchRow(other.bundleIdentifier, other.name, trustedOthers_.contains(other.bundleIdentifier),
                       [this, bundle = other.bundleIdentifier] { toggleOther(bundle); });
     }
-    rows[{program_.name, program_.bundleIdentifier}] =
-        switchRow(program_.bundleIdentifier, program_.name, permission_.isTrusted(),
-                  [this] { permission_.setTrusted(!permission_.isTrusted()); });
+    if (permission_.isListed())
+        rows[{program_.name, program_.bundleIdentifier}] =
+            switchRow(program_.bundleIdentifier, program_.name, permission_.isTrusted(),
+                      [this] { permission_.setTrusted(!permission_.isTrusted()); });
     std::vector<View> inOrder;
     for (auto& [name, row] : rows) inOrder.push_back(std::move(row));
     return inOrder;

@@ -24,6 +24,8 @@ class SystemSettings {
     static constexpr std::string_view bundleIdentifier = "com.apple.systempreferences";
     static constexpr std::string_view loginItemsLink =
         "x-apple.systempreferences:com.apple.LoginItems-Settings.extension";
+    static constexpr std::string_view accessibilityLink =
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
     SystemSettings(VirtualScheduler&, ProcessTable&, const ScreensModel&, Permission&, const ProgramInfo&,
                    SurfaceStack&);

@@ -154,6 +154,7 @@ struct DesktopFile {
     MacOSVersion macOS{};
     std::vector<ScreenSpec> screens{}; ///< never empty; the primary first, at the origin
     bool accessibilityTrusted = false;
+    bool listedInAccessibility = false; // whether the program has a switch in System Settings
     /// As listed; the first regular one is frontmost at the start.
     std::vector<ApplicationSpec> applications{};
     PreferenceDomains defaults{};

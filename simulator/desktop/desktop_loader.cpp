@@ -108,6 +108,7 @@ DesktopFile readDesktop(const json& value, FirstFault& faults) {
     if (const json* screens = file.member("screens", Need::Required))
         desktop.screens = readScreens(*screens, file.at("screens"), desktop.macOS, faults);
     desktop.accessibilityTrusted = file.flag("accessibilityTrusted", desktop.accessibilityTrusted);
+    desktop.listedInAccessibility = file.flag("listedInAccessibility", desktop.accessibilityTrusted);
     desktop.applications = readApplications(file);
     readDefaults(file, desktop);
     desktop.bundles = readBundles(file);

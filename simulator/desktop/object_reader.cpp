@@ -136,11 +136,11 @@ const std::vector<json>& ObjectReader::list(std::string_view key, std::size_t mo
     return none;
 }
 
-std::size_t ObjectReader::chosen(std::string_view key, const std::string_view* names, std::size_t count,
+std::size_t ObjectReader::chosen(std::string_view key, std::span<const std::string_view> names,
                                  std::size_t otherwise, Need need) {
     const json* value = member(key, need);
     if (!value) return otherwise;
-    return indexIn(names, count, *value, at(key), faults_).value_or(otherwise);
+    return indexIn(names.data(), names.size(), *value, at(key), faults_).value_or(otherwise);
 }
 
 void ObjectReader::refuse(std::string_view key, std::string problem) {

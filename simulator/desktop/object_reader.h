@@ -4,9 +4,9 @@
 #include "desktop/strict_json.h"
 #include "vocabulary/vocabulary.h"
 
-#include <array>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,10 +55,10 @@ class ObjectReader {
     /// The array's elements; empty when it is missing, no array, or longer than `most`.
     const std::vector<nlohmann::json>& list(std::string_view key, std::size_t most, Need = Need::Optional);
 
-    template <class Enum, std::size_t count>
-    Enum choice(std::string_view key, const std::array<std::string_view, count>& names, Enum otherwise,
+    template <class Enum>
+    Enum choice(std::string_view key, std::span<const std::string_view> names, Enum otherwise,
                 Need need = Need::Optional) {
-        return static_cast<Enum>(chosen(key, names.data(), count, static_cast<std::size_t>(otherwise), need));
+        return static_cast<Enum>(chosen(key, names, static_cast<std::size_t>(otherwise), need));
     }
 
     void refuse(std::string_view key, std::string problem);
@@ -73,8 +73,8 @@ class ObjectReader {
     FirstFault& faults() const { return faults_; }
 
   private:
-    std::size_t chosen(std::string_view key, const std::string_view* names, std::size_t count,
-                       std::size_t otherwise, Need);
+    std::size_t chosen(std::string_view key, std::span<const std::string_view> names, std::size_t otherwise,
+                       Need);
 
     const nlohmann::json& object_;
     std::string pointer_;

@@ -2,13 +2,15 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <type_traits>
 
 namespace mac_model {
 
-// Nobody has settled what real macOS does in these eight places. Each is a setting of the model, so that the
-// program can be tried under either answer. The first enumerator is the likelier one and the default.
+// Where nobody has settled what real macOS does, or where it does now one thing and now another, the model
+// has a setting, so that the program can be tried under each answer. The first enumerator is the likeliest
+// one and the default.
 
 /// Where an item goes whose stored preferred position is 0. Positions count from the right edge, so 0 ought
 /// to be the rightmost allowed slot; one report saw such an item at the far left.
@@ -39,6 +41,16 @@ enum class OffscreenFrames { True, Clamped };
 /// Whether removing an item deletes its stored preferred position (seen from macOS 11 to 26) or keeps it.
 enum class Removal { ForgetsPosition, KeepsPosition };
 
+/// What becomes of a plain request of the program to be the active application, since macOS 14: often it is
+/// declined, as the program has no icon in the Dock; or granted at once, or 0.5 s later. A request that
+/// insists is granted in any case.
+enum class Activation { Declined, Granted, Late };
+
+/// When macOS 26 and later give the window of a program's new status item its place: 1.2 s after its
+/// creation, at once as all versions before did, or 4 s after it. Until then the program is told a frame
+/// without height.
+enum class Placement { Slow, Prompt, VerySlow };
+
 struct Uncertainties {
     ZeroPosition zeroPosition = ZeroPosition::Rightmost;
     LongItem longItem = LongItem::Pushes;
@@ -48,6 +60,8 @@ struct Uncertainties {
     ClosedMenus closedMenus = ClosedMenus::Listed;
     OffscreenFrames offscreenFrames = OffscreenFrames::True;
     Removal removal = Removal::ForgetsPosition;
+    Activation activation = Activation::Declined;
+    Placement placement = Placement::Slow;
 
     bool operator==(const Uncertainties&) const = default;
 };
@@ -55,7 +69,7 @@ struct Uncertainties {
 /// One row of `uncertaintySettings`: a setting by its name in desktop files and in the driving protocol.
 struct UncertaintySetting {
     std::string_view name;
-    std::array<std::string_view, 2> values; ///< the default first
+    std::span<const std::string_view> values; ///< the default first
     void (*choose)(Uncertainties&, std::size_t value);
     std::size_t (*chosen)(const Uncertainties&);
 
@@ -72,10 +86,8 @@ struct UncertaintySetting {
 namespace detail {
 
 template <auto Field>
-constexpr UncertaintySetting settingOf(std::string_view name, std::string_view likely,
-                                       std::string_view other) {
-    return {name,
-            {likely, other},
+constexpr UncertaintySetting settingOf(std::string_view name, std::span<const std::string_view> values) {
+    return {name, values,
             [](Uncertainties& model, std::size_t value) {
                 auto& field = model.*Field;
                 field = static_cast<std::remove_reference_t<decltype(field)>>(value);
@@ -85,15 +97,33 @@ constexpr UncertaintySetting settingOf(std::string_view name, std::string_view l
 
 } // namespace detail
 
+namespace detail {
+
+// In the order of the enumerators.
+inline constexpr std::string_view zeroPositionNames[]{"rightmost", "leftmost"};
+inline constexpr std::string_view longItemNames[]{"pushes", "stopsAtMenus"};
+inline constexpr std::string_view revokedAccessNames[]{"apiDisabled", "timesOut"};
+inline constexpr std::string_view permissionNoticeNames[]{"prompt", "stale"};
+inline constexpr std::string_view emptyExtrasNames[]{"noValue", "unsupported"};
+inline constexpr std::string_view closedMenusNames[]{"listed", "empty"};
+inline constexpr std::string_view offscreenFramesNames[]{"true", "clamped"};
+inline constexpr std::string_view removalNames[]{"forgetsPosition", "keepsPosition"};
+inline constexpr std::string_view activationNames[]{"declined", "granted", "late"};
+inline constexpr std::string_view placementNames[]{"slow", "prompt", "verySlow"};
+
+} // namespace detail
+
 inline constexpr std::array uncertaintySettings{
-    detail::settingOf<&Uncertainties::zeroPosition>("zeroPosition", "rightmost", "leftmost"),
-    detail::settingOf<&Uncertainties::longItem>("longItem", "pushes", "stopsAtMenus"),
-    detail::settingOf<&Uncertainties::revokedAccess>("revokedAccess", "apiDisabled", "timesOut"),
-    detail::settingOf<&Uncertainties::permissionNotice>("permissionNotice", "prompt", "stale"),
-    detail::settingOf<&Uncertainties::emptyExtras>("emptyExtras", "noValue", "unsupported"),
-    detail::settingOf<&Uncertainties::closedMenus>("closedMenus", "listed", "empty"),
-    detail::settingOf<&Uncertainties::offscreenFrames>("offscreenFrames", "true", "clamped"),
-    detail::settingOf<&Uncertainties::removal>("removal", "forgetsPosition", "keepsPosition"),
+    detail::settingOf<&Uncertainties::zeroPosition>("zeroPosition", detail::zeroPositionNames),
+    detail::settingOf<&Uncertainties::longItem>("longItem", detail::longItemNames),
+    detail::settingOf<&Uncertainties::revokedAccess>("revokedAccess", detail::revokedAccessNames),
+    detail::settingOf<&Uncertainties::permissionNotice>("permissionNotice", detail::permissionNoticeNames),
+    detail::settingOf<&Uncertainties::emptyExtras>("emptyExtras", detail::emptyExtrasNames),
+    detail::settingOf<&Uncertainties::closedMenus>("closedMenus", detail::closedMenusNames),
+    detail::settingOf<&Uncertainties::offscreenFrames>("offscreenFrames", detail::offscreenFramesNames),
+    detail::settingOf<&Uncertainties::removal>("removal", detail::removalNames),
+    detail::settingOf<&Uncertainties::activation>("activation", detail::activationNames),
+    detail::settingOf<&Uncertainties::placement>("placement", detail::placementNames),
 };
 
 /// Null when there is no setting of that name.

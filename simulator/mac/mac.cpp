@@ -14,6 +14,12 @@ std::unique_ptr<UpdaterModel> makeUpdater(UpdaterSetting setting) {
     return std::make_unique<UpdaterModel>(setting == UpdaterSetting::Automatic);
 }
 
+Permission::AtFirst permissionAtFirst(const DesktopFile& desktop) {
+    using enum Permission::AtFirst;
+    if (desktop.accessibilityTrusted) return Trusted;
+    return desktop.listedInAccessibility ? Denied : Unlisted;
+}
+
 } // namespace
 
 std::expected<std::unique_ptr<Mac>, std::string> Mac::create(VirtualScheduler& scheduler,
@@ -33,7 +39,7 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , programProcess_(std::move(options.program))
     , bundles_(desktop_)
     , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
-                  desktop_.accessibilityTrusted)
+                  permissionAtFirst(desktop_))
     , loginItems_(*preferences_, programProcess_.info().bundleIdentifier, desktop_.loginItem)
     , statusItems_(processes_, *preferences_, behaviour_)
     , arrangement_(scheduler, statusItems_, processes_, screens_, behaviour_)
@@ -41,6 +47,8 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , menuBarWindows_(statusItems_, processes_, screens_, behaviour_)
     , content_(scheduler, processes_, screens_, statusItems_)
     , settings_(scheduler, processes_, screens_, permission_, programProcess_.info(), content_.stack)
+    , accessPrompt_(scheduler, processes_, screens_, programProcess_.info(), content_.stack,
+                    [this] { (void)settings_.open(SystemSettings::accessibilityLink); })
     , panels_(scheduler, programProcess_, screens_, content_.stack)
     , menuContents_(scheduler, processes_, behaviour_.faults, content_.menus)
     , accessibilityTree_(processes_, statusItems_, arrangement_, screens_, behaviour_.uncertainties,
@@ -96,6 +104,7 @@ MacServices Mac::services() {
             .surfaces = content_.stack,
             .menus = content_.menus,
             .settings = settings_,
+            .accessPrompt = accessPrompt_,
             .panels = panels_,
             .accessibility = accessibility_,
             .input = input_,

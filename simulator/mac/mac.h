@@ -5,6 +5,7 @@
 #include "accessibility/menu_contents.h"
 #include "accessibility/server.h"
 #include "accessibility/tree.h"
+#include "applications/access_prompt.h"
 #include "applications/program_panels.h"
 #include "applications/system_settings.h"
 #include "concurrency/virtual_scheduler.h"
@@ -149,6 +150,7 @@ class Mac {
     MenuBarWindows menuBarWindows_;
     ScreenContent content_;
     SystemSettings settings_;
+    AccessPrompt accessPrompt_;
     ProgramPanels panels_;
     MenuContents menuContents_;
     AccessibilityTree accessibilityTree_;

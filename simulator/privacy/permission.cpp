@@ -8,16 +8,26 @@ DefaultsDomain privacyDomain() { return {"com.apple.TCC"}; }
 
 Permission::Permission(VirtualScheduler& scheduler, PreferencesStore& preferences,
                        const Uncertainties& uncertainties, const std::string& bundleIdentifier,
-                       bool isTrustedAtFirst)
+                       AtFirst atFirst)
     : scheduler_(scheduler)
     , world_(scheduler)
     , preferences_(preferences)
     , uncertainties_(uncertainties)
     , key_("kTCCServiceAccessibility " + bundleIdentifier)
-    , isTrustedAtFirst_(isTrustedAtFirst) {}
+    , atFirst_(atFirst) {}
 
 bool Permission::isTrusted() const {
-    return preferences_.boolean(privacyDomain(), key_).value_or(isTrustedAtFirst_);
+    return preferences_.boolean(privacyDomain(), key_).value_or(atFirst_ == AtFirst::Trusted);
+}
+
+bool Permission::isListed() const {
+    return atFirst_ != AtFirst::Unlisted || preferences_.value(privacyDomain(), key_).has_value();
+}
+
+void Permission::list() {
+    if (isListed()) return;
+    preferences_.set(privacyDomain(), key_, {false});
+    onChanged.emit();
 }
 
 bool Permission::isTrustedAsTold() const {

@@ -16,8 +16,16 @@ class Permission {
     static constexpr Seconds noticeDelay{0.1};
     static constexpr Seconds staleTime{0.8};
 
+    /// What a profile without an entry for the program stands for.
+    enum class AtFirst { Unlisted, Denied, Trusted };
+
     Permission(VirtualScheduler&, PreferencesStore&, const Uncertainties&,
-               const std::string& bundleIdentifier, bool isTrustedAtFirst);
+               const std::string& bundleIdentifier, AtFirst atFirst);
+
+    /// Whether System Settings has a switch for the program: not before it has asked to be trusted.
+    bool isListed() const;
+    /// The program asks, and gets its switch, which is off.
+    void list();
 
     /// The state of the switch in System Settings, which messages obey.
     bool isTrusted() const;
@@ -34,7 +42,7 @@ class Permission {
 
     void programStarted() { wasRevoked_ = false; }
 
-    Signal<> onChanged; // at once, for System Settings
+    Signal<> onChanged; // of the switch, or there is one now; at once, for System Settings
     Signal<> onNotice;  // for programs
 
   private:
@@ -43,7 +51,7 @@ class Permission {
     PreferencesStore& preferences_;
     const Uncertainties& uncertainties_;
     std::string key_;
-    bool isTrustedAtFirst_;
+    AtFirst atFirst_;
     bool wasRevoked_ = false;
     bool toldWhileStale_ = false;
     Seconds staleUntil_{-1};

@@ -127,6 +127,7 @@ void SurfaceStack::noteKeyChange() {
     const auto before = std::exchange(key_, now ? now->identifier : SurfaceIdentifier::None);
     if (before == key_) return;
     if (const auto* resigned = find(before); resigned && resigned->onResignedKey) resigned->onResignedKey();
+    onKeyChanged.emit();
 }
 
 void SurfaceStack::moveBy(Surface& surface, double dx, double dy) {

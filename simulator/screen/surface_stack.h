@@ -46,6 +46,8 @@ class SurfaceStack {
     Surface* alertBefore(const Surface&) const;
     void setActive(ProcessIdentifier);
 
+    Signal<> onKeyChanged; // another surface is key, or none
+
     /// Moves the surface and all in it.
     static void moveBy(Surface&, double dx, double dy);
 

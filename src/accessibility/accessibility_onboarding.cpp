@@ -34,7 +34,7 @@ void AccessibilityOnboardingController::bringToFront() {
 
 void AccessibilityOnboardingController::render() {
     window_->setContent(accessibilityOnboardingView(
-        model_.phase.get(), [this] { platform_.workspace.openUrl(AccessibilityPermission::settingsURL); }));
+        model_.phase.get(), [this] { permission_.openSettings(platform_.workspace); }));
 }
 
 void AccessibilityOnboardingController::showGranted() {

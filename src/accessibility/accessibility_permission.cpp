@@ -27,6 +27,12 @@ void AccessibilityPermission::refresh() {
     isTrusted_.set(isNowTrusted);
 }
 
+void AccessibilityPermission::openSettings(Workspace& workspace) {
+    if (!std::exchange(hasRequestedTrust_, true) && !accessibility_.isTrusted())
+        accessibility_.requestTrust();
+    workspace.openUrl(settingsURL);
+}
+
 void AccessibilityPermission::startMonitoring() {
     if (pollTimer_ != TimerIdentifier::None) return;
     pollTimer_ = scheduler_.callEvery(pollInterval, [this] { refresh(); });

@@ -5,6 +5,7 @@
 #include "concurrency/signal.h"
 #include "platform/accessibility.h"
 #include "platform/application.h"
+#include "platform/workspace.h"
 
 #include <functional>
 #include <string_view>
@@ -38,6 +39,10 @@ class AccessibilityPermission {
     /// Asks the system again and publishes a change.
     void refresh();
 
+    /// Shows the user the switch. The first time in a life of the process it also asks macOS for the switch,
+    /// which isn't there before, and which macOS announces in a dialog.
+    void openSettings(Workspace& workspace);
+
   private:
     void startMonitoring();
     void stopMonitoring();
@@ -51,6 +56,7 @@ class AccessibilityPermission {
     TimerIdentifier pollTimer_ = TimerIdentifier::None;
     std::vector<Subscription> observers_;
     Job<> pendingRecheck_;
+    bool hasRequestedTrust_ = false;
 };
 
 } // namespace tavrin

@@ -7,7 +7,21 @@
 
 namespace tavrin {
 
-AppDelegate::AppDelegate(const Platform& platform) : platform_(platform), updates_(platform.updater) {}
+namespace {
+
+Platform with(Application& application, const Platform& other) {
+    return {other.scheduler,    application,        other.accessibility, other.defaults,
+            other.events,       other.hotKeys,      other.keyboard,      other.loginItem,
+            other.presentation, other.randomness,   other.screens,       other.statusItems,
+            other.text,         other.windowServer, other.workspace,     other.updater};
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(const Platform& platform)
+    : foreground_(platform.scheduler, platform.application, platform.workspace)
+    , platform_(with(foreground_, platform))
+    , updates_(platform.updater) {}
 
 AppDelegate::~AppDelegate() = default;
 

@@ -5,6 +5,7 @@
 #include "app/settings_window.h"
 #include "concurrency/job.h"
 #include "core/menu_bar_manager.h"
+#include "foreground/foreground_application.h"
 #include "platform/application.h"
 #include "platform/platform.h"
 #include "updates/app_updates.h"
@@ -36,6 +37,7 @@ class AppDelegate final : public ApplicationDelegate {
     void showSettings();
     Task<> terminate();
 
+    ForegroundApplication foreground_;
     const Platform platform_;
     AppUpdates updates_;
     std::unique_ptr<AccessibilityPermission> permission_;

@@ -69,8 +69,7 @@ View SettingsWindowController::content() {
          .isTrusted = permission_.isTrusted(),
          .version = platform_.application.displayVersion(),
          .actions = {.toggleAutomaticUpdates = [this] { updates_.setAutomatic(!updates_.isAutomatic()); },
-                     .openAccessibilitySettings =
-                         [this] { platform_.workspace.openUrl(AccessibilityPermission::settingsURL); },
+                     .openAccessibilitySettings = [this] { permission_.openSettings(platform_.workspace); },
                      .close =
                          [this] {
                              if (window_) window_->close();

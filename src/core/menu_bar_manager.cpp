@@ -64,9 +64,7 @@ Subscription MenuBarManager::observeScreens() {
     });
 }
 
-void MenuBarManager::openAccessibilitySettings() {
-    platform_.workspace.openUrl(AccessibilityPermission::settingsURL);
-}
+void MenuBarManager::openAccessibilitySettings() { permission_.openSettings(platform_.workspace); }
 
 Task<> MenuBarManager::prepareForTermination() {
     startUp_.cancel();

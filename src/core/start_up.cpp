@@ -50,6 +50,7 @@ Task<> StartUp::refreshLater() {
 
 Task<> StartUp::perform() {
     if (co_await sleepFor(startUpWait) == Wake::CutShort) co_return;
+    co_await core_.statusItems.waitForPlacement();
     co_await core_.mechanism->ensureLayout();
     co_await core_.inventory.refreshItemsNow();
     if (co_await isCancelled()) co_return;

@@ -1,5 +1,6 @@
 #include "hiding/own_status_items.h"
 
+#include "concurrency/wait_until.h"
 #include "discovery/menu_bar_screen_geometry.h"
 #include "hiding/status_item_geometry_policy.h"
 
@@ -14,6 +15,12 @@ namespace {
 
 /// Small enough that no other item fits between the control and the spacer.
 constexpr double spacerOffset = 0.01;
+
+/// A frame without height stands for an item that macOS hasn't placed yet.
+std::optional<Rect> placedFrame(const StatusItem* item) {
+    const auto frame = item ? item->frame() : std::nullopt;
+    return frame && frame->height > 0 ? frame : std::nullopt;
+}
 
 } // namespace
 
@@ -106,13 +113,14 @@ void OwnStatusItems::decorate() {
     if (controlItem_) controlItem_->setDecorations(isPillShown_, glow_);
 }
 
-std::optional<Rect> OwnStatusItems::controlFrame() const {
-    return controlItem_ ? controlItem_->frame() : std::nullopt;
+Task<> OwnStatusItems::waitForPlacement() const {
+    const auto isPlaced = [this] { return controlFrame() && (!spacerItem_ || spacerFrame()); };
+    (void)co_await waitUntil(platform_.scheduler, isPlaced, placementPollInterval, placementWaitMax);
 }
 
-std::optional<Rect> OwnStatusItems::spacerFrame() const {
-    return spacerItem_ ? spacerItem_->frame() : std::nullopt;
-}
+std::optional<Rect> OwnStatusItems::controlFrame() const { return placedFrame(controlItem_.get()); }
+
+std::optional<Rect> OwnStatusItems::spacerFrame() const { return placedFrame(spacerItem_.get()); }
 
 std::optional<Rect> OwnStatusItems::validControlGlyphFrame() const {
     const auto glyph = controlGlyphFrame();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/task.h"
 #include "hiding/menu_bar_runtime_mode.h"
 #include "platform/platform.h"
 #include "platform/status_items.h"
@@ -46,6 +47,11 @@ class OwnStatusItems {
     void setPillShown(bool shown);
     void setGlow(double glow);
 
+    /// Waits until macOS has placed the items, for 6 s at most: who starts over too early loses the place
+    /// that the user chose.
+    Task<> waitForPlacement() const;
+
+    /// None until macOS has placed the item.
     std::optional<Rect> controlFrame() const;
     std::optional<Rect> spacerFrame() const;
 
@@ -62,6 +68,9 @@ class OwnStatusItems {
     double boundaryX() const;
 
   private:
+    static constexpr Seconds placementWaitMax{6}; // macOS 26 was seen to need about one
+    static constexpr Seconds placementPollInterval{0.1};
+
     void adoptLegacySeparator();
     void forgetHidingFlags();
     void removePositions(const std::string& autosaveName);

@@ -60,6 +60,7 @@ Task<bool> StatusItemGeometryKeeper::rebuild(OwnStatusItems::PositionSeed contro
 }
 
 Task<bool> StatusItemGeometryKeeper::waitForStableStatusItemGeometry() {
+    co_await items_.waitForPlacement();
     using Frames = std::pair<std::optional<Rect>, std::optional<Rect>>;
     const auto isStable = [this, last = std::optional<Frames>()]() mutable {
         const auto present = std::optional(Frames(items_.controlFrame(), items_.spacerFrame()));
@@ -72,6 +73,7 @@ Task<bool> StatusItemGeometryKeeper::waitForStableStatusItemGeometry() {
 Task<bool> StatusItemGeometryKeeper::reseatSpacer() {
     items_.configureSpacerItem();
     if (co_await sleepFor(rebuildWait) == Wake::CutShort) co_return false;
+    co_await items_.waitForPlacement();
     co_return holds();
 }
 

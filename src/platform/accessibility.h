@@ -73,6 +73,11 @@ class Accessibility {
     /// Whether the user lets this process use Accessibility. Cheap, and may lag behind the user's change.
     virtual bool isTrusted() const = 0;
 
+    /// Asks the user to let this process use Accessibility: macOS puts the process on the list of
+    /// applications in System Settings, switched off, and shows a dialog of its own. Only after this call is
+    /// there a switch.
+    virtual void requestTrust() = 0;
+
     /// Fires when the list of trusted applications changes for any application; the trust value may still be
     /// the old one. On macOS this is the distributed notification "com.apple.accessibility.api".
     virtual Subscription onTrustListChanged(std::function<void()> handler) = 0;

@@ -35,9 +35,20 @@ class Application {
     virtual std::string displayVersion() const = 0;
 
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
-    /// Asks to become the active application, in the way that suits the version of macOS.
+    /// Asks to become the active application, in the way that suits the version of macOS. Since macOS 14 that
+    /// is a request, which may be declined without a word, or granted later.
     virtual void activate() = 0;
+    /// Becomes the active application whatever the others do; it takes a moment.
+    virtual void activateIgnoringOthers() = 0;
+    virtual bool isActive() const = 0;
     virtual Subscription onDidBecomeActive(std::function<void()> handler) = 0;
+
+    /// Whether a window of this process is key, or a menu of it is open. Without either, the keys that the
+    /// user presses while this process is active reach nobody.
+    virtual bool takesKeys() const = 0;
+    /// Fires when a window of this process has ceased to be key, and when a menu has closed.
+    virtual Subscription onKeysReleased(std::function<void()> handler) = 0;
+
     virtual void showAboutPanel() = 0;
 
     /// Begins to quit: the delegate is asked, and may put the end off.

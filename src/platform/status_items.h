@@ -54,6 +54,8 @@ class StatusItem {
     virtual void setAction(std::function<void(StatusItemPress)> action) = 0;
 
     /// The button on the screen; none while the item has no window. The width is 0 for an item of length 0.
+    /// The height is 0 until macOS has placed the item, for up to about a second after its creation since
+    /// macOS 26.
     virtual std::optional<Rect> frame() const = 0;
 
     /// Whether any part of the item is drawn. macOS takes this away for moments while it arranges the menu

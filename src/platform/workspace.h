@@ -54,6 +54,10 @@ class Workspace {
     virtual std::optional<std::vector<std::byte>>
     iconPngOfBundle(std::string_view bundleIdentifier) const = 0;
 
+    /// The application whose menus are in the menu bar; none while none has any. An application without an
+    /// icon in the Dock, as Tavrin is, leaves the menus of the one before in place when it becomes active.
+    virtual std::optional<ProcessIdentifier> menuBarOwner() const = 0;
+
     /// Asks the system to make the application the active one, which takes a moment; false when it has ended.
     virtual bool activate(ProcessIdentifier process) = 0;
 

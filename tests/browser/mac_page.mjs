@@ -137,9 +137,15 @@ export class MacPage {
         await this.page.mouse.up();
     }
 
-    async grantAccess() {
+    // Leaves System Settings open, with the switch for Tavrin in sight.
+    async askForAccess() {
         await this.button("Open System Settings").click();
-        await this.room.getByRole("checkbox", { name: "Tavrin" }).click();
+        await this.button("Deny").click(); // of the dialog that macOS shows
+        return this.room.getByRole("checkbox", { name: "Tavrin" });
+    }
+
+    async grantAccess() {
+        await (await this.askForAccess()).click();
         await this.control.waitFor();
     }
 

@@ -7,8 +7,7 @@ export const scenarios = {
     async "onboarding: granting access brings the control and hides the items"({ mac }) {
         await mac.window("Welcome to Tavrin").getByRole("heading", { name: "Allow Tavrin to tidy your menu bar" }).waitFor();
         assert.equal(await mac.control.count(), 0);
-        await mac.button("Open System Settings").click();
-        const box = mac.room.getByRole("checkbox", { name: "Tavrin" });
+        const box = await mac.askForAccess();
         assert.equal(await box.isChecked(), false);
         await box.click();
         await until("the box is ticked", () => box.isChecked());

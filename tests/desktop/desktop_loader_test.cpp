@@ -198,7 +198,8 @@ TEST(DesktopLoader, derivesTheMenuBarHeight) {
 TEST(DesktopLoader, keepsEveryValueOfTheContract) {
     const auto desktop = parseDesktopFile(R"({
         "macOS": {"major": 27, "minor": 3}, "screens": [{"frame": [0, 0, 800, 600], "scale": 1, "menuBarHeight": 40}],
-        "accessibilityTrusted": true, "visibilityService": "silent", "loginItem": "notFound", "bundles": {"/p": "b"},
+        "accessibilityTrusted": true, "listedInAccessibility": false, "visibilityService": "silent",
+        "loginItem": "notFound", "bundles": {"/p": "b"},
         "applications": [{"bundleIdentifier": "org.example.a", "name": "A", "processIdentifier": 7,
             "policy": "background", "accessibility": "none", "latency": 0.5, "responding": false,
             "extras": "empty", "icon": "i",
@@ -259,17 +260,19 @@ TEST(DesktopLoader, keepsEveryValueOfTheContract) {
 }
 
 TEST(Uncertainties, eachSettingIsItsOwnAndStartsAtItsFirstValue) {
+    const std::string doc = contentsOf(TAVRIN_SOURCE_DIR "/docs/desktop-files.md");
     for (const UncertaintySetting& setting : uncertaintySettings) {
         EXPECT_EQ(setting.valueIn(Uncertainties{}), setting.values[0]);
-        const json chosen{{std::string(setting.name), std::string(setting.values[1])}};
-        const auto model = parseUncertainties(chosen, "/model", {});
-        ASSERT_TRUE(model) << model.error();
-        for (const UncertaintySetting& other : uncertaintySettings)
-            EXPECT_EQ(other.chosen(*model), other.name == setting.name ? 1U : 0U) << setting.name;
-        const std::string doc = contentsOf(TAVRIN_SOURCE_DIR "/docs/desktop-files.md");
-        EXPECT_NE(doc.find("| `" + std::string(setting.name) + "` | `" + std::string(setting.values[0]) +
-                           "`, `" + std::string(setting.values[1]) + "` |"),
-                  doc.npos)
+        std::string documented;
+        for (std::size_t value = 0; value < setting.values.size(); ++value) {
+            const json chosen{{std::string(setting.name), std::string(setting.values[value])}};
+            const auto model = parseUncertainties(chosen, "/model", {});
+            ASSERT_TRUE(model) << model.error();
+            for (const UncertaintySetting& other : uncertaintySettings)
+                EXPECT_EQ(other.chosen(*model), other.name == setting.name ? value : 0U) << setting.name;
+            documented += (value == 0 ? "`" : ", `") + std::string(setting.values[value]) + "`";
+        }
+        EXPECT_NE(doc.find("| `" + std::string(setting.name) + "` | " + documented + " |"), doc.npos)
             << setting.name << " is not documented";
     }
 }

@@ -23,7 +23,7 @@ class DragAndDrop : public ::testing::Test {
         probe.window = probe.platform->presentation.makeWindow("Lists", probe.logs("closed"));
         render();
         probe.window->makeKeyAndOrderFront();
-        probe.platform->application.activate();
+        probe.platform->application.activateIgnoringOthers();
         mac.settle();
     }
 

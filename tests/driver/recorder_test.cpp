@@ -21,7 +21,7 @@ class Recorder : public ::testing::Test {
             return std::make_unique<ProbeDelegate>(probe, platform);
         }}) {
         mac.settle();
-        probe.platform->application.activate();
+        probe.platform->application.activateIgnoringOthers();
         probe.window = probe.platform->presentation.makeWindow("Probe", probe.logs("closed"));
         show({"First", "Second"});
         probe.window->makeKeyAndOrderFront();
@@ -160,7 +160,7 @@ TEST_F(Recorder, endsWhenSomethingElseGetsTheKeyboard) {
     };
     for (const auto& [what, end] : ends) {
         show({"First", "Second"});
-        probe.platform->application.activate();
+        probe.platform->application.activateIgnoringOthers();
         probe.window->makeKeyAndOrderFront();
         mac.settle();
         mac.press("First");

@@ -33,12 +33,12 @@ class Surfaces : public ::testing::Test {
         auto done = tavrin::button("Done", probe.logs("done"), {.isDefault = true});
         probe.window->setContent(tavrin::column({tavrin::text("Words"), std::move(done)}, {.padding = 20}));
         probe.window->makeKeyAndOrderFront();
-        probe.platform->application.activate();
+        probe.platform->application.activateIgnoringOthers();
         mac.settle();
     }
 
     void showAlert(std::optional<tavrin::IconOfApplication> icon = std::nullopt) {
-        probe.platform->application.activate();
+        probe.platform->application.activateIgnoringOthers();
         probe.alert = probe.platform->presentation.showAlert(
             {.messageText = "Really?", .informativeText = "Why.", .buttons = {"Yes", "Cancel"}, .icon = icon},
             [this](std::size_t button) {
@@ -93,8 +93,12 @@ TEST_F(Surfaces, popoverClosesBeforeThePressOutsideActs) {
 TEST_F(Surfaces, popoverStaysOnTheScreenAndWithItsItem) {
     showPopover(PopoverBehavior::Transient);
     const auto before = mac.surfacesOf(tavrinBundle).at(0);
-    probe.popover->setContent(tavrin::row({tavrin::text("x")}, {.width = 4000}));
-    EXPECT_GE(mac.surfacesOf(tavrinBundle).at(0)["frame"][0].get<double>(), 0);
+    probe.popover->setContent(tavrin::row({tavrin::text("x")}, {.width = 1000}));
+    const auto wide = mac.surfacesOf(tavrinBundle).at(0)["frame"];
+    EXPECT_LT(wide[0], before["frame"][0]);
+    EXPECT_LE(wide[0].get<double>() + wide[2].get<double>(),
+              mac.look()["screens"][0]["frame"][2].get<double>());
+    EXPECT_GE(wide[0], 0);
     probe.popover->setContent(tavrin::text("Hello"));
     mac.set("quit", "com.sample.weather"); // an item on the right goes away, and the run moves over
     mac.settle();
@@ -307,6 +311,11 @@ TEST_F(Surfaces, systemSettingsGrantAndRevoke) {
         workspace.openUrl("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"));
     mac.settle();
     EXPECT_EQ(mac.look()["frontmost"], "com.apple.systempreferences");
+    EXPECT_FALSE(mac.shows("Tavrin")) << "it hasn't asked yet";
+    probe.platform->accessibility.requestTrust();
+    mac.settle();
+    EXPECT_TRUE(mac.shows("“Tavrin” would like to control this computer using accessibility features."));
+    mac.press("Deny");
     for (const bool expected : {true, false, true}) {
         mac.press("Tavrin");
         mac.settle();

@@ -20,7 +20,8 @@ std::vector<Model> allModels() {
     for (const auto& desktop : shippedDesktops) {
         models.push_back({desktop, "", ""});
         for (const auto& setting : uncertaintySettings) {
-            models.push_back({desktop, std::string(setting.name), std::string(setting.values[1])});
+            for (const auto value : setting.values.subspan(1))
+                models.push_back({desktop, std::string(setting.name), std::string(value)});
         }
     }
     return models;
@@ -65,12 +66,14 @@ TEST_P(HidingOnEveryMac, hidesRevealsAndLeavesNothingBehind) {
     EXPECT_EQ(othersItems(mac), before);
     EXPECT_EQ(mac.mac().program().leftovers(), std::vector<std::string>{});
     mac.start();
-    mac.wait(4);
+    mac.wait(8);
     EXPECT_TRUE(isCollapsed(mac)) << "the choice survives a restart";
 }
 
 INSTANTIATE_TEST_SUITE_P(Models, HidingOnEveryMac, testing::ValuesIn(allModels()), [](const auto& info) {
-    auto name = info.param.desktop + "_" + (info.param.setting.empty() ? "defaults" : info.param.setting);
+    const auto& model = info.param;
+    auto name =
+        model.desktop + "_" + (model.setting.empty() ? "defaults" : model.setting + "_" + model.value);
     std::ranges::replace(name, '-', '_');
     return name;
 });

@@ -2,6 +2,7 @@
 #include "platform/accessibility.h"
 #include "platform/platform.h"
 #include "scenarios/pin_acts.h"
+#include "seam/passed_on.h"
 
 #include <expected>
 #include <functional>
@@ -128,48 +129,17 @@ TEST(Pins, runHoweverTheMenuOpens) {
 }
 
 /// Accessibility whose first action is a fault of the program.
-class ThrowingOnce final : public tavrin::Accessibility {
+class ThrowingOnce final : public tavrin::PassedOnAccessibility {
   public:
-    explicit ThrowingOnce(tavrin::Accessibility& real) : real_(real) {}
-
-    bool isTrusted() const override { return real_.isTrusted(); }
-
-    tavrin::Subscription onTrustListChanged(std::function<void()> handler) override {
-        return real_.onTrustListChanged(std::move(handler));
-    }
-
-    tavrin::AccessibilityElement application(tavrin::ProcessIdentifier process) override {
-        return real_.application(process);
-    }
-
-    void setMessagingTimeout(const tavrin::AccessibilityElement& element, tavrin::Seconds timeout) override {
-        real_.setMessagingTimeout(element, timeout);
-    }
-
-    tavrin::AttributeResult attribute(const tavrin::AccessibilityElement& element,
-                                      std::string_view name) override {
-        return real_.attribute(element, name);
-    }
-
-    std::expected<std::vector<tavrin::AttributeResult>, tavrin::AccessibilityError>
-    attributes(const tavrin::AccessibilityElement& element,
-               std::span<const std::string_view> names) override {
-        return real_.attributes(element, names);
-    }
-
-    std::expected<std::vector<std::string>, tavrin::AccessibilityError>
-    actionNames(const tavrin::AccessibilityElement& element) override {
-        return real_.actionNames(element);
-    }
+    using PassedOnAccessibility::PassedOnAccessibility;
 
     std::expected<void, tavrin::AccessibilityError> perform(const tavrin::AccessibilityElement& element,
                                                             std::string_view action) override {
         if (!std::exchange(hasThrown_, true)) throw std::runtime_error("a fault");
-        return real_.perform(element, action);
+        return PassedOnAccessibility::perform(element, action);
     }
 
   private:
-    tavrin::Accessibility& real_;
     bool hasThrown_ = false;
 };
 

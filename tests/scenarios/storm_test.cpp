@@ -42,7 +42,7 @@ class Storm {
         chosen.desktop = pick<std::string>({"notched-laptop", "classic-display", "two-displays"});
         chosen.seed = seed;
         for (const auto& setting : uncertaintySettings)
-            chosen.model[std::string(setting.name)] = setting.values[number(2)];
+            chosen.model[std::string(setting.name)] = setting.values[number(setting.values.size())];
         return chosen;
     }
 

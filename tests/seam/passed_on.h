@@ -48,6 +48,8 @@ class PassedOnAccessibility : public Accessibility {
 
     bool isTrusted() const override { return truth.isTrusted(); }
 
+    void requestTrust() override { truth.requestTrust(); }
+
     Subscription onTrustListChanged(std::function<void()> handler) override {
         return truth.onTrustListChanged(std::move(handler));
     }
@@ -109,6 +111,8 @@ class PassedOnWorkspace : public Workspace {
     std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundle) const override {
         return truth.iconPngOfBundle(bundle);
     }
+
+    std::optional<ProcessIdentifier> menuBarOwner() const override { return truth.menuBarOwner(); }
 
     bool activate(ProcessIdentifier process) override { return truth.activate(process); }
 

@@ -125,8 +125,13 @@ TEST_F(ProgramHostTest, activationAndProcessListReachTheProgramWhenItsLoopTurns)
     auto& workspace = platform().workspace;
     const auto list =
         workspace.onApplicationsChanged([&] { counts.push_back(workspace.runningApplications().size()); });
-    platform().application.activate();
+    auto& application = platform().application;
+    application.activate();
     settle();
+    EXPECT_FALSE(application.isActive()) << "a request may be declined";
+    application.activateIgnoringOthers();
+    settle();
+    EXPECT_TRUE(application.isActive());
     EXPECT_EQ(activations, 1);
     auto regular = applicationSpec("org.example.front", 0);
     regular.policy = Policy::Regular;

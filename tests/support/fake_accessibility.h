@@ -24,6 +24,8 @@ class FakeAccessibility final : public Accessibility {
 
     bool isTrusted() const override { return trusted; }
 
+    void requestTrust() override {}
+
     Subscription onTrustListChanged(std::function<void()>) override { return {}; }
 
     AccessibilityElement application(ProcessIdentifier process) override { return element(process); }

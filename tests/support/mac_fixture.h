@@ -107,6 +107,7 @@ inline DesktopFile plainDesktop() {
     DesktopFile desktop;
     desktop.screens = {screenSpec({0, 0, 1512, 982})};
     desktop.accessibilityTrusted = true;
+    desktop.model.placement = Placement::Prompt;
     return desktop;
 }
 

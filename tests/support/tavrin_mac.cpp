@@ -18,6 +18,8 @@ json patchedDesktop(const TavrinMacOptions& options) {
     auto desktop =
         json::parse(options.desktopJson.empty() ? shippedDesktop(options.desktop) : options.desktopJson);
     desktop.merge_patch(options.changes);
+    // Places come at once unless a test asks for the delay, which would only make the others longer.
+    desktop["model"]["placement"] = "prompt";
     for (const auto& [name, value] : options.model) desktop["model"][name] = value;
     return desktop;
 }

@@ -3,7 +3,20 @@
 
 namespace mac_model {
 
+namespace {
+constexpr Seconds promptTime{0.2};
+} // namespace
+
 bool ProgramAccessibility::isTrusted() const { return side_.mac.permission.isTrustedAsTold(); }
+
+void ProgramAccessibility::requestTrust() {
+    if (!side_.isOpen() || isTrusted()) return;
+    side_.mac.permission.list();
+    // A process of the system shows the dialog, over what the program may have opened meanwhile.
+    side_.mac.scheduler.callInWorldAfter(promptTime, [side = side_] {
+        if (side.isOpen()) side.mac.accessPrompt.show();
+    });
+}
 
 Subscription ProgramAccessibility::onTrustListChanged(std::function<void()> handler) {
     return side_.connection->relay(side_.mac.permission.onNotice, std::move(handler));

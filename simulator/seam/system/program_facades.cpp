@@ -7,6 +7,9 @@ namespace mac_model {
 
 namespace {
 
+constexpr Seconds lateActivationTime{0.5};
+constexpr int majorVersionOfRequests = 14; // the first on which being active is only asked for
+
 Policy policyOf(ActivationPolicy policy) {
     switch (policy) {
     case ActivationPolicy::Regular:
@@ -34,9 +37,36 @@ void ProgramApplication::setActivationPolicy(ActivationPolicy policy) {
 }
 
 void ProgramApplication::activate() {
-    side_.mac.scheduler.callInWorldAfter(side_.mac.behaviour.faults.activationTime, [side = side_] {
+    const bool isRequest = side_.mac.behaviour.version.major >= majorVersionOfRequests;
+    const auto answer = isRequest ? side_.mac.behaviour.uncertainties.activation : Activation::Granted;
+    if (answer == Activation::Declined) return;
+    becomeActiveAfter(answer == Activation::Late ? lateActivationTime
+                                                 : side_.mac.behaviour.faults.activationTime);
+}
+
+void ProgramApplication::activateIgnoringOthers() {
+    becomeActiveAfter(side_.mac.behaviour.faults.activationTime);
+}
+
+void ProgramApplication::becomeActiveAfter(Seconds delay) {
+    side_.mac.scheduler.callInWorldAfter(delay, [side = side_] {
         if (side.isOpen()) side.mac.processes.activate(side.connection->process());
     });
+}
+
+bool ProgramApplication::isActive() const {
+    const auto* front = side_.mac.processes.frontmost();
+    return side_.isOpen() && front && front->identifier == side_.connection->process();
+}
+
+bool ProgramApplication::takesKeys() const {
+    const auto process = side_.connection->process();
+    const auto* key = side_.mac.surfaces.key();
+    return (key && key->owner == process) || side_.mac.menus.owner() == process;
+}
+
+Subscription ProgramApplication::onKeysReleased(std::function<void()> handler) {
+    return side_.connection->relay(host_.onKeysReleased, std::move(handler));
 }
 
 Subscription ProgramApplication::onDidBecomeActive(std::function<void()> handler) {

@@ -35,12 +35,18 @@ class ProgramApplication final : public tavrin::Application {
     std::string displayVersion() const override;
     void setActivationPolicy(ActivationPolicy) override;
     void activate() override;
+    void activateIgnoringOthers() override;
+    bool isActive() const override;
     Subscription onDidBecomeActive(std::function<void()> handler) override;
+    bool takesKeys() const override;
+    Subscription onKeysReleased(std::function<void()> handler) override;
     void showAboutPanel() override;
     void terminate() override;
     void replyToShouldTerminate(bool terminates) override;
 
   private:
+    void becomeActiveAfter(Seconds);
+
     ProgramSide side_;
     ProgramHost& host_;
 };
@@ -50,6 +56,7 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     explicit ProgramAccessibility(ProgramSide side) : side_(std::move(side)) {}
 
     bool isTrusted() const override;
+    void requestTrust() override;
     Subscription onTrustListChanged(std::function<void()> handler) override;
     AccessibilityElement application(ProcessIdentifier) override;
     void setMessagingTimeout(const AccessibilityElement&, Seconds) override;

@@ -23,6 +23,9 @@ bool hasWindow(const SurfaceStack& surfaces, ProcessIdentifier process) {
 
 ProgramHost::ProgramHost(const MacServices& mac) : mac_(mac), world_(mac.scheduler) {
     subscriptions_.push_back(mac_.processes.onFrontChanged.subscribe([this] { noticeActivation(); }));
+    const auto release = [this] { onKeysReleased.emit(); };
+    subscriptions_.push_back(mac_.surfaces.onKeyChanged.subscribe(release));
+    subscriptions_.push_back(mac_.menus.onChanged.subscribe(release));
     subscriptions_.push_back(mac_.processes.onToldToQuit.subscribe([this](ProcessIdentifier process) {
         if (life_ && life_->connection->process() == process) terminate();
     }));

@@ -51,7 +51,8 @@ class ProgramHost {
     std::vector<std::string> leftovers() const;
 
     Signal<> onStarted;
-    Signal<> onActivated; // the program has become the active application
+    Signal<> onActivated;    // the program has become the active application
+    Signal<> onKeysReleased; // another surface is key, or a menu has opened or closed
 
   private:
     struct Life;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "accessibility/server.h"
+#include "applications/access_prompt.h"
 #include "applications/program_panels.h"
 #include "applications/system_settings.h"
 #include "input/hot_key_center.h"
@@ -44,6 +45,7 @@ struct MacServices {
     SurfaceStack& surfaces;
     MenuTracking& menus;
     SystemSettings& settings;
+    AccessPrompt& accessPrompt;
     ProgramPanels& panels;
     AccessibilityServer& accessibility;
     SyntheticInput& input;

@@ -2,7 +2,28 @@
 
 namespace mac_model {
 
-ProgramStatusItem::ProgramStatusItem(ProgramSide side, double length) : side_(std::move(side)) {
+namespace {
+
+constexpr int majorVersionOfLatePlaces = 26;
+
+Seconds placementTime(const Behaviour& behaviour) {
+    if (behaviour.version.major < majorVersionOfLatePlaces) return Seconds{0};
+    switch (behaviour.uncertainties.placement) {
+    case Placement::Slow:
+        return Seconds{1.2};
+    case Placement::Prompt:
+        return Seconds{0};
+    case Placement::VerySlow:
+        return Seconds{4};
+    }
+    return Seconds{0};
+}
+
+} // namespace
+
+ProgramStatusItem::ProgramStatusItem(ProgramSide side, double length)
+    : side_(std::move(side))
+    , createdAt_(side_.mac.scheduler.now()) {
     if (side_.isOpen()) identifier_ = side_.mac.statusItems.add(side_.connection, side_.domain(), length);
 }
 
@@ -64,8 +85,17 @@ void ProgramStatusItem::setAction(std::function<void(StatusItemPress)> action) {
     side_.mac.statusItems.setAction(identifier_, std::move(action));
 }
 
-std::optional<Rect> ProgramStatusItem::frame() const { return record() ? record()->frame : std::nullopt; }
+bool ProgramStatusItem::isPlaced() const {
+    return side_.mac.scheduler.now() >= createdAt_ + placementTime(side_.mac.behaviour);
+}
 
-bool ProgramStatusItem::isDrawn() const { return side_.mac.arrangement.isDrawnForOwner(identifier_); }
+std::optional<Rect> ProgramStatusItem::frame() const {
+    if (!record() || isPlaced()) return record() ? record()->frame : std::nullopt;
+    return Rect{0, 0, record()->frame.value_or(Rect{}).width, 0};
+}
+
+bool ProgramStatusItem::isDrawn() const {
+    return isPlaced() && side_.mac.arrangement.isDrawnForOwner(identifier_);
+}
 
 } // namespace mac_model

@@ -37,11 +37,13 @@ class ProgramStatusItem final : public StatusItem {
 
   private:
     const StatusItemRecord* record() const;
+    bool isPlaced() const;
     template <class Change>
     void changeAppearance(const Change& change);
 
     ProgramSide side_;
     StatusItemIdentifier identifier_ = StatusItemIdentifier::None;
+    Seconds createdAt_;
 };
 
 } // namespace mac_model

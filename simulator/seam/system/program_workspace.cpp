@@ -58,6 +58,11 @@ ProgramWorkspace::iconPngOfBundle(std::string_view bundleIdentifier) const {
     return name ? std::optional(applicationIconPng(bundleIdentifier, *name)) : std::nullopt;
 }
 
+std::optional<ProcessIdentifier> ProgramWorkspace::menuBarOwner() const {
+    const auto* owner = side_.mac.processes.menuBarOwner();
+    return owner ? std::optional(owner->identifier) : std::nullopt;
+}
+
 bool ProgramWorkspace::activate(ProcessIdentifier process) {
     if (!side_.isOpen() || !side_.mac.processes.find(process)) return false;
     side_.mac.scheduler.callInWorldAfter(side_.mac.behaviour.faults.activationTime, [side = side_, process] {

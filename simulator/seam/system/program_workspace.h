@@ -27,6 +27,7 @@ class ProgramWorkspace final : public tavrin::Workspace {
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
     std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier) const override;
     std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
+    std::optional<ProcessIdentifier> menuBarOwner() const override;
     bool activate(ProcessIdentifier) override;
     bool openUrl(std::string_view url) override;
 

@@ -146,7 +146,7 @@ void PinnedActionsController::report(const PinnedAction& pin, const PinnedRunFai
           .actionTitle = isDenied ? "Open Settings" : "Edit Pin",
           .action = [this, isDenied, id = pin.id] {
               if (isDenied)
-                  platform_.workspace.openUrl(AccessibilityPermission::settingsURL);
+                  permission_.openSettings(platform_.workspace);
               else
                   hooks_.editPin(id);
           }});

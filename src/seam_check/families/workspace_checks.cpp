@@ -116,6 +116,15 @@ Verdict iconsAreDrawn(const Platform& platform) {
     return findings.verdict("This process and the Finder have icons.");
 }
 
+Verdict menusHaveAnOwner(const Platform& platform) {
+    const auto owner = platform.workspace.menuBarOwner();
+    if (!owner) return failed("No application has its menus in the menu bar.");
+    const auto running = platform.workspace.runningApplications();
+    const auto found = std::ranges::find(running, *owner, &RunningApplication::processIdentifier);
+    if (found == running.end()) return failed("Its owner doesn't run.");
+    return passed("The menus are those of " + found->localizedName + ".");
+}
+
 } // namespace
 
 std::vector<Check> workspaceChecks() {
@@ -129,6 +138,7 @@ std::vector<Check> workspaceChecks() {
         reads(family, "Applications that stay keep their order in the list.", listKeepsItsOrder),
         reads(family, "A path leads to its bundle's identifier, and to none without a bundle, on any thread.",
               bundlesAreFound),
+        reads(family, "The menus in the menu bar belong to a running application.", menusHaveAnOwner),
         reads(family, "Icons are pictures of 32 × 32 pixels, and who isn't there has none.", iconsAreDrawn),
     };
 }

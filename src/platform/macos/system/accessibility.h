@@ -9,6 +9,7 @@ class MacAccessibility final : public Accessibility {
     explicit MacAccessibility(Scheduler& scheduler) : scheduler_(scheduler) {}
 
     bool isTrusted() const override;
+    void requestTrust() override;
     Subscription onTrustListChanged(std::function<void()> handler) override;
     AccessibilityElement application(ProcessIdentifier process) override;
     void setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) override;

@@ -12,6 +12,12 @@ bool MacAccessibility::isTrusted() const {
     return AXIsProcessTrusted();
 }
 
+void MacAccessibility::requestTrust() {
+    assertMainThread();
+    NSDictionary* options = @{(__bridge NSString*)kAXTrustedCheckOptionPrompt : @YES};
+    (void)AXIsProcessTrustedWithOptions((__bridge CFDictionaryRef)options);
+}
+
 Subscription MacAccessibility::onTrustListChanged(std::function<void()> handler) {
     return observeDistributed(scheduler_, @"com.apple.accessibility.api", std::move(handler));
 }

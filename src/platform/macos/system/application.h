@@ -14,7 +14,11 @@ class MacApplication final : public Application {
     std::string displayVersion() const override;
     void setActivationPolicy(ActivationPolicy policy) override;
     void activate() override;
+    void activateIgnoringOthers() override;
+    bool isActive() const override;
     Subscription onDidBecomeActive(std::function<void()> handler) override;
+    bool takesKeys() const override;
+    Subscription onKeysReleased(std::function<void()> handler) override;
     void showAboutPanel() override;
     void terminate() override;
     void replyToShouldTerminate(bool terminates) override;

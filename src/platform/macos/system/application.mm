@@ -4,6 +4,8 @@
 #include "platform/macos/support/main_thread.h"
 #include "platform/macos/support/notices.h"
 
+#include <array>
+#include <memory>
 #include <unistd.h>
 #include <utility>
 
@@ -43,13 +45,40 @@ void MacApplication::activate() {
     if (@available(macOS 14.0, *)) {
         [NSApp activate];
     } else {
-        [NSApp activateIgnoringOtherApps:YES];
+        activateIgnoringOthers();
     }
+}
+
+/// Deprecated since macOS 14 and still obeyed, unlike the request that took its place.
+void MacApplication::activateIgnoringOthers() {
+    assertMainThread();
+    [NSApp activateIgnoringOtherApps:YES];
+}
+
+bool MacApplication::isActive() const {
+    assertMainThread();
+    return NSApp.active;
 }
 
 Subscription MacApplication::onDidBecomeActive(std::function<void()> handler) {
     return observe(scheduler_, NSNotificationCenter.defaultCenter, NSApplicationDidBecomeActiveNotification,
                    std::move(handler));
+}
+
+/// While a menu is open the main run loop is in the mode that is named for tracking events.
+bool MacApplication::takesKeys() const {
+    assertMainThread();
+    return NSApp.keyWindow || [NSRunLoop.mainRunLoop.currentMode isEqualToString:NSEventTrackingRunLoopMode];
+}
+
+Subscription MacApplication::onKeysReleased(std::function<void()> handler) {
+    auto* center = NSNotificationCenter.defaultCenter;
+    const auto both = std::make_shared<std::array<Subscription, 2>>();
+    both->front() = observe(scheduler_, center, NSWindowDidResignKeyNotification, handler);
+    both->back() = observe(scheduler_, center, NSMenuDidEndTrackingNotification, std::move(handler));
+    return Subscription([both] {
+        for (auto& one : *both) one.cancel();
+    });
 }
 
 void MacApplication::showAboutPanel() {

@@ -16,6 +16,7 @@ class MacWorkspace final : public Workspace {
     std::optional<std::string> bundleIdentifierAt(std::string_view path) const override;
     std::optional<std::vector<std::byte>> iconPngOfProcess(ProcessIdentifier process) const override;
     std::optional<std::vector<std::byte>> iconPngOfBundle(std::string_view bundleIdentifier) const override;
+    std::optional<ProcessIdentifier> menuBarOwner() const override;
     bool activate(ProcessIdentifier process) override;
     bool openUrl(std::string_view url) override;
 

@@ -64,10 +64,19 @@ std::optional<std::vector<std::byte>> MacWorkspace::iconPngOfBundle(std::string_
     return iconPng(url.path ? [workspace iconForFile:url.path] : nil);
 }
 
+std::optional<ProcessIdentifier> MacWorkspace::menuBarOwner() const {
+    assertMainThread();
+    NSRunningApplication* owner = NSWorkspace.sharedWorkspace.menuBarOwningApplication;
+    return owner ? std::optional(owner.processIdentifier) : std::nullopt;
+}
+
 bool MacWorkspace::activate(ProcessIdentifier process) {
     assertMainThread();
     NSRunningApplication* running = [NSRunningApplication runningApplicationWithProcessIdentifier:process];
-    return running && [running activateWithOptions:NSApplicationActivateAllWindows];
+    if (!running) return false;
+    // Since macOS 14 the active application has to agree that another takes its place.
+    if (@available(macOS 14.0, *)) [NSApp yieldActivationToApplication:running];
+    return [running activateWithOptions:NSApplicationActivateAllWindows];
 }
 
 bool MacWorkspace::openUrl(std::string_view url) {
