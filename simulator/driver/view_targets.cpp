@@ -20,21 +20,6 @@ namespace kinds = tavrin::kinds;
 constexpr double sightMin = 8;     // points of a target that are enough to aim at
 constexpr double edgeDistance = 4; // from the edge of a Scroll, where a drag makes it move
 
-/// Only the part inside all Scrolls above it shows.
-Rect shownPart(const LaidOutView& root, const ViewPath& path) {
-    Rect shown = viewAt(root, path)->frame;
-    const LaidOutView* view = &root;
-    for (const auto index : path) {
-        if (tavrin::is<kinds::Scroll>(view->view)) {
-            const double top = std::max(shown.minY(), view->frame.minY());
-            const double bottom = std::min(shown.maxY(), view->frame.maxY());
-            shown = {shown.x, top, shown.width, std::max(0.0, bottom - top)};
-        }
-        view = &view->children[index];
-    }
-    return shown;
-}
-
 const LaidOutView* scrollAround(const LaidOutView& root, const ViewPath& path) {
     const LaidOutView* scroll = nullptr;
     const LaidOutView* view = &root;
@@ -84,8 +69,7 @@ bool TargetFinder::isCovered(const Surface& surface, Rect frame) const {
 /// A view that is scrolled away can be scrolled into sight.
 bool TargetFinder::isReachable(const Surface& surface, const LaidOutView& laidOut,
                                const ViewPath& path) const {
-    const bool isInSight = shownPart(surface.content, path).contains(laidOut.frame.middle());
-    return !isInSight || !isCovered(surface, laidOut.frame);
+    return !isInSight(surface.content, path) || !isCovered(surface, laidOut.frame);
 }
 
 std::vector<Target> TargetFinder::views(const std::function<bool(const View&)>& matches) const {

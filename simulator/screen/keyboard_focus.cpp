@@ -31,12 +31,23 @@ bool focus(Surface& surface, const std::optional<ViewPath>& path) {
     return true;
 }
 
+bool isFocusInSight(const Surface& surface) {
+    const auto focused = surface.focus.standsAt();
+    return focused && isInSight(surface.content, *focused);
+}
+
 } // namespace
 
 void showAnew(Surface& surface, LaidOutView content) {
+    const bool isSeen = isFocusInSight(surface);
     carryScrolling(surface.content, content);
     surface.content = std::move(content);
-    surface.focus.settleIn(placesIn(surface.content));
+    const auto focused = surface.focus.settleIn(placesIn(surface.content));
+    if (isSeen && focused) reveal(surface.content, *focused);
+}
+
+void revealFocus(Surface& surface) {
+    if (const auto focused = surface.focus.standsAt()) reveal(surface.content, *focused);
 }
 
 bool moveFocus(Surface& surface, FocusStep step) {

@@ -7,8 +7,12 @@ namespace mac_model {
 
 // Moves the keyboard focus of a surface. Where it goes is decided by the program's own views/focus.h.
 
-/// Replaces the surface's content by one in the same places: scrolling and focus stay where they can.
+/// Replaces the surface's content: scrolling and focus stay where they can, and a focused view that is in
+/// sight stays in sight.
 void showAnew(Surface&, LaidOutView content);
+
+/// Scrolls until the focused view can be seen.
+void revealFocus(Surface&);
 
 /// As Tab does. False when nothing takes the focus.
 bool moveFocus(Surface&, FocusStep);

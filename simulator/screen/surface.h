@@ -5,7 +5,7 @@
 #include "desktop/desktop_file.h"
 #include "menu_bar/status_layout.h"
 #include "platform/accessibility.h"
-#include "views/focus.h"
+#include "views/kept_focus.h"
 #include "views/view_queries.h"
 #include "vocabulary/vocabulary.h"
 

@@ -9,11 +9,13 @@ namespace mac_model {
 
 namespace {
 
-bool performKeyAction(const Surface& surface, const ViewPath& focused, std::string_view key) {
+/// A key that acts on something scrolls it into sight, too.
+bool performKeyAction(Surface& surface, const ViewPath& focused, std::string_view key) {
     for (auto path = focused;; path.pop_back()) {
         const auto& actions = viewAt(surface.content, path)->view.keyActions;
         const auto found = std::ranges::find(actions, key, &KeyAction::key);
         if (found != actions.end() && found->perform && surface.deliver) {
+            revealFocus(surface);
             surface.deliver(found->perform);
             return true;
         }
@@ -21,9 +23,10 @@ bool performKeyAction(const Surface& surface, const ViewPath& focused, std::stri
     }
 }
 
-bool performFocused(const Surface& surface, const ViewPath& focused) {
+bool performFocused(Surface& surface, const ViewPath& focused) {
     const auto& view = *viewAt(surface.content, focused);
     if (!isControl(view.view)) return false;
+    revealFocus(surface);
     perform(surface, view);
     return true;
 }

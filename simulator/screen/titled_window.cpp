@@ -21,7 +21,7 @@ Size sizeFor(const View& content) {
 void placeTitledWindow(Surface& surface, const View& content, const std::vector<ScreenSpec>& screens) {
     surface.hasTitleBar = true;
     surface.frame = windowFrame(sizeFor(content), screenFor(screens, {}));
-    surface.content = laidOut(content, surface.contentFrame());
+    showAnew(surface, laidOut(content, surface.contentFrame()));
 }
 
 void replaceContent(Surface& surface, const View& content) {

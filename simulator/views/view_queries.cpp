@@ -1,5 +1,6 @@
 #include "views/view_queries.h"
 
+#include <algorithm>
 #include <ranges>
 #include <utility>
 #include <variant>
@@ -99,6 +100,24 @@ const LaidOutView* defaultButton(const LaidOutView& root) {
     for (const auto& child : root.children)
         if (const auto* found = defaultButton(child)) return found;
     return nullptr;
+}
+
+Rect shownPart(const LaidOutView& root, const ViewPath& path) {
+    Rect shown = viewAt(root, path)->frame;
+    const LaidOutView* view = &root;
+    for (const auto index : path) {
+        if (tavrin::is<kinds::Scroll>(view->view)) {
+            const double top = std::max(shown.minY(), view->frame.minY());
+            const double bottom = std::min(shown.maxY(), view->frame.maxY());
+            shown = {shown.x, top, shown.width, std::max(0.0, bottom - top)};
+        }
+        view = &view->children[index];
+    }
+    return shown;
+}
+
+bool isInSight(const LaidOutView& root, const ViewPath& path) {
+    return shownPart(root, path).contains(viewAt(root, path)->frame.middle());
 }
 
 void reveal(LaidOutView& root, const ViewPath& path) {

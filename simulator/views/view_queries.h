@@ -38,6 +38,12 @@ const LaidOutView* contextMenuAt(const LaidOutView& root, Point);
 /// The enabled button that Return presses.
 const LaidOutView* defaultButton(const LaidOutView& root);
 
+/// Only the part of the view at the path that lies inside all Scrolls above it shows.
+Rect shownPart(const LaidOutView& root, const ViewPath&);
+
+/// Whether the middle of the view at the path shows.
+bool isInSight(const LaidOutView& root, const ViewPath&);
+
 /// Scrolls until the view at the path can be seen, as far as possible.
 void reveal(LaidOutView& root, const ViewPath&);
 

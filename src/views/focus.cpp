@@ -21,10 +21,6 @@ std::tuple<std::ptrdiff_t, std::ptrdiff_t> distance(const ViewPath& from, const 
     return {-shared, std::abs(static_cast<std::ptrdiff_t>(*left) - static_cast<std::ptrdiff_t>(*right))};
 }
 
-bool isWithin(const ViewPath& path, const ViewPath& ancestor) {
-    return path.size() >= ancestor.size() && std::equal(ancestor.begin(), ancestor.end(), path.begin());
-}
-
 std::vector<ViewPath> pathsThat(const FocusPlaces& places, auto matches) {
     std::vector<ViewPath> paths;
     for (const auto& place : places)
@@ -41,17 +37,10 @@ List listOf(const View& view) {
 }
 
 /// The innermost around the view; the root without one.
-ViewPath listAround(const FocusPlaces& places, const ViewPath& path) {
-    const auto innermost = [&](List list) -> const FocusPlace* {
-        const auto outwards = places | std::views::reverse;
-        const auto found = std::ranges::find_if(outwards, [&](const FocusPlace& place) {
-            return place.list == list && place.path.size() < path.size() && isWithin(path, place.path);
-        });
-        return found == outwards.end() ? nullptr : &*found;
-    };
-    if (const auto* scroll = innermost(List::Scroll)) return scroll->path;
-    const auto* column = innermost(List::Column);
-    return column ? column->path : ViewPath{};
+ViewPath pathOfList(const FocusPlaces& places, const ViewPath& path) {
+    const auto* list = listAround(places, path, List::Scroll);
+    if (!list) list = listAround(places, path, List::Column);
+    return list ? list->path : ViewPath{};
 }
 
 void addPlaces(const View& view, ViewPath& path, FocusPlaces& places) {
@@ -73,7 +62,8 @@ FocusPlace focusPlaceOf(const View& view, ViewPath path) {
     return {.path = std::move(path),
             .takesFocus = takesFocus(view),
             .isListed = view.isFocusable && view.isEnabled,
-            .list = listOf(view)};
+            .list = listOf(view),
+            .identity = view.dragValue};
 }
 
 FocusPlaces focusPlacesOf(const View& root) {
@@ -81,6 +71,18 @@ FocusPlaces focusPlacesOf(const View& root) {
     ViewPath path;
     addPlaces(root, path, places);
     return places;
+}
+
+bool isWithin(const ViewPath& path, const ViewPath& ancestor) {
+    return path.size() >= ancestor.size() && std::equal(ancestor.begin(), ancestor.end(), path.begin());
+}
+
+const FocusPlace* listAround(const FocusPlaces& places, const ViewPath& path, List list) {
+    const auto outwards = places | std::views::reverse;
+    const auto found = std::ranges::find_if(outwards, [&](const FocusPlace& place) {
+        return place.list == list && place.path.size() < path.size() && isWithin(path, place.path);
+    });
+    return found == outwards.end() ? nullptr : &*found;
 }
 
 std::optional<ViewPath> focusNear(const FocusPlaces& places, const ViewPath& path) {
@@ -102,7 +104,7 @@ std::optional<ViewPath> focusBeside(const FocusPlaces& places, const std::option
 
 std::optional<ViewPath> focusInList(const FocusPlaces& places, const std::optional<ViewPath>& from,
                                     FocusStep step) {
-    const auto list = from ? listAround(places, *from) : ViewPath{};
+    const auto list = from ? pathOfList(places, *from) : ViewPath{};
     auto paths = pathsThat(
         places, [&](const FocusPlace& place) { return place.isListed && isWithin(place.path, list); });
     if (paths.empty()) return std::nullopt;

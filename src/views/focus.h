@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <optional>
-#include <utility>
+#include <string>
 #include <vector>
 
 namespace tavrin {
@@ -28,6 +28,7 @@ struct FocusPlace {
     bool takesFocus = false;
     bool isListed = false; // up and down reach it
     List list = List::None;
+    std::optional<std::string> identity{}; // of a row: what it carries to other places
 };
 
 FocusPlace focusPlaceOf(const View&, ViewPath);
@@ -36,6 +37,11 @@ FocusPlace focusPlaceOf(const View&, ViewPath);
 using FocusPlaces = std::vector<FocusPlace>;
 
 FocusPlaces focusPlacesOf(const View& root);
+
+bool isWithin(const ViewPath& path, const ViewPath& ancestor);
+
+/// The innermost such list around the path; nothing without one.
+const FocusPlace* listAround(const FocusPlaces&, const ViewPath& path, FocusPlace::List);
 
 enum class FocusStep { Next, Previous };
 
@@ -49,30 +55,5 @@ std::optional<ViewPath> focusBeside(const FocusPlaces&, const std::optional<View
 /// Where up and down lead: among the listed views of the Scroll or else the column around `from`, to its
 /// ends, where the focus stays. Nothing when there are none.
 std::optional<ViewPath> focusInList(const FocusPlaces&, const std::optional<ViewPath>& from, FocusStep);
-
-/// Where the focus belongs while trees come and go. It belongs to the place where a person or the program put
-/// it. It stands there or nearest to it, and goes back when that place takes it again.
-class KeptFocus {
-  public:
-    void moveTo(ViewPath path) { belongsAt_ = standsAt_ = std::move(path); }
-
-    void clear() { belongsAt_ = standsAt_ = std::nullopt; }
-
-    /// The renderer sees the focus there, or nowhere. That it stands where `settleIn` put it is no news.
-    void seenAt(std::optional<ViewPath> path) {
-        if (path != standsAt_) belongsAt_ = standsAt_ = std::move(path);
-    }
-
-    /// Finds its place in a new tree.
-    const std::optional<ViewPath>& settleIn(const FocusPlaces& places) {
-        return standsAt_ = belongsAt_ ? focusNear(places, *belongsAt_) : std::nullopt;
-    }
-
-    const std::optional<ViewPath>& standsAt() const { return standsAt_; }
-
-  private:
-    std::optional<ViewPath> belongsAt_;
-    std::optional<ViewPath> standsAt_;
-};
 
 } // namespace tavrin

@@ -1,9 +1,40 @@
 #include "scenarios/applying_acts.h"
 
-#include <functional>
+#include <string>
 
 namespace mac_model {
 namespace {
+
+/// The view of Tavrin's that has the keyboard focus, with the frame of the Scroll around it.
+struct Focused {
+    json view = json::object();
+    json scroll;
+};
+
+Focused focusedIn(const json& node, const json& scroll = {}) {
+    if (node.value("focused", false)) return {node, scroll};
+    const bool isScroll = node.value("role", "") == "AXScrollArea";
+    for (const auto& child : node.value("children", json::array()))
+        if (auto found = focusedIn(child, isScroll ? node["frame"] : scroll); !found.view.empty())
+            return found;
+    return {};
+}
+
+Focused focused(TavrinMac& mac) { return focusedIn({{"children", mac.surfacesOf(tavrinBundle)}}); }
+
+std::string focusedName(TavrinMac& mac) {
+    const auto view = focused(mac).view;
+    return view.value("label", view.value("text", ""));
+}
+
+void expectInSight(const Focused& focused, const std::string& when) {
+    ASSERT_TRUE(focused.scroll.is_array()) << when;
+    const auto& frame = focused.view["frame"];
+    const double top = frame[1];
+    const double scrollTop = focused.scroll[1];
+    EXPECT_GE(top, scrollTop) << when;
+    EXPECT_LE(top + frame[3].get<double>(), scrollTop + focused.scroll[3].get<double>()) << when;
+}
 
 TEST(ConfigureWindow, rowsMoveByDragMenuAndKeyboard) {
     auto mac = started(trustedMac("classic-display"), 4);
@@ -82,19 +113,36 @@ TEST(ConfigureWindow, needsNoMouse) {
     answerHint(mac);
     openConfigure(mac);
     const auto key = [&](const std::string& name) { mac.key(name); };
-    const auto focused = [&]() -> std::string {
-        std::string found;
-        const std::function<void(const json&)> visit = [&](const json& node) {
-            if (node.value("focused", false)) found = node.value("label", node.value("text", ""));
-            for (const auto& child : node.value("children", json::array())) visit(child);
-        };
-        for (const auto& surface : mac.surfacesOf(tavrinBundle)) visit(surface);
-        return found;
-    };
-    for (int i = 0; i < 30 && focused() != "Wi-Fi"; ++i) key(i == 0 ? "tab" : "down");
-    ASSERT_EQ(focused(), "Wi-Fi");
+    for (int i = 0; i < 30 && focusedName(mac) != "Wi-Fi"; ++i) key(i == 0 ? "tab" : "down");
+    ASSERT_EQ(focusedName(mac), "Wi-Fi");
     key("space");
     EXPECT_FALSE(isStoredAsHidden(mac, wifi));
+}
+
+TEST(ConfigureWindow, theKeyboardStaysWithItsRowAndInSight) {
+    auto mac = started(crowdOnTheVisibleSide(40), 3);
+    openConfigure(mac);
+    for (int i = 0; i < 60 && focusedName(mac) != "Item 20"; ++i) {
+        mac.key(i == 0 ? "tab" : "down");
+        if (i > 0) expectInSight(focused(mac), "step " + std::to_string(i));
+    }
+    ASSERT_EQ(focusedName(mac), "Item 20");
+
+    mac.set("launch", {{"bundleIdentifier", "org.example.late"},
+                       {"name", "Late"},
+                       {"policy", "accessory"},
+                       {"statusItems", {{{"title", "Late"}, {"width", 40}, {"opens", "nothing"}}}}});
+    mac.done({{"do", "perform"}, {"text", "Item 39"}, {"action", "Move to Shown"}});
+    mac.wait(5);
+    EXPECT_EQ(focusedName(mac), "Item 20");
+    expectInSight(focused(mac), "after rows have come above it");
+
+    mac.key("space");
+    mac.wait(1);
+    EXPECT_FALSE(isStoredAsHidden(mac, nameInCrowd(20) + "::identifier:Item-0"));
+    EXPECT_EQ(storedHidden(mac).size(), 38) << "no other row has moved";
+    EXPECT_NE(focusedName(mac), "Item 20") << "the focus stays in its list";
+    expectInSight(focused(mac), "after the row has left");
 }
 
 TEST(ConfigureWindow, offersNoMoveForWhatMacOSKeepsInPlace) {

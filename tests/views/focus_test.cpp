@@ -1,4 +1,4 @@
-#include "views/focus.h"
+#include "views/kept_focus.h"
 #include "views/view_builders.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +32,25 @@ std::vector<View> rows(std::size_t count) {
 View lists(std::size_t first, std::size_t second) {
     return column({text("Heading"), scroll(column({card(rows(first)), card(rows(second))}), 300),
                    button("Done", [] {}), disabled(button("Off", [] {}))});
+}
+
+View item(const std::string& name) {
+    auto view = focusable(name);
+    view.dragValue = name;
+    return view;
+}
+
+View itemCard(const std::string& names) {
+    std::vector<View> items{text("Heading")};
+    for (const char name : names) items.push_back(item(std::string(1, name)));
+    return card(std::move(items));
+}
+
+/// Two lists of items, each with a name of one letter, below what else there is; then a button.
+View items(const std::string& first, const std::string& second, std::vector<View> above = {}) {
+    above.push_back(scroll(column({itemCard(first), itemCard(second)}), 300));
+    above.push_back(button("Done", [] {}));
+    return column(std::move(above));
 }
 
 FocusPlaces places(const View& view) { return focusPlacesOf(view); }
@@ -141,6 +160,63 @@ TEST(Focus, goesBackToWhereItWasPut) {
     EXPECT_EQ(focus.settleIn(places(lists(3, 1))), ViewPath{2}) << "the person has moved it meanwhile";
     focus.seenAt(std::nullopt);
     EXPECT_EQ(focus.settleIn(places(lists(3, 1))), std::nullopt) << "it was given up";
+}
+
+TEST(Focus, followsItsItemThroughItsList) {
+    struct Case {
+        std::string what;
+        View tree;
+        ViewPath inItem; // from the item to the view that has the focus
+        At to;
+    };
+
+    const std::vector<Case> cases{
+        {"one came above", items("xabc", "de"), {}, ViewPath{0, 0, 0, 3}},
+        {"one above went", items("bc", "de"), {}, ViewPath{0, 0, 0, 1}},
+        {"the list was sorted", items("cab", "de"), {}, ViewPath{0, 0, 0, 3}},
+        {"its button, too", items("xabc", "de"), {1}, ViewPath{0, 0, 0, 3, 1}},
+        {"something came above the lists",
+         items("xabc", "de", {text("Oh"), button("Retry", [] {})}),
+         {},
+         ViewPath{2, 0, 0, 3}},
+        {"it went to the other list", items("ac", "bde"), {}, ViewPath{0, 0, 0, 2}},
+        {"and was the last one", items("a", "bde"), {}, ViewPath{0, 0, 0, 1}},
+        {"and its button goes with none", items("ac", "bde"), {1}, ViewPath{0, 0, 0, 2, 1}},
+    };
+    for (const auto& c : cases) {
+        ViewPath from{0, 0, 0, 2}; // b
+        from.insert(from.end(), c.inItem.begin(), c.inItem.end());
+        KeptFocus focus;
+        focus.settleIn(places(items("abc", "de")));
+        focus.seenAt(from);
+        EXPECT_EQ(focus.settleIn(places(c.tree)), c.to) << c.what;
+        EXPECT_EQ(focus.standsAt(), c.to) << c.what;
+    }
+}
+
+TEST(Focus, staysWithTheItemThatTookThePlace) {
+    KeptFocus focus;
+    focus.settleIn(places(items("abc", "de")));
+    focus.moveTo({0, 0, 0, 2});
+    focus.settleIn(places(items("ac", "bde")));
+    EXPECT_EQ(focus.settleIn(places(items("xac", "bde"))), (ViewPath{0, 0, 0, 3})) << "c";
+    EXPECT_EQ(focus.settleIn(places(items("xabc", "de"))), (ViewPath{0, 0, 0, 4})) << "c, though b is back";
+    EXPECT_EQ(focus.settleIn(places(text("Reading"))), std::nullopt);
+    EXPECT_EQ(focus.settleIn(places(items("cabx", "de"))), (ViewPath{0, 0, 0, 1})) << "c after all were gone";
+}
+
+TEST(Focus, isOnlyLentToAnItemByAButton) {
+    const auto off = [](const std::string& names) {
+        auto tree = items(names, "");
+        tree.children.back().isEnabled = false;
+        return places(tree);
+    };
+    KeptFocus focus;
+    focus.settleIn(places(items("ab", "")));
+    focus.moveTo({1});
+    EXPECT_EQ(focus.settleIn(off("ab")), (ViewPath{0, 0, 0, 1})) << "a";
+    EXPECT_EQ(focus.settleIn(off("xab")), (ViewPath{0, 0, 0, 2})) << "a still";
+    EXPECT_EQ(focus.settleIn(places(items("xab", ""))), ViewPath{1}) << "the button again";
 }
 
 } // namespace tavrin

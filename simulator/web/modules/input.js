@@ -127,6 +127,7 @@ export class Input {
         const key = keyOf(event, isForRecorder);
         if (!key) return;
         event.preventDefault();
+        if (event.repeat && ["space", "return"].includes(key)) return; // a held key acts once
         send({ do: "key", key, modifiers: this.modifiers(event) });
     }
 

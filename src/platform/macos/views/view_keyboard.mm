@@ -144,7 +144,7 @@ bool performFocusedKeyAction(NSWindow* window, NSEvent* event) {
     const bool hasFocus = tavrin::macos::nodeWithFocus(self.window) == self;
     // Here already, because a scroll view on the way up would take the arrow keys.
     if (hasFocus && [tavrin::macos::surfaceAround(self) moveFocusWith:event]) return;
-    if (hasFocus && [self pressWithKey:tavrin::macos::keyName(event)]) return;
+    if (hasFocus && [self pressWithKey:event]) return;
     [super keyDown:event];
 }
 
@@ -153,12 +153,17 @@ bool performFocusedKeyAction(NSWindow* window, NSEvent* event) {
     const auto& actions = [self shownView].keyActions;
     const auto found = std::ranges::find(actions, key, &tavrin::KeyAction::key);
     if (found == actions.end() || !found->perform) return NO;
+    if (event.isARepeat) return YES; // a held key acts once: by now another row may have the focus
+    [tavrin::macos::surfaceAround(self) revealFocus];
     [self deliverWork:found->perform];
     return YES;
 }
 
-- (BOOL)pressWithKey:(std::string_view)key {
+- (BOOL)pressWithKey:(NSEvent*)event {
+    const auto key = tavrin::macos::keyName(event);
     if (!tavrin::macos::isPressable(self) || (key != "space" && key != "return")) return NO;
+    if (event.isARepeat) return YES;
+    [tavrin::macos::surfaceAround(self) revealFocus];
     [self pressNode];
     return YES;
 }

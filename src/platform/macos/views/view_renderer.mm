@@ -32,6 +32,7 @@ NSSize ViewRenderer::layOut(double widthMax, double heightMax) {
         NSMakeSize(std::ceil(wanted.width), std::ceil(std::min(wanted.height, std::max(0.0, heightMax))));
     [surface_ setFrameSize:size];
     [surface_.rootNode placeAt:NSMakeRect(0, 0, size.width, size.height) sizes:sizes_];
+    [surface_ keepFocusInSight];
     return size;
 }
 

@@ -15,8 +15,15 @@
 
 - (instancetype)initWithDelivery:(tavrin::macos::Deliver)deliver;
 
-/// Keeps the nodes that keep their kind and place. The focus goes where views/focus.h says.
+/// Keeps the nodes that keep their kind and place. The focus goes where views/kept_focus.h says.
 - (void)showView:(tavrin::macos::ShownView)view;
+
+/// Scrolls to the view with the focus where it was in sight before the newest tree. Call it once that tree
+/// has been laid out.
+- (void)keepFocusInSight;
+
+/// Scrolls until the view with the focus can be seen.
+- (void)revealFocus;
 
 /// Takes the keyboard from whatever in it has it.
 - (void)takeKeyboard;

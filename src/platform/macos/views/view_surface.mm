@@ -2,7 +2,7 @@
 
 #include "platform/macos/views/view_keyboard.h"
 #include "platform/macos/views/view_recorder.h"
-#include "views/focus.h"
+#include "views/kept_focus.h"
 
 #include <utility>
 
@@ -17,7 +17,8 @@ TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
 @implementation TavrinSurfaceView {
     Deliver deliver_;
     tavrin::KeptFocus focus_;
-    ShownView next_; // what came while another tree was being taken up
+    BOOL wasFocusInSight_; // since the tree that was laid out last
+    ShownView next_;       // what came while another tree was being taken up
 }
 
 - (instancetype)initWithDelivery:(Deliver)deliver {
@@ -50,6 +51,7 @@ TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
 - (void)takeUp:(ShownView)view {
     const auto before = tavrin::macos::focusedPath(self.rootNode);
     focus_.seenAt(before);
+    if (!wasFocusInSight_) wasFocusInSight_ = [self isFocusInSight];
     if (self.rootNode && tavrin::isSameKind([self.rootNode shownView], *view)) {
         [self.rootNode showView:std::move(view)];
     } else {
@@ -70,13 +72,32 @@ TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
     [self.window makeFirstResponder:view];
 }
 
+- (TavrinViewNode*)focusedNode {
+    const auto path = tavrin::macos::focusedPath(self.rootNode);
+    return path ? tavrin::macos::nodeAt(self.rootNode, *path) : nil;
+}
+
+- (BOOL)isFocusInSight {
+    TavrinViewNode* node = [self focusedNode];
+    const NSPoint middle = NSMakePoint(NSMidX(node.bounds), NSMidY(node.bounds));
+    return node && NSPointInRect(middle, node.visibleRect);
+}
+
+- (void)keepFocusInSight {
+    if (std::exchange(wasFocusInSight_, NO)) [self revealFocus];
+}
+
+- (void)revealFocus {
+    TavrinViewNode* node = [self focusedNode];
+    [node scrollRectToVisible:node.bounds];
+}
+
 - (BOOL)moveFocusWith:(NSEvent*)event {
     const auto path = tavrin::macos::focusAfterKey(self.rootNode, event);
     if (!path) return NO;
     focus_.moveTo(*path);
     [self putFocusAt:*path];
-    TavrinViewNode* node = tavrin::macos::nodeAt(self.rootNode, *path);
-    [node scrollRectToVisible:node.bounds];
+    [self revealFocus];
     return YES;
 }
 

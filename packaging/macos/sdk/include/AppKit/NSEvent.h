@@ -31,6 +31,7 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 @property (readonly) NSEventModifierFlags modifierFlags;
 @property (readonly) NSPoint locationInWindow;
 @property (readonly) unsigned short keyCode;
+@property (getter=isARepeat, readonly) BOOL ARepeat;
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent *event))handler;
 + (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(NSEvent * (^)(NSEvent *event))handler;
 + (void)removeMonitor:(id)monitor;

@@ -48,6 +48,7 @@ typedef NS_ENUM(NSUInteger, NSBorderType) {
 @property (readonly) NSView *superview;
 @property (copy) NSString *toolTip;
 @property BOOL wantsLayer;
+@property (readonly) NSRect visibleRect;
 @property (readonly) NSWindow *window;
 - (instancetype)initWithFrame:(NSRect)frame;
 - (void)addSubview:(NSView *)view;
