@@ -14,6 +14,7 @@ typedef NS_ENUM(NSUInteger, NSApplicationTerminateReply) {
 };
 
 APPKIT_EXTERN NSApplication *NSApp;
+APPKIT_EXTERN const NSRunLoopMode NSEventTrackingRunLoopMode;
 APPKIT_EXTERN const NSNotificationName NSApplicationDidBecomeActiveNotification;
 APPKIT_EXTERN const NSNotificationName NSApplicationDidChangeScreenParametersNotification;
 
@@ -31,11 +32,14 @@ APPKIT_EXTERN const NSNotificationName NSApplicationDidChangeScreenParametersNot
 @property (readonly, strong) NSEvent *currentEvent;
 @property (weak) id<NSApplicationDelegate> delegate;
 @property (strong) NSMenu *mainMenu;
+@property (readonly, strong) NSWindow *keyWindow;
 @property (readonly, strong) NSWindow *modalWindow;
+@property (getter=isActive, readonly) BOOL active;
 - (void)run;
 - (void)abortModal;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
 - (void)activate API_AVAILABLE(macos(14.0));
+- (void)yieldActivationToApplication:(NSRunningApplication *)application API_AVAILABLE(macos(14.0));
 - (void)activateIgnoringOtherApps:(BOOL)ignoresOthers
     API_DEPRECATED("This method will be deprecated in a future release. Use NSApp.activate instead.",
                    macos(10.0, 14.0));

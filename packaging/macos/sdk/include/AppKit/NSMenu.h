@@ -4,6 +4,8 @@
 
 @class NSMenuItem, NSView;
 
+APPKIT_EXTERN const NSNotificationName NSMenuDidEndTrackingNotification;
+
 @interface NSMenu : NSObject <NSCopying, NSCoding>
 @property BOOL autoenablesItems;
 @property (readonly) CGFloat menuBarHeight;

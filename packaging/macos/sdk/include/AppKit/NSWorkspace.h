@@ -7,6 +7,7 @@
 @interface NSWorkspace : NSObject
 @property (class, readonly, strong) NSWorkspace *sharedWorkspace;
 @property (readonly, copy) NSArray<NSRunningApplication *> *runningApplications;
+@property (readonly, strong) NSRunningApplication *menuBarOwningApplication;
 @property (readonly) BOOL accessibilityDisplayShouldReduceMotion;
 - (BOOL)openURL:(NSURL *)url;
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)identifier;

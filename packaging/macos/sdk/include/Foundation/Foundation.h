@@ -20,6 +20,7 @@
 #include <Foundation/NSObject.h>
 #include <Foundation/NSProcessInfo.h>
 #include <Foundation/NSRange.h>
+#include <Foundation/NSRunLoop.h>
 #include <Foundation/NSSet.h>
 #include <Foundation/NSString.h>
 #include <Foundation/NSTimer.h>

@@ -9,7 +9,10 @@ typedef CF_OPTIONS(UInt32, AXCopyMultipleAttributeOptions) {
     kAXCopyMultipleAttributeOptionStopOnError = 0x1,
 };
 
+CF_EXPORT const CFStringRef kAXTrustedCheckOptionPrompt;
+
 CF_EXPORT Boolean AXIsProcessTrusted(void);
+CF_EXPORT Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options);
 CF_EXPORT CFTypeID AXUIElementGetTypeID(void);
 CF_EXPORT AXUIElementRef AXUIElementCreateApplication(pid_t process) CF_RETURNS_RETAINED;
 CF_EXPORT AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds);
