@@ -95,6 +95,7 @@ TEST(StoredValues, aStaleFlagOfControlCenterHidesNothing) {
     EXPECT_TRUE(mac.control()["drawn"]);
     EXPECT_FALSE(spacer(mac).is_null());
     EXPECT_EQ(mac.defaults().dump().find("VisibleCC"), std::string::npos);
+    EXPECT_EQ(mac.defaults().value("Skerrow.statusItemAutosaveVersion", 1), 1) << "no repair was needed";
 }
 
 TEST(StoredValues, theSeparatorOfOlderReleasesPassesItsPlaceToTheControl) {
