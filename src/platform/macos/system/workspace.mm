@@ -67,7 +67,7 @@ std::optional<std::vector<std::byte>> MacWorkspace::iconPngOfBundle(std::string_
 std::optional<ProcessIdentifier> MacWorkspace::menuBarOwner() const {
     assertMainThread();
     NSRunningApplication* owner = NSWorkspace.sharedWorkspace.menuBarOwningApplication;
-    return owner ? std::optional(owner.processIdentifier) : std::nullopt;
+    return owner ? std::optional<ProcessIdentifier>(owner.processIdentifier) : std::nullopt;
 }
 
 bool MacWorkspace::activate(ProcessIdentifier process) {
