@@ -17,4 +17,8 @@ export const uncertainties = [
         answers: [["true", "where they are"], ["clamped", "at x = −1"]] },
     { name: "removal", question: "What becomes of the place of a removed item?",
         answers: [["forgetsPosition", "it is forgotten"], ["keepsPosition", "it is kept"]] },
+    { name: "activation", question: "What becomes of Tavrin’s request to be the active application?",
+        answers: [["declined", "it is declined"], ["granted", "granted at once"], ["late", "granted 0.5 s later"]] },
+    { name: "placement", question: "When does macOS 26 give a new item its place?",
+        answers: [["slow", "after 1.2 s"], ["prompt", "at once"], ["verySlow", "after 4 s"]] },
 ];
