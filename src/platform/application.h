@@ -43,8 +43,8 @@ class Application {
     virtual bool isActive() const = 0;
     virtual Subscription onDidBecomeActive(std::function<void()> handler) = 0;
 
-    /// Whether a window of this process is key, or a menu of it is open. Without either, the keys that the
-    /// user presses while this process is active reach nobody.
+    /// Whether a window of this process is key or should be, or a menu of it is open. Without either, the
+    /// keys that the user presses while this process is active reach nobody.
     virtual bool takesKeys() const = 0;
     /// Fires when a window of this process has ceased to be key, and when a menu has closed.
     virtual Subscription onKeysReleased(std::function<void()> handler) = 0;

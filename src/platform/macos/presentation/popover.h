@@ -39,6 +39,7 @@ class MacPopover final : public Popover {
     NSPopover* popover_;
     TavrinPopoverDelegate* delegate_; // the popover doesn't hold its delegate
     Subscription windowMoves_;
+    Subscription activations_;
     id outsidePresses_ = nil; // the monitor's token while it is shown
     __weak NSStatusBarButton* litButton_ = nil;
     NSScreen* screen_ = nil;          // that of the item; nil before it is first shown

@@ -2,6 +2,7 @@
 
 #include "platform/macos/presentation/status_items.h"
 #include "platform/macos/support/conversions.h"
+#include "platform/macos/support/key_window.h"
 #include "platform/macos/support/main_thread.h"
 #include "platform/macos/support/notices.h"
 #include "views/view_layout.h"
@@ -42,7 +43,10 @@ MacPopover::MacPopover(Scheduler& scheduler, PopoverBehavior behavior, std::func
     , popover_([[NSPopover alloc] init])
     , delegate_([[TavrinPopoverDelegate alloc] init])
     , windowMoves_(observe(scheduler, NSNotificationCenter.defaultCenter, NSWindowDidMoveNotification,
-                           [this] { takePlace(); })) {
+                           [this] { takePlace(); }))
+    , activations_(observe(scheduler, NSNotificationCenter.defaultCenter,
+                           NSApplicationDidBecomeActiveNotification,
+                           [this] { takeKeysIfFree(renderer_.surface().window); })) {
     assertMainThread();
     NSViewController* controller = [[NSViewController alloc] initWithNibName:nil bundle:nil];
     controller.view = renderer_.surface();

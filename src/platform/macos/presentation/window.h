@@ -1,6 +1,7 @@
 #pragma once
 
 #include "concurrency/scheduler.h"
+#include "concurrency/signal.h"
 #include "platform/macos/support/apple.h"
 #include "platform/macos/support/callback_gate.h"
 #include "platform/macos/views/view_renderer.h"
@@ -33,6 +34,7 @@ class MacWindow final : public Window {
     ViewRenderer renderer_;
     NSWindow* window_;
     TavrinWindowDelegate* delegate_; // the window doesn't hold its delegate
+    Subscription activations_;
     bool wasShown_ = false;
 };
 

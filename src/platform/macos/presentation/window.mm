@@ -1,7 +1,9 @@
 #include "platform/macos/presentation/window.h"
 
 #include "platform/macos/support/conversions.h"
+#include "platform/macos/support/key_window.h"
 #include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/notices.h"
 #include "views/view_layout.h"
 
 #include <cmath>
@@ -51,7 +53,9 @@ MacWindow::MacWindow(Scheduler& scheduler, std::string_view title, std::function
     , onClose_(std::move(onClose))
     , renderer_(gate_.deliver())
     , window_(makeTitledWindow(title))
-    , delegate_([[TavrinWindowDelegate alloc] init]) {
+    , delegate_([[TavrinWindowDelegate alloc] init])
+    , activations_(observe(scheduler, NSNotificationCenter.defaultCenter,
+                           NSApplicationDidBecomeActiveNotification, [this] { takeKeysIfFree(window_); })) {
     assertMainThread();
     window_.contentView = renderer_.surface();
     window_.delegate = delegate_;
@@ -86,6 +90,8 @@ void MacWindow::makeKeyAndOrderFront() {
     const bool wasVisible = window_.visible;
     wasShown_ = true;
     [window_ makeKeyAndOrderFront:nil];
+    [window_
+        orderFrontRegardless]; // the windows of the active application would cover it until Tavrin is active
     if (!wasVisible) renderer_.takeKeyboard();
 }
 

@@ -21,6 +21,14 @@ std::string bundleText(NSString* key) {
     return textIn([NSBundle.mainBundle objectForInfoDictionaryKey:key]).value_or("");
 }
 
+/// Whether a window is on the screen that should be key, even if macOS hasn't made it so. At the level of
+/// status items are only those and notices, which take no keys by themselves.
+bool hasWindowForKeys() {
+    for (NSWindow* window in NSApp.windows)
+        if (window.visible && window.canBecomeKeyWindow && window.level != NSStatusWindowLevel) return true;
+    return false;
+}
+
 } // namespace
 
 ProcessIdentifier MacApplication::processIdentifier() const { return getpid(); }
@@ -68,7 +76,8 @@ Subscription MacApplication::onDidBecomeActive(std::function<void()> handler) {
 /// While a menu is open the main run loop is in the mode that is named for tracking events.
 bool MacApplication::takesKeys() const {
     assertMainThread();
-    return NSApp.keyWindow || [NSRunLoop.mainRunLoop.currentMode isEqualToString:NSEventTrackingRunLoopMode];
+    return NSApp.keyWindow || hasWindowForKeys() ||
+           [NSRunLoop.mainRunLoop.currentMode isEqualToString:NSEventTrackingRunLoopMode];
 }
 
 Subscription MacApplication::onKeysReleased(std::function<void()> handler) {

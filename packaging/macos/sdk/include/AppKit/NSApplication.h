@@ -32,6 +32,7 @@ APPKIT_EXTERN const NSNotificationName NSApplicationDidChangeScreenParametersNot
 @property (readonly, strong) NSEvent *currentEvent;
 @property (weak) id<NSApplicationDelegate> delegate;
 @property (strong) NSMenu *mainMenu;
+@property (readonly, copy) NSArray<NSWindow *> *windows;
 @property (readonly, strong) NSWindow *keyWindow;
 @property (readonly, strong) NSWindow *modalWindow;
 @property (getter=isActive, readonly) BOOL active;
