@@ -356,6 +356,35 @@ export const scenarios = {
         assert.deepEqual(await button.boundingBox(), before);
     },
 
+    async "commands: they go on in order while the page is busy"({ mac }) {
+        const arrived = await mac.page.evaluate(async () => {
+            const { send } = await import("./modules/commands.js");
+            const look = () => {
+                const request = new XMLHttpRequest();
+                request.open("POST", "command", false); // so that the page does nothing else meanwhile
+                request.setRequestHeader("Content-Type", "application/json");
+                request.send(JSON.stringify({ do: "look" }));
+                return JSON.parse(request.response).pointer;
+            };
+            for (const [name, x] of [["move", 300], ["down", 310], ["move", 320], ["up", 330], ["move", 340]])
+                send({ do: name, at: [x, 600], ...(name === "move" ? {} : { button: "left" }) });
+            const end = Date.now() + 30000;
+            while (look().at[0] !== 340 && Date.now() < end);
+            return look();
+        });
+        assert.deepEqual([arrived.at, arrived.buttons], [[340, 600], []]);
+    },
+
+    async "commands: the page sends them itself where it gets no worker"({ browser, mac }) {
+        const context = await browser.newContext({ viewport: { width: 1760, height: 1000 } });
+        await context.route("**/command_worker.js", (route) => route.abort());
+        const page = new MacPage(await context.newPage(), mac.server);
+        await page.page.goto(mac.server.address);
+        await page.room.getByRole("menubar").getByRole("menuitem", { name: "Edit" }).click();
+        await page.entry("Select All").waitFor();
+        await page.handIsStill();
+    },
+
     async "windows: the display cuts them off, and the menu bar stays in front of them"({ mac }) {
         const window = mac.window("Welcome to Tavrin");
         await window.waitFor();

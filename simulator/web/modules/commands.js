@@ -1,11 +1,16 @@
-// Commands go to the server one after the other, in order. A pointer move that still waits is dropped when a later
-// command says where the pointer is.
+import { CommandQueue } from "./command_queue.js";
 
-const waiting = [];
+// Sends the Mac what the person does, in order.
+
+const unanswered = new Map(); // by the numbers of the commands, in order
 const room = document.querySelector("#room"); // says how many commands are unanswered
-room.dataset.waiting = "0";
-let isSending = false;
+let number = 0;
 let complain = () => {};
+
+const worker = new Worker(new URL("command_worker.js", import.meta.url), { type: "module" });
+let queue = { add: (numbered) => worker.postMessage(numbered) };
+worker.onmessage = ({ data }) => settle(data);
+worker.onerror = sendFromHere;
 
 export function onRefusal(handler) {
     complain = handler;
@@ -13,38 +18,30 @@ export function onRefusal(handler) {
 
 export function send(command) {
     return new Promise((resolve) => {
-        const last = waiting.at(-1);
-        if (command.at && last?.command.do === "move") {
-            last.resolve({ ok: true });
-            waiting.pop();
-        }
-        waiting.push({ command, resolve });
-        room.dataset.waiting = String(waiting.length);
-        if (!isSending) sendWaiting();
+        number += 1;
+        unanswered.set(number, { command, resolve });
+        count();
+        queue.add({ number, command });
     });
 }
 
-async function sendWaiting() {
-    isSending = true;
-    while (waiting.length > 0) {
-        const { command, resolve } = waiting.shift();
-        const reply = await answered(command);
-        if (!reply.ok) complain(reply.error);
-        resolve(reply);
-    }
-    isSending = false;
-    room.dataset.waiting = "0";
+function settle({ number: answered, reply }) {
+    const { resolve } = unanswered.get(answered);
+    unanswered.delete(answered);
+    count();
+    if (!reply.ok) complain(reply.error);
+    resolve(reply);
 }
 
-async function answered(command) {
-    try {
-        const response = await fetch("command", {
-            method: "POST",
-            headers: { "Content-Type": "application/json" },
-            body: JSON.stringify(command),
-        });
-        return await response.json();
-    } catch {
-        return { ok: false, error: "The modelled Mac doesn’t answer." };
-    }
+// A browser that has workers, but not here.
+function sendFromHere() {
+    worker.terminate();
+    queue = new CommandQueue(settle);
+    for (const [waiting, { command }] of unanswered) queue.add({ number: waiting, command });
 }
+
+function count() {
+    room.dataset.waiting = String(unanswered.size);
+}
+
+count();

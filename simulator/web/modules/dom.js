@@ -8,6 +8,15 @@ export function h(tag, properties, ...children) {
     return { tag, properties: properties ?? {}, children: children.flat().filter((child) => child !== null && child !== undefined && child !== false) };
 }
 
+// Describes each thing once: of what is the same object as before, `show` sees that nothing has changed.
+export function kept(describe) {
+    const descriptions = new WeakMap();
+    return (thing) => {
+        if (!descriptions.has(thing)) descriptions.set(thing, describe(thing));
+        return descriptions.get(thing);
+    };
+}
+
 function create(node) {
     if (typeof node !== "object") return document.createTextNode(String(node));
     const element = svgTags.has(node.tag) ? document.createElementNS(svgNamespace, node.tag) : document.createElement(node.tag);

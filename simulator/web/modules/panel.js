@@ -1,5 +1,5 @@
 import { send } from "./commands.js";
-import { h, show } from "./dom.js";
+import { h, kept, show } from "./dom.js";
 import { Trace } from "./trace.js";
 import { uncertainties } from "./uncertainties.js";
 
@@ -55,7 +55,7 @@ export class Panel {
         const { state } = this;
         if (!state?.surroundings) return;
         this.element.classList.toggle("folded", this.isFolded());
-        const sections = this.isFolded() ? [] : [this.desktop(), this.program(), this.applications(), this.hands(), this.uncertain(), this.trace.view()];
+        const sections = this.isFolded() ? [] : [this.desktop(), this.program(), applications(this.state.surroundings.applications), this.hands(), this.uncertain(), this.trace.view()];
         show(this.element, [this.head(), ...sections]);
     }
 
@@ -117,13 +117,6 @@ export class Panel {
                 button("Revoke access", () => send({ do: "set", trusted: false }), dimmed(!trusted))));
     }
 
-    applications() {
-        return h("section", { key: "applications" }, h("h3", {}, "Applications"),
-            h("p", { class: "quiet" }, "“Hangs” answers nothing; “stays” lets nobody drag its items."),
-            h("ul", { class: "applications", "aria-label": "Applications", tabindex: "0" },
-                this.state.surroundings.applications.map(application)));
-    }
-
     uncertain() {
         const { model } = this.state.world;
         return h("section", { key: "uncertain" },
@@ -144,7 +137,11 @@ export class Panel {
     }
 }
 
-function application({ id, name, running, responding, refusesDrags, hasItems }) {
+const applications = kept((all) => h("section", { key: "applications" }, h("h3", {}, "Applications"),
+    h("p", { class: "quiet" }, "“Hangs” answers nothing; “stays” lets nobody drag its items."),
+    h("ul", { class: "applications", "aria-label": "Applications", tabindex: "0" }, all.map(application))));
+
+const application = kept(({ id, name, running, responding, refusesDrags, hasItems }) => {
     const set = (change) => () => send({ do: "set", ...change });
     const stays = running && refusesDrags;
     const hangs = running && !responding;
@@ -156,7 +153,7 @@ function application({ id, name, running, responding, refusesDrags, hasItems }) 
             { ...dimmed(!running), "aria-pressed": String(hangs), title: "Answer nothing", "aria-label": `Hang ${name}` }),
         button("quit", set({ quit: id }), { ...dimmed(!running), "aria-label": `Quit ${name}` }),
         button("launch", () => send({ do: "relaunch", bundle: id }), { ...dimmed(running), "aria-label": `Launch ${name}` }));
-}
+});
 
 // A screen as "set" takes it.
 function screenSpec({ frame, scale, leftMenuBarArea, rightMenuBarArea, menuBarHeight }) {
