@@ -20,7 +20,7 @@ COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 TOKEN = re.compile(r"\b(?:class|struct)\s+(?P<type>\w+)[^;{}()]*\{|(?P<open>\{)|(?P<close>\})"
                    r"|\bvirtual\b(?P<operation>[^;{~]*?)\b(?P<name>\w+)\s*\(", re.DOTALL)
 LITERAL = r'"(?:[^"\\]|\\.)*"'
-CHECK = re.compile(r"\b(?:reads|changes)\(\s*(?:family|" + LITERAL + r"),\s*((?:" + LITERAL + r"\s*)+),")
+CHECK = re.compile(r"\b(?:reads|changes|asks)\(\s*(?:family|" + LITERAL + r"),\s*((?:" + LITERAL + r"\s*)+),")
 
 
 def operations_in(header):

@@ -4,14 +4,25 @@
 
 namespace tavrin::seam_check {
 
-std::vector<Check> allChecks() {
+namespace {
+
+void append(std::vector<Check>& all, std::vector<Check> checks) {
+    all.insert(all.end(), std::make_move_iterator(checks.begin()), std::make_move_iterator(checks.end()));
+}
+
+} // namespace
+
+std::vector<Check> allChecks(const Surroundings& surroundings) {
     std::vector<Check> all;
     for (auto* family : {schedulerChecks, textChecks, screensChecks, applicationChecks, workspaceChecks,
-                         windowServerChecks, accessibilityChecks, defaultsChecks, eventsChecks, hotKeysChecks,
-                         keyboardChecks, loginItemChecks, statusItemsChecks, presentationChecks}) {
-        auto checks = family();
-        all.insert(all.end(), std::make_move_iterator(checks.begin()), std::make_move_iterator(checks.end()));
-    }
+                         windowServerChecks, accessibilityChecks})
+        append(all, family());
+    append(all, defaultsChecks(surroundings));
+    append(all, eventsChecks());
+    append(all, hotKeysChecks(surroundings));
+    for (auto* family : {keyboardChecks, loginItemChecks, statusItemsChecks, itemOrderChecks,
+                         itemAccessChecks, presentationChecks, guidedChecks})
+        append(all, family());
     return all;
 }
 

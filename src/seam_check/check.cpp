@@ -1,5 +1,7 @@
 #include "seam_check/check.h"
 
+#include <utility>
+
 namespace tavrin::seam_check {
 
 namespace {
@@ -13,11 +15,15 @@ Check reads(std::string_view family, std::string_view promise, Look look) {
 }
 
 Check reads(std::string_view family, std::string_view promise, LongLook look) {
-    return {family, promise, Effect::Reads, look};
+    return {family, promise, Effect::Reads, std::move(look)};
 }
 
 Check changes(std::string_view family, std::string_view promise, LongLook look) {
-    return {family, promise, Effect::Changes, look};
+    return {family, promise, Effect::Changes, std::move(look)};
+}
+
+Check asks(std::string_view family, std::string_view promise, LongLook look) {
+    return {family, promise, Effect::Asks, std::move(look)};
 }
 
 } // namespace tavrin::seam_check

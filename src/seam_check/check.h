@@ -9,7 +9,9 @@
 
 namespace tavrin::seam_check {
 
-enum class Outcome { Passed, Failed, Skipped };
+/// `Skipped` promises stayed untried, which is no success. `Inapplicable` ones have nothing here to be tried
+/// on, such as a notch.
+enum class Outcome { Passed, Failed, Skipped, Inapplicable };
 
 struct Verdict {
     Outcome outcome = Outcome::Failed;
@@ -22,9 +24,12 @@ inline Verdict failed(std::string seen) { return {Outcome::Failed, std::move(see
 
 inline Verdict skipped(std::string reason) { return {Outcome::Skipped, std::move(reason)}; }
 
-/// Whether a check leaves the Mac alone, or does something that a person might notice: it writes to a
-/// preferences domain of its own, shows something for a moment, posts an event that moves nothing.
-enum class Effect { Reads, Changes };
+inline Verdict inapplicable(std::string reason) { return {Outcome::Inapplicable, std::move(reason)}; }
+
+/// Whether a check leaves the Mac alone; or does something that a person might notice: it writes to a
+/// preferences domain of its own, shows something for a moment, drags an item of its own; or asks a person to
+/// do something.
+enum class Effect { Reads, Changes, Asks };
 
 /// One promise of the platform, and how to see whether this system keeps it. `seen` names no application,
 /// file or text of the user, so that a report can be sent to anybody.
@@ -36,11 +41,12 @@ struct Check {
     std::function<Task<Verdict>(Platform)> body;
 };
 
-using Look = Verdict (*)(const Platform&);    // sees all there is at once
-using LongLook = Task<Verdict> (*)(Platform); // has to wait
+using Look = Verdict (*)(const Platform&);               // sees all there is at once
+using LongLook = std::function<Task<Verdict>(Platform)>; // has to wait
 
 Check reads(std::string_view family, std::string_view promise, Look look);
 Check reads(std::string_view family, std::string_view promise, LongLook look);
 Check changes(std::string_view family, std::string_view promise, LongLook look);
+Check asks(std::string_view family, std::string_view promise, LongLook look);
 
 } // namespace tavrin::seam_check

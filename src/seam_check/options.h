@@ -3,6 +3,7 @@
 #include "seam_check/runner.h"
 
 #include <expected>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +13,12 @@ namespace tavrin::seam_check {
 struct Options {
     Scope scope = Scope::ReadingOnly;
     bool wantsHelp = false;
+    /// Only looks whether this text is kept, for the process that has started this one.
+    std::optional<std::string> expected;
 };
+
+/// The option that goes before the text.
+inline constexpr std::string_view expectOption = "--expect-kept";
 
 std::string_view helpText();
 

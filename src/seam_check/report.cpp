@@ -5,6 +5,7 @@
 #include "platform/screens.h"
 #include "platform/workspace.h"
 #include "seam_check/all_checks.h"
+#include "seam_check/page_for_the_eyes.h"
 #include "seam_check/words.h"
 
 #include <algorithm>
@@ -16,11 +17,13 @@ namespace {
 std::string_view word(Outcome outcome) {
     switch (outcome) {
     case Outcome::Passed:
-        return "passed ";
+        return "passed  ";
     case Outcome::Failed:
-        return "FAILED ";
+        return "FAILED  ";
     case Outcome::Skipped:
-        return "skipped";
+        return "untried ";
+    case Outcome::Inapplicable:
+        return "not here";
     }
     return "";
 }
@@ -37,11 +40,21 @@ void writeScreen(std::ostream& out, const Screen& screen) {
     out << '\n';
 }
 
+/// A heading, and the results with this outcome, if there are any.
+void writeAgain(std::ostream& out, const std::vector<CheckResult>& results, Outcome outcome,
+                std::string_view heading) {
+    if (countOf(results, outcome) == 0) return;
+    out << '\n' << heading << ":\n";
+    for (const auto& result : results)
+        if (result.verdict.outcome == outcome) writeResult(out, result);
+}
+
 } // namespace
 
 void writeHead(std::ostream& out, const Platform& platform, std::string_view architecture) {
     const auto version = platform.workspace.operatingSystemVersion();
     out << "Self-check of Tavrin, " << platform.application.displayVersion() << '\n';
+    out << "Program: " << platform.application.bundleIdentifier() << '\n';
     out << "macOS " << version.major << '.' << version.minor << ", " << architecture << '\n';
     for (const auto& screen : platform.screens.screens()) writeScreen(out, screen);
     out << "Accessibility: " << (platform.accessibility.isTrusted() ? "allowed" : "not allowed") << "\n\n";
@@ -49,26 +62,33 @@ void writeHead(std::ostream& out, const Platform& platform, std::string_view arc
 
 void writeResult(std::ostream& out, const CheckResult& result) {
     out << word(result.verdict.outcome) << "  " << result.family << ": " << result.promise << '\n';
-    if (!result.verdict.seen.empty()) out << "         " << result.verdict.seen << '\n';
+    if (!result.verdict.seen.empty()) out << "          " << result.verdict.seen << '\n';
     out.flush();
 }
 
 void writeTotals(std::ostream& out, const std::vector<CheckResult>& results) {
-    out << '\n';
-    for (const auto& result : results)
-        if (result.verdict.outcome == Outcome::Failed) writeResult(out, result);
-    out << countOf(results, Outcome::Passed) << " passed, " << countOf(results, Outcome::Failed)
-        << " failed, " << countOf(results, Outcome::Skipped) << " skipped" << std::endl;
+    writeAgain(out, results, Outcome::Skipped, "Untried");
+    writeAgain(out, results, Outcome::Failed, "Broken");
+    out << '\n'
+        << countOf(results, Outcome::Passed) << " passed, " << countOf(results, Outcome::Failed)
+        << " failed, " << countOf(results, Outcome::Skipped) << " untried";
+    if (const auto count = countOf(results, Outcome::Inapplicable); count > 0)
+        out << ", " << count << " not for this Mac";
+    out << std::endl;
 }
 
 int exitStatus(const std::vector<CheckResult>& results) {
-    return countOf(results, Outcome::Failed) == 0 && !results.empty() ? 0 : 1;
+    constexpr int everythingKept = 0, somethingBroken = 1, somethingUntried = 3;
+    if (countOf(results, Outcome::Failed) > 0) return somethingBroken;
+    const bool isComplete = !results.empty() && countOf(results, Outcome::Skipped) == 0;
+    return isComplete ? everythingKept : somethingUntried;
 }
 
-Task<int> selfCheck(Platform platform, Scope scope, std::string_view architecture, std::ostream* out) {
-    writeHead(*out, platform, architecture);
-    const auto results = co_await runChecks(platform, allChecks(), scope,
+Task<int> selfCheck(Platform platform, SelfCheckSetup setup, std::ostream* out) {
+    writeHead(*out, platform, setup.architecture);
+    const auto results = co_await runChecks(platform, allChecks(setup.surroundings), setup.scope,
                                             [out](const CheckResult& result) { writeResult(*out, result); });
+    if (setup.scope == Scope::Guided) *out << '\n' << pageForTheEyes();
     writeTotals(*out, results);
     co_return exitStatus(results);
 }

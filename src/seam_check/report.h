@@ -1,6 +1,7 @@
 #pragma once
 
 #include "seam_check/runner.h"
+#include "seam_check/surroundings.h"
 
 #include <ostream>
 #include <string_view>
@@ -14,14 +15,22 @@ void writeHead(std::ostream& out, const Platform& platform, std::string_view arc
 /// Writes a line for the result, and one more for what was seen.
 void writeResult(std::ostream& out, const CheckResult& result);
 
-/// "12 passed, 0 failed, 3 skipped", and the failures once more by name.
+/// The promises that stayed untried, then the broken ones, once more by name, and as the last line "12
+/// passed, 0 failed, 3 untried".
 void writeTotals(std::ostream& out, const std::vector<CheckResult>& results);
 
-/// 0 when nothing has failed.
+/// 0 when every promise was tried and kept, 1 when one was broken, 3 when one stayed untried.
 int exitStatus(const std::vector<CheckResult>& results);
 
-/// The whole self-check: head, a line a check as it ends, totals. Gives the exit status. `out` outlives the
-/// task.
-Task<int> selfCheck(Platform platform, Scope scope, std::string_view architecture, std::ostream* out);
+/// Which Mac it is, and how far the checks may go.
+struct SelfCheckSetup {
+    std::string_view architecture;
+    Scope scope = Scope::ReadingOnly;
+    Surroundings surroundings;
+};
+
+/// The whole self-check: head, a line a check as it ends, totals, and after a guided one the page for the
+/// eyes. Gives the exit status. `out` outlives the task.
+Task<int> selfCheck(Platform platform, SelfCheckSetup setup, std::ostream* out);
 
 } // namespace tavrin::seam_check

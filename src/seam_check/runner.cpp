@@ -5,6 +5,8 @@
 #include "seam_check/words.h"
 
 #include <exception>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 namespace tavrin::seam_check {
@@ -12,6 +14,17 @@ namespace tavrin::seam_check {
 namespace {
 
 constexpr Seconds checkTimeMax{30};
+constexpr Seconds personTimeMax{90}; // the person has a shorter limit of their own, with a sentence
+
+Seconds timeMaxOf(const Check& check) { return check.effect == Effect::Asks ? personTimeMax : checkTimeMax; }
+
+/// Why the check isn't run, if it isn't.
+std::optional<std::string_view> reasonToSkip(Effect effect, Scope scope) {
+    if (effect == Effect::Asks && scope != Scope::Guided) return "It takes a person; --guided runs it.";
+    if (effect == Effect::Changes && scope == Scope::ReadingOnly)
+        return "It changes something for a moment; --changes runs it.";
+    return std::nullopt;
+}
 
 Task<Verdict> guarded(Check check, Platform platform) {
     try {
@@ -25,12 +38,13 @@ Task<Verdict> guarded(Check check, Platform platform) {
 
 Task<Verdict> verdictOf(Check check, Platform platform) {
     auto& scheduler = platform.scheduler;
+    const auto timeMax = timeMaxOf(check);
     auto job = start(scheduler, guarded(std::move(check), platform));
-    const auto alarm = scheduler.callAfter(checkTimeMax, [&job] { job.cancel(); });
+    const auto alarm = scheduler.callAfter(timeMax, [&job] { job.cancel(); });
     auto verdict = co_await job.result();
     scheduler.cancelTimer(alarm);
     if (verdict) co_return std::move(*verdict);
-    co_return failed("It had not ended after " + said(checkTimeMax) + " and was given up.");
+    co_return failed("It had not ended after " + said(timeMax) + " and was given up.");
 }
 
 } // namespace
@@ -40,8 +54,8 @@ Task<std::vector<CheckResult>> runChecks(Platform platform, std::vector<Check> c
     std::vector<CheckResult> results;
     for (const auto& check : checks) {
         CheckResult result{std::string(check.family), std::string(check.promise), {}};
-        if (check.effect == Effect::Changes && scope == Scope::ReadingOnly)
-            result.verdict = skipped("It changes something for a moment; --changes runs it.");
+        if (const auto reason = reasonToSkip(check.effect, scope))
+            result.verdict = skipped(std::string(*reason));
         else
             result.verdict = co_await verdictOf(check, platform);
         if (co_await isCancelled()) break;

@@ -8,7 +8,8 @@
 
 namespace tavrin::seam_check {
 
-enum class Scope { ReadingOnly, WithChanges };
+/// Each runs what the one before it runs, and more.
+enum class Scope { ReadingOnly, WithChanges, Guided };
 
 struct CheckResult {
     std::string family;

@@ -2,6 +2,7 @@
 
 #include "concurrency/waits.h"
 #include "platform/defaults.h"
+#include "seam_check/item_sight.h"
 #include "seam_check/waiting.h"
 
 namespace tavrin::seam_check {
@@ -11,6 +12,13 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto positionKey = "NSStatusItem Preferred Position ";
+
+Verdict verdictOnMissing(const ItemSight& sight) {
+    if (!sight.agrees()) return failed("What tells of a new item contradicts itself: " + said(sight) + ".");
+    return skipped("macOS draws no new item: the menu bar may be full or hidden, or this program's items not "
+                   "allowed. The item is " +
+                   said(sight) + ".");
+}
 
 } // namespace
 
@@ -24,6 +32,8 @@ ScratchItem::ScratchItem(Platform platform, std::string name, double length, dou
     item_->setAutosaveName(name_);
     item_->setImage({TemplateImage::Source::System, "checkmark.circle", "Tavrin"});
 }
+
+bool ScratchItem::isPlaced() const { return item_->frame().value_or(Rect{}).height > 0; }
 
 ScratchItem::~ScratchItem() {
     if (!item_) return;
@@ -49,11 +59,26 @@ Task<bool> comesToRest(const StatusItem* item) {
     co_return false;
 }
 
-Task<std::optional<ScratchItem>> shownItem(Platform platform, double length) {
+Task<std::expected<ScratchItem, Verdict>> shownItem(Platform platform, double length) {
     ScratchItem item(platform, "tavrin-seam-check", length, 150);
-    if (!co_await comesTrue(platform, [&item] { return item.isDrawn(); }, 3s)) co_return std::nullopt;
+    if (!co_await comesTrue(platform, [&item] { return item.isDrawn(); }, placementTimeMax))
+        co_return std::unexpected(verdictOnMissing(lookAt(platform, *item)));
     (void)co_await comesToRest(&*item);
     co_return std::move(item);
+}
+
+Task<std::expected<ItemPair, Verdict>> shownPair(Platform platform) {
+    // Without stored places the item that is made later would stand further left.
+    ItemPair pair{{platform, "tavrin-seam-check-left", 24, 160},
+                  {platform, "tavrin-seam-check-right", 24, 150}};
+    const auto areDrawn = [&pair] { return pair.left.isDrawn() && pair.right.isDrawn(); };
+    if (!co_await comesTrue(platform, areDrawn, placementTimeMax)) {
+        const auto& missing = pair.left.isDrawn() ? pair.right : pair.left;
+        co_return std::unexpected(verdictOnMissing(lookAt(platform, *missing)));
+    }
+    (void)co_await comesToRest(&*pair.left);
+    (void)co_await comesToRest(&*pair.right);
+    co_return std::move(pair);
 }
 
 } // namespace tavrin::seam_check

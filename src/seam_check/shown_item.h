@@ -4,9 +4,10 @@
 #include "platform/platform.h"
 #include "platform/screens.h"
 #include "platform/status_items.h"
+#include "seam_check/check.h"
 
+#include <expected>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -26,7 +27,10 @@ class ScratchItem {
 
     StatusItem* operator->() const { return item_.get(); }
 
-    bool isDrawn() const { return item_->frame() && item_->isDrawn(); }
+    /// Whether macOS has given it a place, which takes a moment from version 26 on.
+    bool isPlaced() const;
+
+    bool isDrawn() const { return isPlaced() && item_->isDrawn(); }
 
   private:
     void forget() const;
@@ -36,14 +40,23 @@ class ScratchItem {
     std::unique_ptr<StatusItem> item_;
 };
 
-/// A new status item with an image, drawn in the menu bar; none when macOS doesn't draw it in time.
-Task<std::optional<ScratchItem>> shownItem(Platform platform, double length);
+/// The longest that macOS was seen to take for the place of a new item, and a second more.
+inline constexpr Seconds placementTimeMax{5};
+
+/// Two new items side by side.
+struct ItemPair {
+    ScratchItem left;
+    ScratchItem right;
+};
+
+/// A new status item with an image, drawn in the menu bar and at rest. The error is the verdict when it isn't
+/// drawn in time: untried when macOS shows none, failed when what tells of the item contradicts itself.
+Task<std::expected<ScratchItem, Verdict>> shownItem(Platform platform, double length);
+
+/// Two of 24 points, or the verdict as above.
+Task<std::expected<ItemPair, Verdict>> shownPair(Platform platform);
 
 /// Waits until the item stays where it is; false when it still moves after some seconds.
 Task<bool> comesToRest(const StatusItem* item);
-
-/// Why there may be nothing to see.
-inline constexpr auto itemNotDrawn =
-    "macOS draws no new status item: the menu bar may be full, or this application's items not allowed.";
 
 } // namespace tavrin::seam_check

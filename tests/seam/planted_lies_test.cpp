@@ -12,7 +12,8 @@ namespace {
 using namespace tavrin;
 using seam_check::Outcome;
 
-constexpr double screenHeight = 982; // of the desktop that the lies are told on
+constexpr double screenWidth = 1512; // of the desktop that the lies are told on
+constexpr double screenHeight = 982;
 
 Rect flipped(const Rect& rect) { return {rect.x, screenHeight - rect.maxY(), rect.width, rect.height}; }
 
@@ -232,16 +233,25 @@ struct MisplacedItem : PassedOnStatusItem {
         return flipped(*frame);
     }
 
-    void setAutosaveName(std::string) override {}
-
     void setHiddenFromAccessibility(bool) override {}
 };
 
-struct MisplacesItems : StatusItems {
-    explicit MisplacesItems(StatusItems& real) : truth(real) {}
+struct MirroredItem : PassedOnStatusItem {
+    using PassedOnStatusItem::PassedOnStatusItem;
+
+    std::optional<Rect> frame() const override {
+        auto frame = truth->frame();
+        if (frame && frame->height > 0) frame->x = screenWidth - frame->maxX();
+        return frame;
+    }
+};
+
+template <class Item>
+struct MakesItems : StatusItems {
+    explicit MakesItems(StatusItems& real) : truth(real) {}
 
     std::unique_ptr<StatusItem> create(double length) override {
-        return std::make_unique<MisplacedItem>(truth.create(length));
+        return std::make_unique<Item>(truth.create(length));
     }
 
     StatusItems& truth;
@@ -476,11 +486,16 @@ TEST(PlantedLies, ofTheLoginItem) {
 }
 
 TEST(PlantedLies, ofStatusItems) {
-    expectCaught<MisplacesItems>(
+    expectCaught<MakesItems<MisplacedItem>>(
         "status items",
         {"A new item is in the menu bar with the length it was given, counted from the top left.",
-         "A longer item grows to the left.", "An item takes the place that is stored under its name.",
+         "A longer item grows to the left.",
          "Label and tool tip reach Accessibility, and a hidden item is not found there."});
+    expectCaught<MakesItems<MirroredItem>>(
+        "status items", {"An item takes the place that is stored under its name.",
+                         "An item that is made with length 0 has a place without width.",
+                         "Of a drawn item AppKit, its frame and the window server's list tell the same.",
+                         "An item is at one place for AppKit, Accessibility and the window server."});
 }
 
 TEST(PlantedLies, ofPresentation) {

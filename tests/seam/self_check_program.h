@@ -1,11 +1,13 @@
 #pragma once
 
 #include "concurrency/job.h"
+#include "concurrency/waits.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/report.h"
 #include "seam_check/runner.h"
 #include "support/tavrin_mac.h"
 
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -15,14 +17,24 @@
 
 namespace mac_model {
 
-/// The self-check as a program on the modelled Mac.
+/// The self-check as a program on the modelled Mac, with a person who does what it asks.
 struct SelfCheck {
-    std::vector<tavrin::seam_check::Check> checks = tavrin::seam_check::allChecks();
-    tavrin::seam_check::Scope scope = tavrin::seam_check::Scope::WithChanges;
+    SelfCheck() = default;
+    SelfCheck(const SelfCheck&) = delete;
+    SelfCheck& operator=(const SelfCheck&) = delete;
+
+    /// Another process sees what is stored; keys are pressed on the Mac's keyboard.
+    tavrin::seam_check::Surroundings surroundings{
+        [this](const std::string& text) { return isStoredForOthers(text); },
+        [this](tavrin::KeyCode, tavrin::CarbonModifiers) { pressHotKey(); }};
+    std::vector<tavrin::seam_check::Check> checks = tavrin::seam_check::allChecks(surroundings);
+    tavrin::seam_check::Scope scope = tavrin::seam_check::Scope::Guided;
     std::function<tavrin::Platform(const tavrin::Platform&)> falsify = [](const auto& platform) {
         return platform;
     };
+    bool isPersonThere = true;
 
+    TavrinMac* mac = nullptr;
     std::vector<tavrin::seam_check::CheckResult> results{};
     std::ostringstream report{};
     bool hasEnded = false;
@@ -34,9 +46,37 @@ struct SelfCheck {
         ADD_FAILURE() << "no check is called " << promise;
         return {};
     }
+
+    std::ptrdiff_t count(tavrin::seam_check::Outcome outcome) const {
+        return std::ranges::count_if(results,
+                                     [&](const auto& one) { return one.verdict.outcome == outcome; });
+    }
+
+    bool isStoredForOthers(const std::string& text) const {
+        namespace seam = tavrin::seam_check;
+        const auto stored = mac->mac().preferences().value({seam::scratchDomain}, seam::keptKey);
+        return stored == tavrin::DefaultsValue{text};
+    }
+
+    void pressHotKey() const {
+        mac->mac().scheduler().callInWorldAfter(tavrin::Seconds{0}, [this] {
+            mac->mac().person().pressKey(
+                "f19", {Modifier::Command, Modifier::Shift, Modifier::Option, Modifier::Control});
+        });
+    }
+
+    void doAsAsked() const {
+        if (!isPersonThere) return;
+        if (mac->shows("Please click the round check mark above, once.")) mac->clickItem(tavrinBundle);
+        if (mac->shows("Please click the round check mark above with the right button, once."))
+            mac->rightClickItem(tavrinBundle);
+        if (mac->shows("Please press the key A, once.")) mac->key("a");
+    }
 };
 
+/// Begins when the test has the Mac at hand.
 inline tavrin::Task<> runInto(SelfCheck& self, tavrin::Platform platform) {
+    while (!self.mac) (void)co_await tavrin::sleepFor(tavrin::Seconds{0.1});
     tavrin::seam_check::writeHead(self.report, platform, "model");
     self.results = co_await runChecks(platform, self.checks, self.scope, [&self](const auto& result) {
         tavrin::seam_check::writeResult(self.report, result);
@@ -72,7 +112,11 @@ inline std::unique_ptr<TavrinMac> runOnMac(SelfCheck& self, TavrinMacOptions opt
         return std::make_unique<SelfCheckDelegate>(self, platform);
     };
     auto mac = std::make_unique<TavrinMac>(std::move(options));
-    for (int n = 0; n < 600 && !self.hasEnded; ++n) mac->wait(1);
+    self.mac = mac.get();
+    for (int n = 0; n < 600 && !self.hasEnded; ++n) {
+        mac->wait(1);
+        self.doAsAsked();
+    }
     EXPECT_TRUE(self.hasEnded) << self.report.str();
     return mac;
 }

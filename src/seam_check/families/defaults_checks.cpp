@@ -13,8 +13,6 @@ namespace tavrin::seam_check {
 
 namespace {
 
-const std::string scratchName = "org.tavrin.seam-check.scratch";
-
 /// A preferences domain that is empty at first and at the end.
 class Scratch {
   public:
@@ -25,8 +23,8 @@ class Scratch {
 
     ~Scratch() { clear(); }
 
-    DefaultsDomain shared{scratchName, DefaultsDomain::Host::Any};
-    DefaultsDomain here{scratchName, DefaultsDomain::Host::Current};
+    DefaultsDomain shared{scratchDomain, DefaultsDomain::Host::Any};
+    DefaultsDomain here{scratchDomain, DefaultsDomain::Host::Current};
 
   private:
     void clear() {
@@ -196,9 +194,25 @@ Task<Verdict> valuesAreReadAnywhere(Platform platform) {
     co_return passed("A queue read what the main thread had set.");
 }
 
+Task<Verdict> valuesLeaveTheProcess(Platform platform, Surroundings surroundings) {
+    if (!surroundings.isFoundElsewhere) co_return skipped("No second process can be started here.");
+    auto& defaults = platform.defaults;
+    const Scratch scratch(defaults);
+    const std::string text = "kept by " + std::to_string(platform.application.processIdentifier());
+    const auto isFound = [&surroundings, text] { return surroundings.isFoundElsewhere(text); };
+    const auto before = co_await offTheMainThread(platform, isFound);
+    defaults.set(scratch.shared, keptKey, {text});
+    defaults.synchronize(scratch.shared);
+    const auto after = co_await offTheMainThread(platform, isFound);
+    Findings findings;
+    findings.expect(before == false, "another process found it before it was set");
+    findings.expect(after == true, "another process doesn't find it");
+    co_return findings.verdict("Another process found it.");
+}
+
 } // namespace
 
-std::vector<Check> defaultsChecks() {
+std::vector<Check> defaultsChecks(const Surroundings& surroundings) {
     constexpr auto family = "defaults";
     return {
         reads(family, "The program's domain bears its bundle identifier and holds for any host.",
@@ -213,6 +227,8 @@ std::vector<Check> defaultsChecks() {
         changes(family, "What was removed is gone.", removedIsGone),
         changes(family, "A later value replaces an earlier one of any kind.", laterValuesReplaceEarlier),
         changes(family, "A value is read alike on any thread.", valuesAreReadAnywhere),
+        changes(family, "A value that was handed over outlasts the process.",
+                [surroundings](Platform platform) { return valuesLeaveTheProcess(platform, surroundings); }),
     };
 }
 

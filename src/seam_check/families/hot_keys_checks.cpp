@@ -1,14 +1,21 @@
+#include "concurrency/waits.h"
+#include "platform/events.h"
 #include "platform/hot_keys.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
+#include "seam_check/waiting.h"
 #include "seam_check/words.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace tavrin::seam_check {
 
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr KeyCode f19 = 80; // on few keyboards, and nobody's shortcut with all modifier keys
 constexpr CarbonModifiers allModifiers =
@@ -56,14 +63,41 @@ Task<Verdict> handlersAreInstalled(Platform platform) {
     co_return passed("Three were installed, and one removed in between.");
 }
 
+Task<Verdict> pressesArrive(Platform platform, Surroundings surroundings) {
+    constexpr HotKeyIdentifier wanted{signature, 5};
+    if (!surroundings.pressKey) co_return skipped("No key can be pressed here.");
+    if (!platform.events.mayPost()) co_return skipped("Accessibility is not allowed.");
+    const auto heard = std::make_shared<std::vector<HotKeyIdentifier>>();
+    const auto handler = platform.hotKeys.installPressHandler([heard](const HotKeyIdentifier& identifier) {
+        heard->push_back(identifier);
+        return HotKeys::Handling::Handled;
+    });
+    auto key = platform.hotKeys.registerHotKey(f19, allModifiers, wanted);
+    if (!handler || !key) co_return skipped("The key could not be had.");
+    surroundings.pressKey(f19, allModifiers);
+    (void)co_await comesTrue(platform, [heard] { return !heard->empty(); }, 2s);
+    const auto count = heard->size();
+    key->reset();
+    surroundings.pressKey(f19, allModifiers);
+    (void)co_await sleepFor(300ms);
+    Findings findings;
+    findings.expect(count == 1, "a press was heard " + counted(count, "time"));
+    findings.expect(heard->empty() || heard->front() == wanted, "it came under another identifier");
+    findings.expect(heard->size() == count, "a press was heard after the registration had gone");
+    co_return findings.verdict(
+        "F19 with all modifiers was heard once, and not after its registration had gone.");
+}
+
 } // namespace
 
-std::vector<Check> hotKeysChecks() {
+std::vector<Check> hotKeysChecks(const Surroundings& surroundings) {
     constexpr auto family = "hot keys";
     return {
         reads(family, "The system's own shortcuts are listed with their keys.", systemShortcutsAreListed),
         changes(family, "A hot key is had once, and is free when its registration has gone.", keysAreHadOnce),
         changes(family, "Handlers of presses are installed and removed.", handlersAreInstalled),
+        changes(family, "A hot key that is pressed reaches the handler under its identifier.",
+                [surroundings](Platform platform) { return pressesArrive(platform, surroundings); }),
     };
 }
 

@@ -5,6 +5,7 @@
 #include "platform/window_server.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
+#include "seam_check/own_windows.h"
 #include "seam_check/shown_item.h"
 #include "seam_check/waiting.h"
 #include "seam_check/words.h"
@@ -42,35 +43,42 @@ void expectOne(Findings& findings, const Closings& closings) {
 
 constexpr Seconds animationTime = 800ms; // longer than macOS takes to close anything
 
+constexpr auto notListed = "the window server doesn't list it";
+constexpr auto stillListed = "the window server lists it after it has gone";
+
 View note(const std::string& words) { return column({text(words)}, {.padding = 12}); }
 
 Task<Verdict> popoversTellOnceThatTheyClosed(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto closings = std::make_shared<Closings>();
     const auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined,
                                                            notesIn(closings, platform.scheduler));
     popover->setContent(note("Self-check of Tavrin"));
+    const OwnWindows windows(platform);
     Findings findings;
     findings.expect(!popover->isShown(), "it is shown before it was");
     findings.expect(popover->show(*item, item->frame().value_or(Rect{})), "it could not be shown");
     findings.expect(popover->isShown(), "it is not shown");
+    findings.expect(co_await windows.comes(), notListed);
+    const auto seen = windows.appeared();
     (void)co_await sleepFor(300ms);
     findings.expect(popover->isShown(), "it did not stay");
     popover->setContent(note("Its content can change"));
     popover->close();
     (void)co_await sleepFor(animationTime);
     findings.expect(!popover->isShown(), "it is shown after it was closed");
+    findings.expect(co_await windows.goes(), stillListed);
     popover->close();
     (void)co_await sleepFor(animationTime);
     expectOne(findings, *closings);
-    co_return findings.verdict("It was shown, closed, and told so once.");
+    co_return findings.verdict("It was listed as " + said(seen) + ", closed, and told so once.");
 }
 
 Task<Verdict> popoversAreShownAgain(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto closings = std::make_shared<Closings>();
     const auto popover =
@@ -90,26 +98,30 @@ Task<Verdict> popoversAreShownAgain(Platform platform) {
 
 Task<Verdict> destroyedPopoversAreSilent(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto closings = std::make_shared<Closings>();
     auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined,
                                                      notesIn(closings, platform.scheduler));
     popover->setContent(note("Self-check of Tavrin"));
-    const bool wasShown = popover->show(*item, item->frame().value_or(Rect{}));
-    (void)co_await sleepFor(300ms);
+    const OwnWindows windows(platform);
+    const bool wasShown = popover->show(*item, item->frame().value_or(Rect{})) && co_await windows.comes();
     popover.reset();
     (void)co_await sleepFor(animationTime);
-    if (!wasShown) co_return failed("It could not be shown.");
-    if (closings->count != 0) co_return failed("It told that it has closed.");
-    co_return passed("It went without a word.");
+    Findings findings;
+    findings.expect(wasShown, notListed);
+    findings.expect(co_await windows.goes(), stillListed);
+    findings.expect(closings->count == 0, "it told that it has closed");
+    co_return findings.verdict("It went without a word.");
 }
 
 Task<Verdict> popoversNeedAnItem(Platform platform) {
-    const ScratchItem item(platform, "tavrin-seam-check", 40, 150);
+    const auto shown = co_await shownItem(platform, 40);
+    if (!shown) co_return shown.error();
+    const auto& item = *shown;
     item->setVisible(false);
-    (void)co_await comesToRest(&*item);
-    if (item->frame()) co_return skipped("An invisible item still has a window.");
+    (void)co_await comesTrue(platform, [&item] { return !item->frame(); }, 2s);
+    if (item->frame()) co_return inapplicable("An invisible item still has a window.");
     const auto popover = platform.presentation.makePopover(PopoverBehavior::ApplicationDefined, [] {});
     popover->setContent(note("Nobody should see this"));
     if (popover->show(*item, {0, 0, 40, 24}) || popover->isShown())
@@ -139,21 +151,25 @@ Task<Verdict> windowsTellOnceThatTheyClose(Platform platform) {
     const auto window =
         platform.presentation.makeWindow("Self-check of Tavrin", notesIn(closings, platform.scheduler));
     window->setContent(everything("Every kind of view"));
+    const OwnWindows windows(platform);
     Findings findings;
     findings.expect(!window->isVisible(), "it is visible before it was shown");
     window->makeKeyAndOrderFront();
-    (void)co_await sleepFor(300ms);
+    findings.expect(co_await windows.comes(), notListed);
     findings.expect(window->isVisible(), "it is not visible");
+    const auto seen = windows.appeared();
     window->setContent(everything("Another heading"));
     (void)co_await sleepFor(300ms);
     findings.expect(window->isVisible(), "it did not stay when its content changed");
     window->close();
     (void)co_await sleepFor(animationTime);
     findings.expect(!window->isVisible(), "it is visible after it was closed");
+    findings.expect(co_await windows.goes(), stillListed);
     window->close();
     (void)co_await sleepFor(animationTime);
     expectOne(findings, *closings);
-    co_return findings.verdict("It showed every kind of view, closed, and told so once.");
+    co_return findings.verdict("It showed every kind of view, listed as " + said(seen) +
+                               ", closed, and told so once.");
 }
 
 Task<Verdict> destroyedWindowsAreSilent(Platform platform) {
@@ -161,14 +177,16 @@ Task<Verdict> destroyedWindowsAreSilent(Platform platform) {
     auto window =
         platform.presentation.makeWindow("Self-check of Tavrin", notesIn(closings, platform.scheduler));
     window->setContent(note("Self-check of Tavrin"));
+    const OwnWindows windows(platform);
     window->makeKeyAndOrderFront();
-    (void)co_await sleepFor(300ms);
-    const bool isVisible = window->isVisible();
+    const bool wasShown = co_await windows.comes() && window->isVisible();
     window.reset();
     (void)co_await sleepFor(animationTime);
-    if (!isVisible) co_return failed("It was not visible.");
-    if (closings->count != 0) co_return failed("It told that it closes.");
-    co_return passed("It went without a word.");
+    Findings findings;
+    findings.expect(wasShown, notListed);
+    findings.expect(co_await windows.goes(), stillListed);
+    findings.expect(closings->count == 0, "it told that it closes");
+    co_return findings.verdict("It went without a word.");
 }
 
 bool isOnScreen(const Platform& platform, Rect area) {
@@ -205,18 +223,24 @@ Task<Verdict> panelsShowBelowTheirAnchor(Platform platform) {
 
 Task<Verdict> destroyedAlertsGiveNoAnswer(Platform platform) {
     const auto answers = std::make_shared<int>(0);
+    const OwnWindows windows(platform);
     auto alert = platform.presentation.showAlert({.messageText = "Self-check of Tavrin",
                                                   .informativeText = "This alert goes by itself.",
                                                   .buttons = {"OK", "Cancel"},
                                                   .icon = std::nullopt},
                                                  [answers](std::size_t) { ++*answers; });
-    (void)co_await sleepFor(300ms);
+    const bool hasCome = co_await windows.comes();
+    const auto seen = windows.appeared();
     alert->bringToFront();
     (void)co_await sleepFor(300ms);
     alert.reset();
-    (void)co_await sleepFor(animationTime);
-    if (*answers != 0) co_return failed("It was answered.");
-    co_return passed("It went without an answer, and work went on while it was there.");
+    const bool hasGone = co_await windows.goes();
+    Findings findings;
+    findings.expect(hasCome, notListed);
+    findings.expect(hasGone, stillListed);
+    findings.expect(*answers == 0, "it was answered");
+    co_return findings.verdict("Listed as " + said(seen) +
+                               ", it went without an answer, and work went on while it was there.");
 }
 
 /// What a recorder learns of its button.

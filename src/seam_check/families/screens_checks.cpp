@@ -71,7 +71,7 @@ Verdict notchLiesBetween(const Platform& platform) {
         ++notches;
         lookAtNotch(findings, screen);
     }
-    if (notches == 0 && findings.areNone()) return skipped("No screen has a notch.");
+    if (notches == 0 && findings.areNone()) return inapplicable("No screen has a notch.");
     return findings.verdict(counted(notches, "screen") + " with a notch.");
 }
 

@@ -1,10 +1,8 @@
-#include "platform/accessibility.h"
-#include "platform/accessibility_names.h"
-#include "platform/application.h"
 #include "platform/status_items.h"
-#include "platform/workspace.h"
+#include "platform/window_server.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
+#include "seam_check/item_sight.h"
 #include "seam_check/shown_item.h"
 #include "seam_check/waiting.h"
 #include "seam_check/words.h"
@@ -19,22 +17,67 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr double slack = 4; // points; macOS draws some items a little wider than their places
+bool isAbout(double value, double expected) { return std::abs(value - expected) <= itemSlack; }
 
-bool isAbout(double value, double expected) { return std::abs(value - expected) <= slack; }
+/// Frames that an item has before it is placed, but for those without height.
+struct EarlyFrame {
+    std::optional<Rect> seen;
 
-bool isInAMenuBar(const Platform& platform, const Rect& frame) {
-    return std::ranges::any_of(platform.screens.screens(), [&](const Screen& screen) {
-        const auto& whole = screen.frame;
-        return frame.minY() >= whole.minY() - 1 &&
-               frame.maxY() <= whole.minY() + screen.menuBarHeight + slack && frame.maxX() > whole.minX() &&
-               frame.minX() < whole.maxX();
-    });
+    bool isPlaced(const Platform& platform, const ScratchItem& item) {
+        const auto frame = item->frame();
+        if (!frame || frame->height <= 0) return false;
+        if (isInAMenuBar(platform, *frame)) return true;
+        seen = frame;
+        return false;
+    }
+};
+
+Task<Verdict> newItemsArePlacedSoon(Platform platform) {
+    const auto begun = platform.scheduler.now();
+    const ScratchItem item(platform, "tavrin-seam-check-new", 40, 150);
+    EarlyFrame early;
+    const auto isPlaced = [&] { return early.isPlaced(platform, item); };
+    const bool wasPlaced = co_await comesTrue(platform, isPlaced, placementTimeMax);
+    const auto placedAfter = platform.scheduler.now() - begun;
+    const bool wasDrawn = co_await comesTrue(platform, [&item] { return item.isDrawn(); }, 1s);
+    const auto drawnAfter = platform.scheduler.now() - begun;
+    if (!wasPlaced && early.seen)
+        co_return skipped("It stays where no menu bar is, " + said(*early.seen) +
+                          ": the menu bar may be hidden, or this program's items not allowed.");
+    if (!wasPlaced)
+        co_return failed("After " + said(placedAfter) + " its frame is " + said(item->frame()) + ".");
+    if (early.seen)
+        co_return failed("Before it was in the menu bar it was told to be " + said(*early.seen) + ".");
+    co_return passed("It had its place after " + said(placedAfter) +
+                     (wasDrawn ? " and was drawn after " + said(drawnAfter) + "." : " and was not drawn."));
+}
+
+/// A window that is gone from the list may have left a neighbour in its place, so it is known by its number.
+bool isListed(const Platform& platform, const OnScreenWindow& window) {
+    return std::ranges::any_of(platform.windowServer.onScreenWindows(),
+                               [&](const OnScreenWindow& one) { return one.number == window.number; });
+}
+
+Task<Verdict> sourcesAgreeOnWhatIsDrawn(Platform platform) {
+    const auto shown = co_await shownItem(platform, 53); // no usual length, so that no other window fits
+    if (!shown) co_return shown.error();
+    const auto& item = *shown;
+    const auto before = lookAt(platform, *item);
+    item->setVisible(false);
+    (void)co_await comesTrue(platform, [&item] { return !item->isDrawn(); }, 2s);
+    const auto isGone = [&] { return !before.window || !isListed(platform, *before.window); };
+    const bool hasLeftTheList = co_await comesTrue(platform, isGone, 2s);
+    Findings findings;
+    findings.expect(before.isSeen(), "it was " + said(before));
+    findings.expect(!item->isDrawn(), "made invisible, it is still drawn");
+    findings.expect(hasLeftTheList, "made invisible, its window is still in the list");
+    co_return findings.verdict("It was " + said(before) + ". Made invisible, it was " +
+                               said(lookAt(platform, *item)) + ".");
 }
 
 Task<Verdict> newItemsAreInTheMenuBar(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto frame = item->frame().value_or(Rect{});
     Findings findings;
@@ -46,7 +89,7 @@ Task<Verdict> newItemsAreInTheMenuBar(Platform platform) {
 
 Task<Verdict> lengthsGrowToTheLeft(Platform platform) {
     const auto shown = co_await shownItem(platform, 30);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto before = item->frame().value_or(Rect{});
     item->setLength(50);
@@ -56,7 +99,8 @@ Task<Verdict> lengthsGrowToTheLeft(Platform platform) {
     (void)co_await comesTrue(platform, isWider, 2s);
     (void)co_await comesToRest(&*item);
     const auto after = item->frame().value_or(Rect{});
-    if (!item->isDrawn()) co_return skipped("The longer item had no room.");
+    if (!item->isDrawn())
+        co_return skipped("The longer item had no room: " + said(lookAt(platform, *item)) + ".");
     Findings findings;
     findings.expect(item->length() == 50, "its length is " + said(item->length()));
     findings.expect(isAbout(after.width, before.width + 20),
@@ -68,7 +112,7 @@ Task<Verdict> lengthsGrowToTheLeft(Platform platform) {
 
 Task<Verdict> specialLengths(Platform platform) {
     const auto shown = co_await shownItem(platform, squareStatusItemLength);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto square = item->frame().value_or(Rect{});
     Findings findings;
@@ -84,7 +128,7 @@ Task<Verdict> specialLengths(Platform platform) {
 
 Task<Verdict> looksChangeNoPlace(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     const auto before = item->frame();
     item->setImage({TemplateImage::Source::System, "no symbol has this name", "Tavrin"});
@@ -103,7 +147,7 @@ Task<Verdict> looksChangeNoPlace(Platform platform) {
 
 Task<Verdict> hiddenItemsComeBack(Platform platform) {
     const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
+    if (!shown) co_return shown.error();
     const auto& item = *shown;
     item->setVisible(false);
     const bool hasGone = co_await comesTrue(platform, [&item] { return !item->isDrawn(); }, 2s);
@@ -116,86 +160,15 @@ Task<Verdict> hiddenItemsComeBack(Platform platform) {
     co_return findings.verdict(isDrawnAgain ? "It went and came." : "It went and came, but was not drawn.");
 }
 
-Task<Verdict> storedPlacesAreTaken(Platform platform) {
-    // Without stored places the item that is made later would stand further left.
-    const ScratchItem first(platform, "tavrin-seam-check-left", 24, 160);
-    const ScratchItem second(platform, "tavrin-seam-check-right", 24, 150);
-    const auto areDrawn = [&] { return first.isDrawn() && second.isDrawn(); };
-    if (!co_await comesTrue(platform, areDrawn, 3s)) co_return skipped(itemNotDrawn);
-    (void)co_await comesToRest(&*first);
-    (void)co_await comesToRest(&*second);
-    const auto a = first->frame();
-    const auto b = second->frame();
-    if (!a || !b) co_return skipped(itemNotDrawn);
-    const auto seen = "The items are " + said(*a) + " and " + said(*b) + ".";
-    if (a->minX() < b->minX()) co_return passed(seen);
-    if (platform.workspace.operatingSystemVersion().major >= 27)
-        co_return skipped("From macOS 27 on the system may keep places elsewhere. " + seen);
-    co_return failed("The places stored for them were not taken. " + seen);
-}
-
-struct ItemTexts {
-    bool isLabelled = false;
-    bool hasHelp = false;
-};
-
-bool tells(Accessibility& accessibility, const AccessibilityElement& item, std::string_view attribute,
-           const std::string& text) {
-    const auto answer = accessibility.attribute(item, attribute);
-    const auto* value = answer ? std::get_if<std::string>(&*answer) : nullptr;
-    return value && value->contains(text);
-}
-
-/// What Accessibility tells of this process's own items; runs off the main thread.
-ItemTexts ownItemTexts(Accessibility& accessibility, const AccessibilityElement& application,
-                       const std::string& label, const std::string& help) {
-    ItemTexts texts;
-    const auto bar = accessibility.attribute(application, ax::extrasMenuBar);
-    const auto* element = bar ? std::get_if<AccessibilityElement>(&*bar) : nullptr;
-    if (!element) return texts;
-    const auto children = accessibility.attribute(*element, ax::children);
-    const auto* items = children ? std::get_if<std::vector<AccessibilityElement>>(&*children) : nullptr;
-    if (!items) return texts;
-    for (const auto& item : *items) {
-        texts.isLabelled = texts.isLabelled || tells(accessibility, item, ax::description, label) ||
-                           tells(accessibility, item, ax::title, label);
-        texts.hasHelp = texts.hasHelp || tells(accessibility, item, ax::help, help);
-    }
-    return texts;
-}
-
-Task<ItemTexts> ownItemTexts(Platform platform, std::string label, std::string help) {
-    auto& accessibility = platform.accessibility;
-    const auto application = accessibility.application(platform.application.processIdentifier());
-    accessibility.setMessagingTimeout(application, 2s);
-    const auto texts = co_await offTheMainThread(
-        platform, [&accessibility, application, label = std::move(label), help = std::move(help)] {
-            return ownItemTexts(accessibility, application, label, help);
-        });
-    co_return texts.value_or(ItemTexts{});
-}
-
-Task<Verdict> textsReachAccessibility(Platform platform) {
-    const auto shown = co_await shownItem(platform, 40);
-    if (!shown) co_return skipped(itemNotDrawn);
-    const auto& item = *shown;
-    item->setAccessibilityLabel("Label of the self-check");
-    item->setToolTip("Help of the self-check");
-    const auto told = co_await ownItemTexts(platform, "Label of the self-check", "Help of the self-check");
-    item->setHiddenFromAccessibility(true);
-    const auto hidden = co_await ownItemTexts(platform, "Label of the self-check", "Help of the self-check");
-    Findings findings;
-    findings.expect(told.isLabelled, "its label was not found");
-    findings.expect(told.hasHelp, "its tool tip was not found as help");
-    findings.expect(!hidden.isLabelled, "it was still found after it was hidden");
-    co_return findings.verdict("Label and help were found, and neither when it was hidden.");
-}
-
 } // namespace
 
 std::vector<Check> statusItemsChecks() {
     constexpr auto family = "status items";
     return {
+        changes(family, "A new item gets its place within five seconds, and has no height before.",
+                newItemsArePlacedSoon),
+        changes(family, "Of a drawn item AppKit, its frame and the window server's list tell the same.",
+                sourcesAgreeOnWhatIsDrawn),
         changes(family,
                 "A new item is in the menu bar with the length it was given, counted from the top left.",
                 newItemsAreInTheMenuBar),
@@ -205,9 +178,6 @@ std::vector<Check> statusItemsChecks() {
                 looksChangeNoPlace),
         changes(family, "An item made invisible is not drawn, and has a place again when it is made visible.",
                 hiddenItemsComeBack),
-        changes(family, "An item takes the place that is stored under its name.", storedPlacesAreTaken),
-        changes(family, "Label and tool tip reach Accessibility, and a hidden item is not found there.",
-                textsReachAccessibility),
     };
 }
 

@@ -17,6 +17,9 @@ typedef CF_ENUM(uint32_t, CGEventType) {
 };
 
 typedef CF_OPTIONS(uint64_t, CGEventFlags) {
+    kCGEventFlagMaskShift = 0x00020000,
+    kCGEventFlagMaskControl = 0x00040000,
+    kCGEventFlagMaskAlternate = 0x00080000,
     kCGEventFlagMaskCommand = 0x00100000,
 };
 
