@@ -51,6 +51,10 @@ enum class Activation { Declined, Granted, Late };
 /// without height.
 enum class Placement { Slow, Prompt, VerySlow };
 
+/// What becomes of a popover of the program at a status item that isn't drawn: macOS says that it is shown,
+/// and no window comes up; or it isn't shown at all.
+enum class HiddenAnchor { Claims, Refuses };
+
 struct Uncertainties {
     ZeroPosition zeroPosition = ZeroPosition::Rightmost;
     LongItem longItem = LongItem::Pushes;
@@ -62,6 +66,7 @@ struct Uncertainties {
     Removal removal = Removal::ForgetsPosition;
     Activation activation = Activation::Declined;
     Placement placement = Placement::Slow;
+    HiddenAnchor hiddenAnchor = HiddenAnchor::Claims;
 
     bool operator==(const Uncertainties&) const = default;
 };
@@ -110,6 +115,7 @@ inline constexpr std::string_view offscreenFramesNames[]{"true", "clamped"};
 inline constexpr std::string_view removalNames[]{"forgetsPosition", "keepsPosition"};
 inline constexpr std::string_view activationNames[]{"declined", "granted", "late"};
 inline constexpr std::string_view placementNames[]{"slow", "prompt", "verySlow"};
+inline constexpr std::string_view hiddenAnchorNames[]{"claims", "refuses"};
 
 } // namespace detail
 
@@ -124,6 +130,7 @@ inline constexpr std::array uncertaintySettings{
     detail::settingOf<&Uncertainties::removal>("removal", detail::removalNames),
     detail::settingOf<&Uncertainties::activation>("activation", detail::activationNames),
     detail::settingOf<&Uncertainties::placement>("placement", detail::placementNames),
+    detail::settingOf<&Uncertainties::hiddenAnchor>("hiddenAnchor", detail::hiddenAnchorNames),
 };
 
 /// Null when there is no setting of that name.

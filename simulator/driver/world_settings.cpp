@@ -153,6 +153,18 @@ Change behindNotch(World world, const json& value, const std::string& pointer, F
     };
 }
 
+Change allowedInMenuBar(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    constexpr std::array<std::string_view, 2> names{"no", "yes"};
+    constexpr int firstVersionWithSwitch = 26;
+    const auto wanted = perBundle(world, value, pointer, faults, names, true);
+    if (world.mac.version().major < firstVersionWithSwitch)
+        faults.note(pointer, "needs macOS 26, whose System Settings have that switch");
+    return [world, wanted] {
+        for (const auto& [bundle, isAllowed] : wanted)
+            (void)world.mac.statusItems().setAllowed(bundle, isAllowed);
+    };
+}
+
 Change refuseDrags(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     enum class Refusal { No, Yes };
     constexpr std::array<std::string_view, 2> names{"no", "yes"};
@@ -315,6 +327,7 @@ constexpr std::array settings{
     WorldSetting{"hang", hang},
     WorldSetting{"resume", resume},
     WorldSetting{"behindNotch", behindNotch},
+    WorldSetting{"allowedInMenuBar", allowedInMenuBar},
     WorldSetting{"removeItem", removeItem},
     WorldSetting{"quit", quit},
     WorldSetting{"launch", launch}};

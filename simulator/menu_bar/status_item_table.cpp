@@ -110,6 +110,29 @@ std::expected<void, std::string> StatusItemTable::setBehindNotch(std::string_vie
     return {};
 }
 
+std::expected<void, std::string> StatusItemTable::setAllowed(std::string_view bundleIdentifier,
+                                                             bool isAllowed) {
+    const auto processes = processes_.withBundle(bundleIdentifier);
+    if (processes.empty())
+        return std::unexpected("No running application has the bundle identifier \"" +
+                               std::string(bundleIdentifier) + "\".");
+    disallowed_.erase(std::string(bundleIdentifier));
+    if (!isAllowed) disallowed_.emplace(bundleIdentifier);
+    for (const auto process : processes)
+        for (const auto* record : itemsOf(process)) {
+            if (!isAllowed) onLeaving.emit(record->identifier);
+            change(record->identifier)->isRestricted = !isAllowed;
+        }
+    onPlacesStale.emit();
+    return {};
+}
+
+void StatusItemTable::readStored(StatusItemRecord& record) const {
+    const auto domain = domainOf(record);
+    stored_.read(record, domain);
+    record.isRestricted = record.isRestricted || disallowed_.contains(domain.name);
+}
+
 bool StatusItemTable::areAllBehindNotch(ProcessIdentifier owner) const {
     const auto* process = processes_.find(owner);
     return process && behindNotch_.contains(process->application.bundleIdentifier);
@@ -133,7 +156,7 @@ StatusItemRecord StatusItemTable::recordFor(const Process& owner, const StatusIt
     record.length = spec.width;
     record.preferredPosition = spec.preferredPosition;
     record.isBehindNotch = behindNotch_.contains(owner.application.bundleIdentifier);
-    if (!record.name.empty()) stored_.read(record, domainOf(record));
+    if (!record.name.empty()) readStored(record);
     return record;
 }
 
@@ -182,9 +205,9 @@ StatusItemIdentifier StatusItemTable::add(std::shared_ptr<ProgramConnection> con
     record.length = usableLength(length);
     record.isBehindNotch = behindNotch_.contains(domain.name);
     record.name = "Item-" + std::to_string(itemsOf(record.owner).size());
-    stored_.read(record, domain);
     const auto identifier = record.identifier;
     programItems_.emplace(identifier, ProgramItem{std::move(connection), std::move(domain)});
+    readStored(record);
     records_.emplace(identifier, std::move(record));
     onPlacesStale.emit();
     return identifier;
@@ -214,7 +237,7 @@ void StatusItemTable::setAutosaveName(StatusItemIdentifier identifier, std::stri
     record->name = std::move(name);
     record->preferredPosition.reset();
     record->isVisible = true;
-    stored_.read(*record, domainOf(*record));
+    readStored(*record);
     onPlacesStale.emit();
 }
 

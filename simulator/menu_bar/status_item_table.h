@@ -51,6 +51,8 @@ class StatusItemTable {
     /// The person drags every item of the bundle off the menu bar.
     std::expected<void, std::string> removeItems(std::string_view bundleIdentifier);
     std::expected<void, std::string> setBehindNotch(std::string_view bundleIdentifier, BehindNotch);
+    /// The person's switch for the bundle in System Settings › Menu Bar, since macOS 26.
+    std::expected<void, std::string> setAllowed(std::string_view bundleIdentifier, bool isAllowed);
     /// Whether no item of that owner's bundle ever stays in sight beside the notch.
     bool areAllBehindNotch(ProcessIdentifier owner) const;
 
@@ -83,6 +85,7 @@ class StatusItemTable {
         DefaultsDomain domain;
     };
 
+    void readStored(StatusItemRecord&) const;
     void addItemsOf(ProcessIdentifier);
     void removeItemsOf(ProcessIdentifier);
     StatusItemRecord recordFor(const Process& owner, const StatusItemSpec&);
@@ -96,6 +99,7 @@ class StatusItemTable {
     std::map<StatusItemIdentifier, StatusItemRecord> records_; // identifiers ascend with creation
     std::map<StatusItemIdentifier, ProgramItem> programItems_;
     std::set<std::string, std::less<>> behindNotch_; // bundles
+    std::set<std::string, std::less<>> disallowed_;  // bundles
     std::uint64_t nextIdentifier_ = 1;
     std::vector<Subscription> subscriptions_;
 };

@@ -44,6 +44,12 @@ Rect windowFrame(Size size, const ScreenSpec& screen) {
     return {std::round(frame.midX() - size.width / 2), std::round(top + room * 0.4), size.width, size.height};
 }
 
+Rect windowFrameBelowMenuBar(Size size, const ScreenSpec& screen) {
+    const Rect& frame = screen.frame;
+    const double x = std::max(frame.minX(), frame.maxX() - edgeMargin - size.width);
+    return {std::round(x), frame.minY() + screen.menuBarHeight + edgeMargin, size.width, size.height};
+}
+
 Rect popoverFrame(Size size, Rect area, const ScreenSpec& screen) {
     const double y = area.maxY() + arrowHeight;
     const double x = kept(std::round(area.midX() - size.width / 2), screen.frame.minX() + edgeMargin,

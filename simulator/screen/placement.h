@@ -16,6 +16,9 @@ ScreenSpec screenFor(const std::vector<ScreenSpec>&, Point);
 /// A window of this size on the screen: centred, a little high.
 Rect windowFrame(Size, const ScreenSpec&);
 
+/// A window of this size at the right end of the screen, below the menu bar.
+Rect windowFrameBelowMenuBar(Size, const ScreenSpec&);
+
 /// Below the area, kept on the screen; the room between holds the arrow. Cut where the screen ends.
 Rect popoverFrame(Size, Rect area, const ScreenSpec&);
 

@@ -112,7 +112,8 @@ Surface* SurfaceStack::alertBefore(const Surface& surface) const {
 
 bool SurfaceStack::canBeKey(const Surface& surface) const {
     if (alertBefore(surface)) return false;
-    const bool needsActivity = surface.kind == SurfaceKind::Window || surface.kind == SurfaceKind::Alert;
+    const bool needsActivity = surface.kind == SurfaceKind::Window || surface.kind == SurfaceKind::Alert ||
+                               surface.kind == SurfaceKind::Popover;
     return !needsActivity || surface.owner == active_;
 }
 

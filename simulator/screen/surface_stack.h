@@ -36,8 +36,8 @@ class SurfaceStack {
     void raise(SurfaceIdentifier);
     /// When the key surface goes away, the one that was key before it takes its place.
     void makeKey(SurfaceIdentifier);
-    /// None while the windows that could be key belong to applications that aren't active; panels and
-    /// popovers can be key without that.
+    /// None while the windows that could be key belong to applications that aren't active; panels can be
+    /// key without that.
     Surface* key() const;
     /// The front-most alert of the process, which keeps presses and keys from what else the process shows;
     /// null when there is none.

@@ -18,9 +18,11 @@ Size sizeFor(const View& content) {
 
 } // namespace
 
-void placeTitledWindow(Surface& surface, const View& content, const std::vector<ScreenSpec>& screens) {
+void placeTitledWindow(Surface& surface, const View& content, const std::vector<ScreenSpec>& screens,
+                       WindowPlace place) {
+    const auto placed = place == WindowPlace::Usual ? windowFrame : windowFrameBelowMenuBar;
     surface.hasTitleBar = true;
-    surface.frame = windowFrame(sizeFor(content), screenFor(screens, {}));
+    surface.frame = placed(sizeFor(content), screenFor(screens, {}));
     showAnew(surface, laidOut(content, surface.contentFrame()));
 }
 

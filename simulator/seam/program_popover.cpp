@@ -40,9 +40,17 @@ bool ProgramPopover::show(StatusItem& item, Rect area) {
     item_ = identifierOf(item);
     itemOrigin_ = frame->origin();
     area_ = onScreenOfPress(area);
+    if (!isAnchorDrawn(*frame))
+        return presentation_.mac_.behaviour.uncertainties.hiddenAnchor == HiddenAnchor::Claims;
     if (!surface_.open()) return false;
     presentation_.stack_.makeKey(surface_.identifier());
     return true;
+}
+
+/// Until macOS has placed the item, the program is told a frame without height.
+bool ProgramPopover::isAnchorDrawn(Rect frameForProgram) const {
+    const auto* record = presentation_.mac_.statusItems.find(item_);
+    return record && record->isDrawn && frameForProgram.height > 0;
 }
 
 /// The popover opens on the screen on whose menu bar the person pressed the item.

@@ -29,6 +29,7 @@ class ProgramPopover final : public tavrin::Popover {
     Rect onScreenOfPress(Rect) const;
     OutsidePress outsidePress() const;
     bool isOnScreen();
+    bool isAnchorDrawn(Rect frameForProgram) const;
 
     ProgramPresentation& presentation_;
     PopoverBehavior behavior_;

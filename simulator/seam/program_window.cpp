@@ -1,7 +1,5 @@
 #include "seam/program_window.h"
 
-#include "screen/titled_window.h"
-
 #include <utility>
 
 namespace mac_model {
@@ -22,7 +20,7 @@ void ProgramWindow::layOut(Surface& surface, const View& content) const {
     if (surface.hasTitleBar)
         replaceContent(surface, content);
     else
-        placeTitledWindow(surface, content, presentation_.mac_.screens.screens());
+        placeTitledWindow(surface, content, presentation_.mac_.screens.screens(), place_);
 }
 
 void ProgramWindow::hasClosed() {

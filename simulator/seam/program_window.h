@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/presentation.h"
+#include "screen/titled_window.h"
 #include "seam/program_surface.h"
 #include "vocabulary/vocabulary.h"
 
@@ -14,6 +15,8 @@ class ProgramWindow final : public tavrin::Window {
 
     void setContent(View content) override { surface_.setContent(std::move(content)); }
 
+    void placeBelowMenuBar() override { place_ = WindowPlace::BelowMenuBar; }
+
     void makeKeyAndOrderFront() override;
 
     void close() override { surface_.close(); }
@@ -25,6 +28,7 @@ class ProgramWindow final : public tavrin::Window {
     void hasClosed();
 
     ProgramPresentation& presentation_;
+    WindowPlace place_ = WindowPlace::Usual;
     ProgramSurface surface_;
 };
 

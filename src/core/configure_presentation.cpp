@@ -1,7 +1,7 @@
 #include "core/configure_presentation.h"
 
+#include "concurrency/wait_until.h"
 #include "concurrency/waits.h"
-#include "platform/application.h"
 
 #include <utility>
 
@@ -13,11 +13,11 @@ ConfigurePresentation::ConfigurePresentation(const Platform& platform, HidingCor
     , core_(core)
     , hint_(hint)
     , content_(std::move(content))
+    , surface_(platform, [this](auto kind) { surfaceDidClose(kind); })
     , observations_(core.readings.onAnyChange([this] { contentChanged(); })) {
     const auto& activity = core.activity;
-    observations_.push_back(activity.isApplyingConfiguration.subscribe([this](const bool&) {
-        if (popover_) popover_->setBehavior(behavior());
-    }));
+    observations_.push_back(activity.isApplyingConfiguration.subscribe(
+        [this](const bool&) { surface_.setBehavior(behavior()); }));
     observations_.push_back(activity.isCollapsed.subscribe([this](const bool& isCollapsed) {
         if (isCollapsed) barDidCollapse();
     }));
@@ -39,7 +39,8 @@ PopoverBehavior ConfigurePresentation::behavior() const {
 
 void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
     hint_.dismiss();
-    if (!core_.statusItems.controlFrame() || isShown()) return;
+    if (isShown()) return surface_.bringToFront();
+    if (!core_.statusItems.control()) return;
     core_.settings.setBoolean(Settings::didPresentInitialConfigurationKey, true);
     rememberCollapsedState();
     comingBackTask_.cancel();
@@ -47,7 +48,7 @@ void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
     core_.hiding.cancelRequests();
     core_.hiding.expand(Persist::No);
     if (errorMessage == ErrorMessage::Clear) core_.failure.clear();
-    openingTask_ = start(platform_.scheduler, open());
+    openingTask_ = start(platform_.scheduler, open(core_.statusItems.controlFrame().has_value()));
 }
 
 /// An opening or a restore in progress has the bar expanded already; what it was to restore is still owed.
@@ -56,23 +57,30 @@ void ConfigurePresentation::rememberCollapsedState() {
     if (core_.activity.isCollapsed.get()) isCollapseOwed_ = true;
 }
 
-Task<> ConfigurePresentation::open() {
+Task<> ConfigurePresentation::open(bool hadControl) {
     if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
-    if (!core_.activity.isCollapsed.get() && !isShown()) present();
+    const auto isSettled = [this] { return !core_.statusItems.isAwaitingPlacement(); };
+    (void)co_await waitUntil(platform_.scheduler, isSettled, placementPollInterval, placementWaitMax);
+    if (co_await isCancelled() || core_.activity.isCollapsed.get() || isShown()) co_return;
+    if (hadControl && !core_.statusItems.controlFrame())
+        core_.failure.tell("The menu bar control moved while Configure was opening. Try again.");
+    present();
 }
 
 void ConfigurePresentation::present() {
+    if (!presentAtControl()) presentInWindow();
+}
+
+bool ConfigurePresentation::presentAtControl() {
     const auto glyph = core_.statusItems.controlGlyphFrame();
-    auto popover = platform_.presentation.makePopover(behavior(), [this] { popoverDidClose(); });
-    popover->setContent(content_());
-    // The transient popover of an inactive application closes at the next event, whatever that is.
-    platform_.application.activate();
-    if (glyph && popover->show(*core_.statusItems.control(), *glyph)) {
-        popover_ = std::move(popover);
-    } else {
-        isCollapseOwed_ = false;
-        core_.failure.tell("The menu bar control moved while Configure was opening. Try again.");
-    }
+    return glyph && !core_.statusItems.isKeptOutOfMenuBar() &&
+           surface_.showPopover(*core_.statusItems.control(), *glyph, behavior(), content_());
+}
+
+/// The window says why it is none at the control, unless something worse is to be told.
+void ConfigurePresentation::presentInWindow() {
+    if (!core_.failure.published().get()) core_.failure.tell(core_.statusItems.whyControlIsUnseen());
+    surface_.showWindow(content_());
 }
 
 void ConfigurePresentation::barDidCollapse() {
@@ -89,14 +97,13 @@ void ConfigurePresentation::close() {
     comingBackTask_.cancel();
     pendingPopoverRestoreTask_.cancel();
     isCollapseOwed_ = false;
-    popover_.reset();
+    surface_.close();
 }
 
-void ConfigurePresentation::popoverDidClose() {
-    popover_.reset();
-    // Nobody closes the window of an apply: its control has gone from under it.
+void ConfigurePresentation::surfaceDidClose(ConfigureSurface::Kind kind) {
     if (!core_.activity.isApplyingConfiguration.get()) return restoreIfOwed();
-    comingBackTask_ = start(platform_.scheduler, comeBack());
+    // Nobody closes the popover of an apply: its control has gone from under it.
+    if (kind == ConfigureSurface::Kind::Popover) comingBackTask_ = start(platform_.scheduler, comeBack());
 }
 
 /// A repair makes a new control, and displays that have gone for a moment bring the old one back.
@@ -105,7 +112,8 @@ Task<> ConfigurePresentation::comeBack() {
         if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
         if (core_.statusItems.validControlGlyphFrame()) present();
     }
-    if (!isShown() && !core_.activity.isApplyingConfiguration.get()) restoreIfOwed();
+    if (isShown()) co_return;
+    core_.activity.isApplyingConfiguration.get() ? presentInWindow() : restoreIfOwed();
 }
 
 void ConfigurePresentation::restoreIfOwed() {
@@ -131,7 +139,7 @@ void ConfigurePresentation::contentChanged() {
 }
 
 Task<> ConfigurePresentation::render() {
-    if (isShown()) popover_->setContent(content_());
+    if (isShown()) surface_.setContent(content_());
     co_return;
 }
 

@@ -2,19 +2,20 @@
 
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
+#include "core/configure_surface.h"
 #include "core/first_run_hint.h"
 #include "core/hiding_core.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace tavrin {
 
-/// Opens and closes the configure window, a popover at the control. The window always shows the whole menu
-/// bar: it expands the bar when it opens and restores the collapsed state when it closes. Main thread.
+/// Opens and closes the configure window, a popover at the control, or a window below the menu bar where the
+/// control can't be seen. It always shows the whole menu bar: it expands the bar when it opens and restores
+/// the collapsed state when it closes. Main thread.
 class ConfigurePresentation {
   public:
     enum class ErrorMessage { Clear, Keep };
@@ -26,7 +27,7 @@ class ConfigurePresentation {
     ConfigurePresentation(const ConfigurePresentation&) = delete;
     ConfigurePresentation& operator=(const ConfigurePresentation&) = delete;
 
-    /// Takes the place of the hint.
+    /// Takes the place of the hint, and brings a window that is open to the front.
     void showConfiguration(ErrorMessage errorMessage = ErrorMessage::Clear);
 
     /// The user has clicked the control: a state that is about to be restored is so no longer.
@@ -46,17 +47,21 @@ class ConfigurePresentation {
   private:
     static constexpr Seconds settleWait{0.18}; // the status items find their places after an expand
     static constexpr Seconds restoreWait{0.08};
+    static constexpr Seconds placementPollInterval{0.1};
+    static constexpr Seconds placementWaitMax{6};
     static constexpr int looksForControlMax = 40; // longer than any repair takes
 
-    bool isShown() const { return popover_ && popover_->isShown(); }
+    bool isShown() const { return surface_.isShown(); }
 
     PopoverBehavior behavior() const;
     void rememberCollapsedState();
-    Task<> open();
+    Task<> open(bool hadControl);
     void present();
+    bool presentAtControl();
+    void presentInWindow();
     void barDidCollapse();
     void applyDidEnd(ApplyOutcome outcome);
-    void popoverDidClose();
+    void surfaceDidClose(ConfigureSurface::Kind kind);
     Task<> comeBack();
     void restoreIfOwed();
     Task<> restoreCollapsedState();
@@ -67,7 +72,7 @@ class ConfigurePresentation {
     FirstRunHint& hint_;
     std::function<View()> content_;
     bool isCollapseOwed_ = false; // when the window closes
-    std::unique_ptr<Popover> popover_;
+    ConfigureSurface surface_;
     std::vector<Subscription> observations_;
     Job<> openingTask_; // the newest request cancels those before
     Job<> comingBackTask_;

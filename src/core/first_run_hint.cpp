@@ -34,13 +34,14 @@ FirstRunHint::~FirstRunHint() { platform_.scheduler.cancelTimer(glowTimer_); }
 void FirstRunHint::showIfPending() {
     if (popover_ || !settings_.boolean(Settings::pendingFirstRunHintKey)) return;
     const auto glyph = items_.controlGlyphFrame();
-    if (!glyph) return;
+    if (!glyph || items_.isKeptOutOfMenuBar()) return;
     auto popover =
         platform_.presentation.makePopover(PopoverBehavior::Transient, [this] { popoverDidClose(); });
     popover->setContent(hintView());
     // The transient popover of an inactive application closes at the next event, whatever that is.
     platform_.application.activate();
-    if (!popover->show(*items_.control(), *glyph)) return;
+    // Unseen, the hint stays owed.
+    if (!popover->show(*items_.control(), *glyph) || !popover->isShown()) return;
     popover_ = std::move(popover);
     startGlow();
 }

@@ -36,7 +36,7 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
                  [this, view = std::move(hooks.configureView)] { return view(*this); })
     , pinnedActions_(platform, permission,
                      {.isHidingItems = [this] { return core_.activity.isCollapsed.get(); },
-                      .noticeAnchor = [this] { return core_.statusItems.controlGlyphFrame(); },
+                      .noticeAnchor = [this] { return core_.statusItems.validControlGlyphFrame(); },
                       .editPin = [this](const Uuid&) { showConfiguration(); }})
     , control_(platform, core_.activity, core_.statusItems, hint_, updates,
                {.toggleCollapse = [this] { toggleCollapse(); },

@@ -28,6 +28,16 @@ inline Rect statusArea(const Screen& screen) {
     return area;
 }
 
+/// Whether the item waits at the lower left corner of the primary screen, as the windows of items do that
+/// macOS 26 and later don't let into the menu bar: their top left was seen a point left of it and a point
+/// above.
+inline bool isParked(const Rect& itemFrame, std::span<const Screen> screens) {
+    constexpr double tolerance = 8; // the button may be smaller than its window
+    if (screens.empty()) return false;
+    const auto& primary = screens.front().frame;
+    return itemFrame.minX() <= primary.minX() + tolerance && itemFrame.minY() >= primary.maxY() - tolerance;
+}
+
 /// macOS 26 reports items wider than their places by this many points on each side.
 inline constexpr double reportedOverlap = 1;
 

@@ -3,6 +3,7 @@
 #include "concurrency/wait_until.h"
 #include "discovery/menu_bar_screen_geometry.h"
 #include "hiding/status_item_geometry_policy.h"
+#include "platform/workspace.h"
 
 #include <limits>
 #include <string>
@@ -15,6 +16,8 @@ namespace {
 
 /// Small enough that no other item fits between the control and the spacer.
 constexpr double spacerOffset = 0.01;
+
+constexpr int firstVersionWithSwitches = 26;
 
 /// A frame without height stands for an item that macOS hasn't placed yet.
 std::optional<Rect> placedFrame(const StatusItem* item) {
@@ -116,6 +119,24 @@ void OwnStatusItems::decorate() {
 Task<> OwnStatusItems::waitForPlacement() const {
     const auto isPlaced = [this] { return controlFrame() && (!spacerItem_ || spacerFrame()); };
     (void)co_await waitUntil(platform_.scheduler, isPlaced, placementPollInterval, placementWaitMax);
+}
+
+bool OwnStatusItems::isAwaitingPlacement() const {
+    const auto frame = controlItem_ ? controlItem_->frame() : std::nullopt;
+    return (frame && frame->height == 0) || platform_.screens.screens().empty();
+}
+
+bool OwnStatusItems::isKeptOutOfMenuBar() const {
+    const auto frame = controlFrame();
+    return frame && platform_.workspace.operatingSystemVersion().major >= firstVersionWithSwitches &&
+           MenuBarScreenGeometry::isParked(*frame, platform_.screens.screens());
+}
+
+std::string OwnStatusItems::whyControlIsUnseen() const {
+    return isKeptOutOfMenuBar()
+               ? "macOS keeps Tavrin out of the menu bar. Allow it in System Settings › Menu Bar."
+               : "Tavrin’s control can’t be seen in the menu bar right now. To come back to this window, "
+                 "open Tavrin again.";
 }
 
 std::optional<Rect> OwnStatusItems::controlFrame() const { return placedFrame(controlItem_.get()); }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace tavrin {
 
@@ -50,6 +51,15 @@ class OwnStatusItems {
     /// Waits until macOS has placed the items, for 6 s at most: who starts over too early loses the place
     /// that the user chose.
     Task<> waitForPlacement() const;
+
+    /// Whether the control is on its way into the menu bar, or no display is there to have one.
+    bool isAwaitingPlacement() const;
+
+    /// Whether the user's switch for Tavrin in System Settings › Menu Bar is off, which macOS has since 26.
+    bool isKeptOutOfMenuBar() const;
+
+    /// Why a control that can't be seen can't, and how Tavrin is reached meanwhile: a sentence for the user.
+    std::string whyControlIsUnseen() const;
 
     /// None until macOS has placed the item.
     std::optional<Rect> controlFrame() const;

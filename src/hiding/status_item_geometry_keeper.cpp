@@ -39,6 +39,7 @@ Task<bool> StatusItemGeometryKeeper::repair() {
     using enum OwnStatusItems::PositionSeed;
     // Displays that are away for a moment and a bar that is being arranged pass by themselves.
     if (co_await waitForStableStatusItemGeometry()) co_return true;
+    if (items_.isKeptOutOfMenuBar()) co_return false; // a new one would lose its place, and be kept out, too
     // A control in the status area is where its user has put it, and only the spacer has to follow.
     if (hasValidGlyph() && co_await reseatSpacer()) co_return true;
     if (co_await isCancelled()) co_return false;
@@ -78,6 +79,7 @@ Task<bool> StatusItemGeometryKeeper::reseatSpacer() {
 }
 
 void StatusItemGeometryKeeper::reportFailure() {
+    if (items_.isKeptOutOfMenuBar()) return failure_.tell(items_.whyControlIsUnseen());
     failure_.tell(
         hasValidGlyph()
             ? "Tavrin couldn’t place its hidden boundary next to its menu bar icon. Quit and reopen the "

@@ -27,9 +27,11 @@ class Popover {
     /// A transient one goes to where its item is now.
     virtual void setBehavior(PopoverBehavior behavior) = 0;
     /// Shows it below `area`, a rectangle on the screen inside `item`'s button; does nothing and answers
-    /// false when the item has no window.
+    /// false when the item has no window. An item that isn't drawn may get no popover although macOS says
+    /// that it is shown: only `isShown` tells whether it came up.
     virtual bool show(StatusItem& item, Rect area) = 0;
     virtual void close() = 0;
+    /// Whether its window is on a screen.
     virtual bool isShown() const = 0;
 };
 
@@ -38,6 +40,9 @@ class Window {
   public:
     virtual ~Window() = default;
     virtual void setContent(View content) = 0;
+    /// Has the window open at the right end of the active screen, below the menu bar; otherwise it opens in
+    /// the middle. For a window that hasn't been shown yet.
+    virtual void placeBelowMenuBar() = 0;
     virtual void makeKeyAndOrderFront() = 0;
     virtual void close() = 0;
     virtual bool isVisible() const = 0;

@@ -108,7 +108,9 @@ bool MacPopover::show(StatusItem& item, Rect area) {
     areaOnScreen_ = area;
     areaInButton_ = rectInButton(button, area);
     [popover_ showRelativeToRect:areaInButton_ ofView:button preferredEdge:NSRectEdgeMinY];
-    if (!popover_.shown) return false; // macOS shows none at a window that can't be seen
+    if (!popover_.shown) return false;
+    // Below an item that isn't drawn it may count as shown without a window.
+    if (!isShown()) return true;
     highlight(button);
     [renderer_.surface().window makeKeyWindow];
     renderer_.takeKeyboard();
@@ -144,6 +146,9 @@ void MacPopover::didClose() {
 
 void MacPopover::close() { [popover_ close]; }
 
-bool MacPopover::isShown() const { return popover_.shown; }
+bool MacPopover::isShown() const {
+    NSWindow* window = renderer_.surface().window;
+    return popover_.shown && window.visible && window.screen;
+}
 
 } // namespace tavrin::macos

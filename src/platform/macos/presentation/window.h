@@ -22,12 +22,14 @@ class MacWindow final : public Window {
     MacWindow& operator=(const MacWindow&) = delete;
 
     void setContent(View content) override;
+    void placeBelowMenuBar() override;
     void makeKeyAndOrderFront() override;
     void close() override;
     bool isVisible() const override;
 
   private:
     NSSize layOut();
+    void takePlace();
 
     CallbackGate gate_;
     std::function<void()> onClose_;
@@ -35,6 +37,7 @@ class MacWindow final : public Window {
     NSWindow* window_;
     TavrinWindowDelegate* delegate_; // the window doesn't hold its delegate
     Subscription activations_;
+    bool isBelowMenuBar_ = false;
     bool wasShown_ = false;
 };
 

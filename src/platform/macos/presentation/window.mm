@@ -6,6 +6,7 @@
 #include "platform/macos/support/notices.h"
 #include "views/view_layout.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -24,6 +25,8 @@
 namespace tavrin::macos {
 
 namespace {
+
+constexpr double edgeMargin = 8;
 
 NSWindow* makeTitledWindow(std::string_view title) {
     NSWindow* window =
@@ -85,8 +88,18 @@ NSSize MacWindow::layOut() {
     return renderer_.layOut(windowWidthMax, NSHeight([window_ contentRectForFrameRect:screen.visibleFrame]));
 }
 
+void MacWindow::placeBelowMenuBar() { isBelowMenuBar_ = true; }
+
+void MacWindow::takePlace() {
+    NSScreen* screen = NSScreen.mainScreen; // that of the key window, wherever it belongs
+    if (!isBelowMenuBar_ || !screen) return [window_ center];
+    const NSRect room = NSInsetRect(screen.visibleFrame, edgeMargin, edgeMargin);
+    const double left = std::max(NSMinX(room), NSMaxX(room) - NSWidth(window_.frame));
+    [window_ setFrameTopLeftPoint:NSMakePoint(left, NSMaxY(room))];
+}
+
 void MacWindow::makeKeyAndOrderFront() {
-    if (!wasShown_) [window_ center];
+    if (!wasShown_) takePlace();
     const bool wasVisible = window_.visible;
     wasShown_ = true;
     [window_ makeKeyAndOrderFront:nil];

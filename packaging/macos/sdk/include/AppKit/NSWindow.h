@@ -58,6 +58,7 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
                             backing:(NSBackingStoreType)backing
                               defer:(BOOL)defer;
 - (void)center;
+- (void)setFrameTopLeftPoint:(NSPoint)point;
 - (void)invalidateShadow;
 - (void)close;
 - (void)orderFrontRegardless;
