@@ -21,7 +21,7 @@ std::string titleOf(const ApplicationSpec& application, std::size_t title) {
 } // namespace
 
 std::vector<MenuTitle> ApplicationMenus::titlesOn(const ScreenSpec& screen) const {
-    const auto* owner = processes_.menuBarOwner();
+    const auto* owner = screens_.isMenuBarShown() ? processes_.menuBarOwner() : nullptr;
     return owner ? menuTitles(owner->application, screen) : std::vector<MenuTitle>{};
 }
 

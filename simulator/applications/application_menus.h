@@ -23,7 +23,8 @@ class ApplicationMenus {
         , menus_(menus)
         , chosen_(chosen) {}
 
-    /// The titles on the screen, from left to right; none when no application has menus.
+    /// The titles on the screen, from left to right; none when no application has menus or
+    /// the menu bar isn't visible.
     std::vector<MenuTitle> titlesOn(const ScreenSpec&) const;
     /// The number of the title at a point of any screen.
     std::optional<std::size_t> titleAt(Point) const;

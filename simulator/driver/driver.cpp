@@ -3,7 +3,10 @@
 #include "driver/json_shapes.h"
 #include "vocabulary/vocabulary.h"
 
+#include <algorithm>
 #include <exception>
+#include <optional>
+#include <span>
 #include <utility>
 
 namespace mac_model {
@@ -18,6 +21,20 @@ std::map<std::string_view, Command> commandsByName() {
                                 timeCommands(), reportCommands(), worldCommands()})
         for (const auto& command : commands) named.emplace(command.name, command);
     return named;
+}
+
+/// Why the person can't do anything now.
+std::optional<std::string> obstacle(const Unseen& unseen) {
+    if (unseen.isDisplayAsleep) return "The display is asleep.";
+    if (unseen.isScreenLocked) return "The screen is locked.";
+    return std::nullopt;
+}
+
+bool isOfPerson(std::string_view command) {
+    const auto has = [&](std::span<const Command> commands) {
+        return std::ranges::find(commands, command, &Command::name) != commands.end();
+    };
+    return has(pointerCommands()) || has(keyboardCommands()) || has(menuCommands()) || has(viewCommands());
 }
 
 } // namespace
@@ -62,6 +79,8 @@ Outcome Driver::run(const json& given) {
     if (!given.is_object()) return std::unexpected("A command must be an object such as {\"do\": \"look\"}.");
     if (!given.contains("do")) return std::unexpected("The command has no \"do\" that names it.");
     Arguments arguments(given);
+    auto problem = obstacle(mac_.screens().unseen());
+    if (problem && isOfPerson(arguments.name())) return std::unexpected(std::move(*problem));
     const auto found = commands_.find(arguments.name());
     if (found != commands_.end())
         return found->second.run({mac_, content_, person_, targets_, state_}, arguments);

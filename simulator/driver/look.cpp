@@ -81,6 +81,9 @@ json worldShape(Mac& mac, const WorldState& state) {
             {"visibilityService", visibilityServiceNames[std::size_t(state.visibilityService)]},
             {"loginItem", loginItemAnswerNames[std::size_t(mac.loginItems().answer)]},
             {"reducedMotion", mac.reducesMotion()},
+            {"menuBarHidden", mac.screens().unseen().isMenuBarHidden},
+            {"screenLocked", mac.screens().unseen().isScreenLocked},
+            {"displayAsleep", mac.screens().unseen().isDisplayAsleep},
             {"keyboardLayout", keyboardLayoutNames[std::size_t(mac.keyboard().layout)]},
             {"running", mac.program().isRunning()},
             {"model", std::move(model)}};

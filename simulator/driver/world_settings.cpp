@@ -246,6 +246,15 @@ Change fault(World world, const json& value, const std::string& pointer, FirstFa
     };
 }
 
+template <bool Unseen::* Kind>
+Change unseen(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    return [world, isOn = flagOf(value, pointer, faults)] {
+        auto unseen = world.mac.screens().unseen();
+        unseen.*Kind = isOn;
+        world.mac.screens().setUnseen(unseen);
+    };
+}
+
 template <Seconds Faults::* Time>
 Change time(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     const bool isTime = value.is_number() && value >= 0 && value <= secondsMax;
@@ -323,6 +332,9 @@ constexpr std::array settings{
     WorldSetting{"preferences", preferences},
     WorldSetting{"trusted", trusted},
     WorldSetting{"screens", screens},
+    WorldSetting{"menuBarHidden", unseen<&Unseen::isMenuBarHidden>},
+    WorldSetting{"screenLocked", unseen<&Unseen::isScreenLocked>},
+    WorldSetting{"displayAsleep", unseen<&Unseen::isDisplayAsleep>},
     WorldSetting{"latency", latency},
     WorldSetting{"hang", hang},
     WorldSetting{"resume", resume},

@@ -21,6 +21,7 @@ Arrangement::Arrangement(VirtualScheduler& scheduler, StatusItemTable& items, Pr
     subscriptions_.push_back(items.onPlacesStale.subscribe([this] { refresh(); }));
     subscriptions_.push_back(processes.onFrontChanged.subscribe([this] { refresh(); }));
     subscriptions_.push_back(screens.onChanged.subscribe([this] { refresh(); }));
+    subscriptions_.push_back(screens.onUnseenChanged.subscribe([this] { refresh(); }));
 }
 
 void Arrangement::refresh() {
@@ -36,6 +37,7 @@ void Arrangement::arrangeAfter(Seconds delay) {
 }
 
 const StatusItemRecord* Arrangement::itemAt(Point point) const {
+    if (!screens_.isMenuBarShown()) return nullptr;
     for (const auto& screen : screens_.screens()) {
         const Rect bar{screen.frame.x, screen.frame.y, screen.frame.width, screen.menuBarHeight};
         if (!bar.contains(point)) continue;
@@ -54,7 +56,9 @@ const StatusItemRecord* Arrangement::itemAt(Point point) const {
 std::optional<Rect> Arrangement::frameOn(const ScreenSpec& screen, const StatusItemRecord& record) const {
     const auto* primary = screens_.primary();
     if (!record.frame || !primary) return std::nullopt;
-    return frameOnScreen(*record.frame, *primary, screen);
+    auto frame = frameOnScreen(*record.frame, *primary, screen);
+    frame.y -= screens_.menuBarLift(screen);
+    return frame;
 }
 
 Rect Arrangement::accessibilityFrame(const StatusItemRecord& record) const {
@@ -133,11 +137,21 @@ std::vector<PlacedItem> Arrangement::places() const {
         {behaviour_.version, behaviour_.uncertainties, behaviour_.faults.dropsOwnersOfLongItems, end});
 }
 
+/// A hidden menu bar takes its items along, off the top; behind a locked screen they stay where they are.
+PlacedItem Arrangement::asSeen(PlacedItem place) const {
+    if (screens_.isMenuBarShown()) return place;
+    if (const auto* primary = screens_.primary()) place.frame.y -= screens_.menuBarLift(*primary);
+    if (place.isDrawn) place.why = HiddenReason::BarNotVisible;
+    place.isDrawn = false;
+    return place;
+}
+
 void Arrangement::arrange() {
     std::map<StatusItemIdentifier, PlacedItem> placed;
-    for (const auto& place : places()) placed.emplace(place.identifier, place);
+    for (const auto& place : places()) placed.emplace(place.identifier, asSeen(place));
     bool hasMoved = false;
     bool hasChanged = false;
+    bool hasProgramChanged = false;
     for (const auto* item : items_.items()) {
         auto& record = *items_.change(item->identifier);
         const auto found = placed.find(record.identifier);
@@ -148,6 +162,8 @@ void Arrangement::arrange() {
         record.why = isPlaced ? found->second.why : std::nullopt;
         record.isCarried = carried_ && carried_->identifier == record.identifier;
         if (record.isCarried && record.frame) record.frame->x = carried_->x;
+        const bool isProgram = record.origin == ItemOrigin::Program;
+        hasProgramChanged = hasProgramChanged || (isProgram && std::get<1>(before) != record.isDrawn);
         hasMoved = hasMoved || std::get<0>(before) != record.frame;
         hasChanged = hasChanged || before != std::tuple(record.frame, record.isDrawn, record.why);
     }
@@ -155,6 +171,7 @@ void Arrangement::arrange() {
         arrangedAt_ = scheduler_.now();
         world_.after(occlusionLag, [] {}); // so that waiting for everything to settle includes this
     }
+    if (hasProgramChanged) world_.after(occlusionLag, [this] { onProgramItemsDrawn.emit(); });
     if (hasChanged) items_.onChanged.emit();
 }
 

@@ -59,8 +59,12 @@ class Arrangement {
 
     void arrange();
 
+    /// Some items of the program were drawn or have gone, as far as `isDrawnForOwner` tells by now.
+    Signal<> onProgramItemsDrawn;
+
   private:
     std::vector<PlacedItem> places() const;
+    PlacedItem asSeen(PlacedItem) const;
     LayoutItem layoutItem(const StatusItemRecord&) const;
     std::optional<double> rankOf(StatusItemIdentifier) const;
     double positionToStore(const StatusItemRecord&) const;

@@ -21,8 +21,9 @@ enum class StatusItemIdentifier : std::uint64_t { None = 0 };
 /// macOS cuts longer lengths to this one.
 inline constexpr double statusItemLengthMax = 10'000;
 
-enum class HiddenReason { Offscreen, Notch, Dropped, Restricted };
-inline constexpr std::string_view hiddenReasonNames[] = {"offscreen", "notch", "dropped", "restricted"};
+enum class HiddenReason { Offscreen, Notch, Dropped, Restricted, BarNotVisible };
+inline constexpr std::string_view hiddenReasonNames[] = {"offscreen", "notch", "dropped", "restricted",
+                                                         "barNotVisible"};
 
 /// The words of the driving protocol.
 constexpr std::string_view nameOf(HiddenReason reason) {

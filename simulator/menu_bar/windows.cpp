@@ -34,7 +34,8 @@ std::vector<MenuBarWindow> MenuBarWindows::all() const {
     for (const auto& screen : screens_.screens()) {
         const auto number = firstBarNumber + static_cast<Number>(windows.size());
         const auto& frame = screen.frame;
-        windows.push_back({number, {frame.x, frame.y, frame.width, screen.menuBarHeight}});
+        windows.push_back(
+            {number, {frame.x, frame.y - screens_.menuBarLift(screen), frame.width, screen.menuBarHeight}});
     }
     if (!haveItemsWindows()) return windows;
     for (const auto* item : items_.items()) {

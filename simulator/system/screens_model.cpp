@@ -21,6 +21,15 @@ void ScreensModel::set(std::vector<ScreenSpec> screens) {
     });
 }
 
+void ScreensModel::setUnseen(Unseen unseen) {
+    if (unseen == unseen_) return;
+    const bool wereShown = areShown();
+    unseen_ = unseen;
+    onUnseenChanged.emit();
+    // Of a bar that hides by itself macOS tells nobody.
+    if (areShown() != wereShown) world_.after(noticeDelay, [this] { onShownNotice.emit(); });
+}
+
 void ScreensModel::show(std::vector<ScreenSpec> screens) {
     if (screens == screens_) return;
     screens_ = std::move(screens);

@@ -12,7 +12,16 @@
 
 namespace mac_model {
 
-/// The connected displays.
+/// What keeps the person from seeing the menu bar.
+struct Unseen {
+    bool isMenuBarHidden = false; // an application fills the screen, or the bar hides by itself
+    bool isScreenLocked = false;
+    bool isDisplayAsleep = false;
+
+    bool operator==(const Unseen&) const = default;
+};
+
+/// The connected displays, and whether anything is to be seen on them.
 class ScreensModel {
   public:
     ScreensModel(VirtualScheduler&, std::vector<ScreenSpec>, const Faults&);
@@ -26,14 +35,30 @@ class ScreensModel {
     /// first.
     void set(std::vector<ScreenSpec>);
 
+    void setUnseen(Unseen);
+
+    const Unseen& unseen() const { return unseen_; }
+
+    bool areShown() const { return !unseen_.isScreenLocked && !unseen_.isDisplayAsleep; }
+
+    bool isMenuBarShown() const { return areShown() && !unseen_.isMenuBarHidden; }
+
+    /// How much higher the menu bars stand than at their places: by their own height while they are hidden.
+    double menuBarLift(const ScreenSpec& screen) const {
+        return unseen_.isMenuBarHidden ? screen.menuBarHeight : 0;
+    }
+
     Signal<> onChanged; // at once, for the rest of the Mac
     Signal<> onNotice;  // 0.05 s later, for programs
+    Signal<> onUnseenChanged;
+    Signal<> onShownNotice; // 0.05 s after a change of what is unseen but for the bar's own, for programs
 
   private:
     void show(std::vector<ScreenSpec>);
 
     WorldCalls world_;
     std::vector<ScreenSpec> screens_;
+    Unseen unseen_;
     const Faults& faults_;
     std::uint64_t changes_ = 0;
 };

@@ -27,11 +27,12 @@ constexpr std::string_view notchDrawing = " ▓▓▓ ";
 const std::map<std::string_view, std::string_view> symbolDrawings{{"chevron.left.2", "‹‹"},
                                                                   {"chevron.right.2", "››"}};
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> hiddenPhrases{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 5> hiddenPhrases{
     {{"offscreen", "off screen"},
      {"notch", "behind the notch"},
      {"dropped", "dropped"},
-     {"restricted", "not allowed"}}};
+     {"restricted", "not allowed"},
+     {"barNotVisible", "not visible"}}};
 
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
@@ -132,9 +133,15 @@ std::string hiddenText(const json& look) {
     return text.empty() ? "all items are drawn" : text;
 }
 
+bool isSeen(const json& world) {
+    return !world.value("menuBarHidden", false) && !world.value("screenLocked", false) &&
+           !world.value("displayAsleep", false);
+}
+
 } // namespace
 
 std::string drawMenuBar(const json& look, std::size_t columns) {
+    if (!isSeen(look["world"])) return "(the menu bar isn't visible)\n    " + hiddenText(look) + "\n";
     const auto parts = partsOf(look);
     std::string line;
     for (std::size_t nameColumns = nameColumnsMax; nameColumns >= nameColumnsMin; --nameColumns) {

@@ -38,6 +38,14 @@ class [[nodiscard]] Subscription {
     std::function<void()> unsubscribe_;
 };
 
+/// One for several: all of them end with it.
+template <class... Subscriptions>
+Subscription together(Subscriptions... subscriptions) {
+    auto all = std::make_shared<std::vector<Subscription>>();
+    (all->push_back(std::move(subscriptions)), ...);
+    return Subscription([all] { all->clear(); });
+}
+
 /// Calls its handlers in the order of their subscription. A handler may subscribe, unsubscribe anyone and
 /// destroy the signal: those unsubscribed are no longer called, those added are called from the next emission
 /// on, and a destroyed signal calls nobody. Main thread.

@@ -52,6 +52,10 @@ Task<ApplyOutcome> ConfigurationApplier::perform() {
 
 Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilCancelled() {
     uses_.failure.clear();
+    if (auto obstacle = uses_.mechanism.obstacleToPlacing()) {
+        uses_.failure.tell(std::move(*obstacle));
+        co_return ApplyOutcome::incomplete;
+    }
     std::optional<ApplyingSign> sign(uses_.activity);
     co_await prepare();
     if (co_await isCancelled()) co_return std::nullopt;

@@ -26,6 +26,7 @@ StartUp::StartUp(const Platform& platform, AccessibilityPermission& permission, 
     , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
         if (isTrusted) refreshItems();
     }))
+    , sightObservation_(core.statusItems.onSightChanged([this] { applyFirstRunDefaultIfReady(); }))
     , scanObservation_(core.inventory.onScanCompleted([this](const ScanResult& scan) { noteScan(scan); })) {}
 
 void StartUp::begin() { startUpTask_ = start(platform_.scheduler, perform()); }
@@ -84,6 +85,7 @@ Task<> StartUp::refreshAndFinishFirstRun() {
 
 void StartUp::applyFirstRunDefaultIfReady() {
     if (!isAwaitingFirstRunDefault_ || !core_.inventory.hasCompletedScan()) return;
+    if (core_.mechanism->obstacleToPlacing()) return;
     isAwaitingFirstRunDefault_ = false;
     if (hasUserConfigured()) return;
     hideWhatCanBeHidden();

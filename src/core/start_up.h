@@ -12,9 +12,9 @@
 namespace tavrin {
 
 /// Brings the menu bar to its initial state: hidden, shown, or, on a fresh install, with everything hidden
-/// that can be, as soon as a scan has told what there is. Also scans when the user or macOS asks for it,
-/// since that first scan may have to wait for permission, and again after one that macOS has refused. Main
-/// thread.
+/// that can be, as soon as a scan has told what there is and the menu bar is visible. Also scans when the
+/// user or macOS asks for it, since that first scan may have to wait for permission, and again after one that
+/// macOS has refused. Main thread.
 class StartUp {
   public:
     StartUp(const Platform& platform, AccessibilityPermission& permission, HidingCore& core,
@@ -51,6 +51,7 @@ class StartUp {
     FirstRunState firstRun_;
     bool isAwaitingFirstRunDefault_ = false;
     Subscription permissionObservation_;
+    Subscription sightObservation_;
     Subscription scanObservation_;
     Job<> startUpTask_;
     Job<> refreshTask_;

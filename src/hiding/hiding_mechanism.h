@@ -43,6 +43,9 @@ class HidingMechanism {
     /// arranged and so need a moment to settle.
     virtual Task<bool> arrangeForApply() = 0;
 
+    /// The reason why items can't be placed now, for the user. Asked before anything is changed for that.
+    virtual std::optional<std::string> obstacleToPlacing() const = 0;
+
     /// Whether the side of the control that an item lies on decides if it is hidden.
     virtual bool placesByPosition() const = 0;
 

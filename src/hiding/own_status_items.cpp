@@ -34,6 +34,7 @@ OwnStatusItems::OwnStatusItems(const Platform& platform, Settings& settings, Men
     , usesSpacer_(mode == MenuBarRuntimeMode::divider)
     , dressControl_(std::move(dressControl))
     , positions_(platform.defaults)
+    , barSight_(platform.screens, platform.windowServer)
     , statusItemAutosaveVersion_(settings.statusItemAutosaveVersion()) {}
 
 void OwnStatusItems::configureStatusItems(PositionSeed controlSeed) {
@@ -149,6 +150,15 @@ std::optional<Rect> OwnStatusItems::validControlGlyphFrame() const {
     using namespace MenuBarScreenGeometry;
     const auto screens = platform_.screens.screens();
     return isFullyVisibleInStatusLane(*glyph, screens, reportedOverlap) ? glyph : std::nullopt;
+}
+
+ControlSight OwnStatusItems::controlSight() const {
+    if (controlItem_ && controlItem_->isDrawn()) return ControlSight::drawn;
+    return isBarVisible() ? ControlSight::gone : ControlSight::barNotVisible;
+}
+
+Subscription OwnStatusItems::onSightChanged(std::function<void()> handler) {
+    return together(platform_.statusItems.onDrawnChanged(handler), platform_.screens.onShownChanged(handler));
 }
 
 bool OwnStatusItems::isSpacerLeftOfControl() const {

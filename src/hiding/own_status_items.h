@@ -1,7 +1,9 @@
 #pragma once
 
+#include "concurrency/signal.h"
 #include "concurrency/task.h"
 #include "hiding/menu_bar_runtime_mode.h"
+#include "hiding/menu_bar_sight.h"
 #include "platform/platform.h"
 #include "platform/status_items.h"
 #include "settings/settings.h"
@@ -14,6 +16,13 @@
 #include <string>
 
 namespace tavrin {
+
+/// What the user sees of the control.
+enum class ControlSight {
+    drawn,
+    barNotVisible, // as little as of every other item, and nothing follows from that
+    gone,
+};
 
 /// Tavrin's own status items: the control that the user clicks and, where a spacer hides, the invisible
 /// spacer to its left.
@@ -71,6 +80,14 @@ class OwnStatusItems {
     /// The glyph when it lies in the status area of a screen's menu bar, right of a notch.
     std::optional<Rect> validControlGlyphFrame() const;
 
+    /// Whether the user can see the menu bar that the control belongs to.
+    bool isBarVisible() const { return barSight_.isVisible(controlFrame()); }
+
+    ControlSight controlSight() const;
+
+    /// Fires when the control may have come into sight or gone out of it.
+    Subscription onSightChanged(std::function<void()> handler);
+
     /// Whether the spacer ends where the control begins, or before; a point of overlap is allowed.
     bool isSpacerLeftOfControl() const;
 
@@ -91,6 +108,7 @@ class OwnStatusItems {
     bool usesSpacer_;
     std::function<void(StatusItem&)> dressControl_;
     StatusItemPositionDefaults positions_;
+    MenuBarSight barSight_;
     std::int64_t statusItemAutosaveVersion_;
     std::unique_ptr<StatusItem> controlItem_;
     std::unique_ptr<StatusItem> spacerItem_;

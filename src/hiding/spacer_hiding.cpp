@@ -15,6 +15,9 @@ constexpr const char* controlOutsideStatusArea =
     "area. The app will repair the layout before the next attempt.";
 constexpr const char* noCurrentScan =
     "Tavrin needs a current item scan before it can hide anything. Grant Accessibility access, then refresh.";
+constexpr const char* barNotVisible =
+    "Tavrin can’t move items while the menu bar isn’t visible. Leave full screen, or choose “Never” for "
+    "“Automatically hide and show the menu bar” in System Settings, then apply again.";
 
 std::string stillVisible(std::size_t count) {
     return "Couldn’t hide yet: " + std::to_string(count) + (count == 1 ? " item is" : " items are") +
@@ -38,10 +41,18 @@ Task<bool> SpacerHiding::prepare() {
 }
 
 std::optional<std::string> SpacerHiding::refusal() const {
-    if (!items_.validControlGlyphFrame() || !items_.isSpacerLeftOfControl()) return controlOutsideStatusArea;
+    const bool isInPlace = items_.validControlGlyphFrame() && items_.isSpacerLeftOfControl();
+    const bool isUnseen = !isInPlace && !items_.isBarVisible();
+    if (!isInPlace && !isUnseen) return controlOutsideStatusArea;
     if (!inventory_.hasCompletedScan()) return noCurrentScan;
+    if (isUnseen) return std::nullopt;
     const auto count = hiddenItems_.policyFor(inventory_.items().get()).pendingMoves().size();
     return count == 0 ? std::nullopt : std::optional(stillVisible(count));
+}
+
+std::optional<std::string> SpacerHiding::obstacleToPlacing() const {
+    return items_.controlSight() == ControlSight::barNotVisible ? std::optional<std::string>(barNotVisible)
+                                                                : std::nullopt;
 }
 
 void SpacerHiding::hideNow() { items_.setSpacerLength(collapsedSpacerLength(platform_.screens.screens())); }

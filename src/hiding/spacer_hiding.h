@@ -32,6 +32,8 @@ class SpacerHiding final : public HidingMechanism {
 
     Task<bool> arrangeForApply() override { return ensureLayout(); }
 
+    std::optional<std::string> obstacleToPlacing() const override;
+
     bool placesByPosition() const override { return true; }
 
   private:

@@ -11,7 +11,8 @@ StatusItemGeometryKeeper::StatusItemGeometryKeeper(const Platform& platform, Own
                                                    FailureMessage& failure)
     : platform_(platform)
     , items_(items)
-    , failure_(failure) {}
+    , failure_(failure)
+    , sightObservation_(items.onSightChanged([this] { verifyIfPostponed(); })) {}
 
 Task<bool> StatusItemGeometryKeeper::ensureExpandedStatusItemGeometry() {
     if (!pendingStatusItemGeometryTask_.isRunning()) {
@@ -23,15 +24,16 @@ Task<bool> StatusItemGeometryKeeper::ensureExpandedStatusItemGeometry() {
 }
 
 Task<bool> StatusItemGeometryKeeper::performExpandedStatusItemGeometryRepair() {
-    if (!holds()) {
+    if (!holdsOrIsUnseen()) {
         const bool isRepaired = co_await repair();
         if (co_await isCancelled()) co_return false;
-        if (!isRepaired) {
+        if (!isRepaired && !holdsOrIsUnseen()) {
             reportFailure();
             co_return false;
         }
     }
-    items_.removeSupersededStatusItemDefaults();
+    // The old names may be the ones to go back to while nobody knows where the items are.
+    if (holds()) items_.removeSupersededStatusItemDefaults();
     co_return true;
 }
 
@@ -39,13 +41,14 @@ Task<bool> StatusItemGeometryKeeper::repair() {
     using enum OwnStatusItems::PositionSeed;
     // Displays that are away for a moment and a bar that is being arranged pass by themselves.
     if (co_await waitForStableStatusItemGeometry()) co_return true;
+    if (!items_.isBarVisible()) co_return false;
     if (items_.isKeptOutOfMenuBar()) co_return false; // a new one would lose its place, and be kept out, too
     // A control in the status area is where its user has put it, and only the spacer has to follow.
     if (hasValidGlyph() && co_await reseatSpacer()) co_return true;
-    if (co_await isCancelled()) co_return false;
+    if (co_await isCancelled() || !items_.isBarVisible()) co_return false;
     if (co_await rebuild(Force)) co_return true;
     // A control behind the notch stays there under any name; one left of its own spacer was taken for new.
-    if (items_.isSpacerLeftOfControl() || co_await isCancelled()) co_return false;
+    if (items_.isSpacerLeftOfControl() || co_await isCancelled() || !items_.isBarVisible()) co_return false;
     co_return co_await rebuild(ForceBesideZero);
 }
 
@@ -89,18 +92,33 @@ void StatusItemGeometryKeeper::reportFailure() {
 }
 
 void StatusItemGeometryKeeper::verifyOwnControlRemainsVisible(Restore restore) {
-    verificationTask_ = start(platform_.scheduler, verify(std::move(restore)));
+    restore_ = std::move(restore);
+    isVerificationPostponed_ = false;
+    verificationTask_ = start(platform_.scheduler, verify());
 }
 
-Task<> StatusItemGeometryKeeper::verify(Restore restore) {
+void StatusItemGeometryKeeper::abandonVerification() {
+    isVerificationPostponed_ = false;
+    verificationTask_.cancel();
+}
+
+void StatusItemGeometryKeeper::verifyIfPostponed() {
+    if (isVerificationPostponed_ && items_.controlSight() != ControlSight::barNotVisible)
+        verifyOwnControlRemainsVisible(std::move(restore_));
+}
+
+Task<> StatusItemGeometryKeeper::verify() {
     // macOS takes an item off the screen for moments while it arranges the bar: only a second look counts.
     for (int look = 0; look < 2; ++look) {
         if (co_await sleepFor(verificationDelay) == Wake::CutShort) co_return;
-        if (const auto* control = items_.control(); control && control->isDrawn()) co_return;
+        const auto sight = items_.controlSight();
+        if (sight == ControlSight::drawn) co_return;
+        isVerificationPostponed_ = sight == ControlSight::barNotVisible;
+        if (isVerificationPostponed_) co_return;
     }
-    restore("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. Move "
-            "the app to "
-            "the Applications folder, relaunch it, and try again.");
+    restore_("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. Move "
+             "the app to "
+             "the Applications folder, relaunch it, and try again.");
 }
 
 } // namespace tavrin

@@ -17,24 +17,28 @@ class StatusItemGeometryKeeper {
   public:
     StatusItemGeometryKeeper(const Platform& platform, OwnStatusItems& items, FailureMessage& failure);
 
-    /// Whether both facts hold, after a repair where they did not; a failed repair tells the
-    /// user. Callers at the same time share one check. False also when the awaiting job is cancelled.
+    /// Whether both facts hold, after a repair where they did not; a failed repair tells the user. True, and
+    /// nothing repaired, while the menu bar isn't visible. Callers at the same time share one check. False
+    /// also when the awaiting job is cancelled.
     Task<bool> ensureExpandedStatusItemGeometry();
 
     /// Restores the full menu bar and tells the user why.
     using Restore = std::function<void(std::string message)>;
 
-    /// After a hide: calls `restore` when macOS has stopped drawing the control. A later call, and
-    /// `abandonVerification`, make an earlier one void.
+    /// After a hide: calls `restore` when macOS has stopped drawing the control; when the menu bar isn't
+    /// visible, not before it is again. A later call, and `abandonVerification`, make an earlier one void.
     void verifyOwnControlRemainsVisible(Restore restore);
 
-    void abandonVerification() { verificationTask_.cancel(); }
+    void abandonVerification();
 
   private:
     static constexpr Seconds rebuildWait{0.3};
     static constexpr Seconds stableWaitMax{1.2};
     static constexpr Seconds stablePollInterval{0.1};
     static constexpr Seconds verificationDelay{0.5};
+
+    /// What is out of sight is taken for right.
+    bool holdsOrIsUnseen() const { return holds() || !items_.isBarVisible(); }
 
     bool hasValidGlyph() const { return items_.validControlGlyphFrame().has_value(); }
 
@@ -46,13 +50,17 @@ class StatusItemGeometryKeeper {
     Task<bool> waitForStableStatusItemGeometry();
     Task<bool> reseatSpacer();
     void reportFailure();
-    Task<> verify(Restore restore);
+    Task<> verify();
+    void verifyIfPostponed();
 
     const Platform& platform_;
     OwnStatusItems& items_;
     FailureMessage& failure_;
     Job<bool> pendingStatusItemGeometryTask_;
+    Restore restore_;
+    bool isVerificationPostponed_ = false;
     Job<> verificationTask_;
+    Subscription sightObservation_;
 };
 
 } // namespace tavrin

@@ -34,6 +34,8 @@ class UnavailableHiding final : public HidingMechanism {
 
     Task<bool> arrangeForApply() override { co_return false; }
 
+    std::optional<std::string> obstacleToPlacing() const override { return std::nullopt; }
+
     bool placesByPosition() const override { return false; }
 };
 

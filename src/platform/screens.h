@@ -32,6 +32,13 @@ class Screens {
 
     /// Fires after screens were attached, removed or rearranged.
     virtual Subscription onChanged(std::function<void()> handler) = 0;
+
+    /// Whether the user can see what stands on them: not while they sleep, while the screen is locked, or
+    /// while another user has them.
+    virtual bool areShown() const = 0;
+
+    /// Fires after `areShown` may have changed, and after another Space has come up.
+    virtual Subscription onShownChanged(std::function<void()> handler) = 0;
 };
 
 } // namespace tavrin

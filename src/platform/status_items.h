@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "concurrency/signal.h"
 
 #include <functional>
 #include <memory>
@@ -59,7 +60,7 @@ class StatusItem {
     virtual std::optional<Rect> frame() const = 0;
 
     /// Whether any part of the item is drawn. macOS takes this away for moments while it arranges the menu
-    /// bar.
+    /// bar, and for as long as the menu bar isn't visible; `frame` may then stand above its screen.
     virtual bool isDrawn() const = 0;
 };
 
@@ -67,6 +68,9 @@ class StatusItems {
   public:
     virtual ~StatusItems() = default;
     virtual std::unique_ptr<StatusItem> create(double length) = 0;
+
+    /// Fires after `isDrawn` of one of them has changed, at the latest when everything stands still.
+    virtual Subscription onDrawnChanged(std::function<void()> handler) = 0;
 };
 
 } // namespace tavrin

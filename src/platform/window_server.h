@@ -45,6 +45,10 @@ class Functions {
 struct OnScreenWindow {
     /// The layer of open menus and of what hangs from status items (kCGPopUpMenuWindowLevelKey).
     static constexpr int popUpMenuLayer = 101;
+    /// The layers of the menu bar (kCGMainMenuWindowLevelKey) and of the items in it
+    /// (kCGStatusWindowLevelKey).
+    static constexpr int menuBarLayer = 24;
+    static constexpr int statusItemLayer = 25;
 
     std::uint32_t number = 0;
     ProcessIdentifier owner = 0;

@@ -40,6 +40,8 @@ class ScriptedMechanism final : public HidingMechanism {
 
     Task<bool> arrangeForApply() override { co_return false; }
 
+    std::optional<std::string> obstacleToPlacing() const override { return std::nullopt; }
+
     bool placesByPosition() const override { return true; }
 
     bool isPrepared = true;

@@ -84,6 +84,12 @@ struct CountsFromBelow : Screens {
         return truth.onChanged(std::move(handler));
     }
 
+    bool areShown() const override { return !truth.areShown(); }
+
+    Subscription onShownChanged(std::function<void()> handler) override {
+        return truth.onShownChanged(std::move(handler));
+    }
+
     Screens& truth;
 };
 
@@ -254,6 +260,10 @@ struct MakesItems : StatusItems {
         return std::make_unique<Item>(truth.create(length));
     }
 
+    Subscription onDrawnChanged(std::function<void()> handler) override {
+        return truth.onDrawnChanged(std::move(handler));
+    }
+
     StatusItems& truth;
 };
 
@@ -421,7 +431,8 @@ TEST(PlantedLies, ofScreens) {
     expectCaught<CountsFromBelow>(
         "screens",
         {"The menu bar's parts beside a notch lie at the top edge, left and right of it.",
-         "The primary screen comes first, and its top left is the origin."},
+         "The primary screen comes first, and its top left is the origin.",
+         "While the menu bar is to be seen, windows of it are on the screens, which are shown."},
         "two-displays");
 }
 

@@ -95,8 +95,18 @@ Subscription ProgramScreens::onChanged(std::function<void()> handler) {
     return side_.connection->relay(side_.mac.screens.onNotice, std::move(handler));
 }
 
+bool ProgramScreens::areShown() const { return side_.mac.screens.areShown(); }
+
+Subscription ProgramScreens::onShownChanged(std::function<void()> handler) {
+    return side_.connection->relay(side_.mac.screens.onShownNotice, std::move(handler));
+}
+
 std::unique_ptr<StatusItem> ProgramStatusItems::create(double length) {
     return std::make_unique<ProgramStatusItem>(side_, length);
+}
+
+Subscription ProgramStatusItems::onDrawnChanged(std::function<void()> handler) {
+    return side_.connection->relay(side_.mac.arrangement.onProgramItemsDrawn, std::move(handler));
 }
 
 ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavrin::Presentation& presentation)

@@ -82,6 +82,8 @@ class ProgramScreens final : public tavrin::Screens {
 
     std::vector<tavrin::Screen> screens() const override;
     Subscription onChanged(std::function<void()> handler) override;
+    bool areShown() const override;
+    Subscription onShownChanged(std::function<void()> handler) override;
 
   private:
     ProgramSide side_;
@@ -93,6 +95,7 @@ class ProgramStatusItems final : public tavrin::StatusItems {
 
     /// Makes a `ProgramStatusItem`.
     std::unique_ptr<StatusItem> create(double length) override;
+    Subscription onDrawnChanged(std::function<void()> handler) override;
 
   private:
     ProgramSide side_;

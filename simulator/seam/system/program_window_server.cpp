@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <ranges>
 
 namespace mac_model {
@@ -17,6 +18,12 @@ constexpr std::uint32_t firstSurfaceNumber = 100'000;
 constexpr int menuBarLayer = 24;
 constexpr int statusItemLayer = 25;
 constexpr ProcessIdentifier windowServerProcess = 140; // nobody asks for its windows by owner
+constexpr ProcessIdentifier loginWindowProcess = 141;
+constexpr int shieldLayer = 2'147'483'628; // CGShieldingWindowLevel
+constexpr std::uint32_t firstShieldNumber = 50;
+constexpr ProcessIdentifier dockProcess = 142;
+constexpr int dockLayer = 20;
+constexpr std::uint32_t dockNumber = 5;
 
 /// The windows of everything on the screen besides the menu bar, from front to back.
 std::vector<OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
@@ -25,6 +32,13 @@ std::vector<OnScreenWindow> windowsOf(const SurfaceStack& surfaces) {
         windows.push_back({firstSurfaceNumber + static_cast<std::uint32_t>(surface->identifier),
                            surface->owner, surfaceLayers[std::size_t(surface->kind)], surface->frame});
     return windows;
+}
+
+/// What a locked screen shows in front of everything, which is still there.
+void putShields(std::vector<OnScreenWindow>& windows, const ScreensModel& screens) {
+    for (const auto& screen : screens.screens())
+        windows.push_back({firstShieldNumber + static_cast<std::uint32_t>(windows.size()), loginWindowProcess,
+                           shieldLayer, screen.frame});
 }
 
 } // namespace
@@ -68,15 +82,26 @@ std::expected<Rect, ProgramWindowServer::Status> ProgramWindowServer::screenRect
 }
 
 std::vector<OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
-    if (!side_.isOpen()) return {};
-    auto windows = windowsOf(side_.mac.surfaces);
+    const auto& unseen = side_.mac.screens.unseen();
+    if (!side_.isOpen() || unseen.isDisplayAsleep) return {};
+    std::vector<OnScreenWindow> windows;
+    if (unseen.isScreenLocked) putShields(windows, side_.mac.screens);
+    std::ranges::move(windowsOf(side_.mac.surfaces), std::back_inserter(windows));
+    if (!unseen.isMenuBarHidden) putMenuBar(windows);
+    // The Dock's window covers its whole screen and is there also when nothing else is.
+    if (const auto* primary = side_.mac.screens.primary())
+        windows.push_back({dockNumber, dockProcess, dockLayer, primary->frame});
+    return windows;
+}
+
+/// A locked screen hides them behind its shields, and so the list has them still.
+void ProgramWindowServer::putMenuBar(std::vector<OnScreenWindow>& windows) const {
     for (const auto& bar : side_.mac.menuBarWindows.all()) {
         const auto* item = side_.mac.menuBarWindows.itemWith(bar.number);
-        if (item && !item->isDrawn) continue;
+        if (item && !item->isDrawn && item->why != HiddenReason::BarNotVisible) continue;
         windows.push_back({bar.number, item ? item->owner : windowServerProcess,
                            item ? statusItemLayer : menuBarLayer, bar.frame});
     }
-    return windows;
 }
 
 } // namespace mac_model

@@ -20,6 +20,8 @@ class ProgramWindowServer final : public tavrin::WindowServer,
     std::vector<OnScreenWindow> onScreenWindows() const override;
 
   private:
+    void putMenuBar(std::vector<OnScreenWindow>&) const;
+
     using Connection = tavrin::WindowServerMenuBar::Connection;
     using WindowNumber = tavrin::WindowServerMenuBar::WindowNumber;
     using Status = tavrin::WindowServerMenuBar::Status;

@@ -1,6 +1,6 @@
 import { h, show } from "./dom.js";
 import { clamped, distance, nearestIn, place, union } from "./geometry.js";
-import { menuBar } from "./menu_bar.js";
+import { menuBar, notch } from "./menu_bar.js";
 import { surfacesOn } from "./surfaces.js";
 import { Zoom } from "./zoom.js";
 
@@ -94,8 +94,16 @@ export class Desk {
             class: "screen", key: `screen-${index}`, "aria-label": `Display ${index + 1}`, style: place(screen.frame, this.corner),
         },
         h("div", { class: "surfaces", key: "lower" }, lower),
-        menuBar(this.state, screen, index),
-        h("div", { class: "surfaces", key: "upper" }, upper));
+        this.state.world?.menuBarHidden ? notch(screen, corner) : menuBar(this.state, screen, index),
+        h("div", { class: "surfaces", key: "upper" }, upper),
+        this.curtain());
+    }
+
+    // What a locked screen and a sleeping display show instead of everything else.
+    curtain() {
+        const { screenLocked, displayAsleep } = this.state.world ?? {};
+        if (displayAsleep) return h("div", { class: "curtain asleep", key: "curtain", role: "img", "aria-label": "The display is asleep" });
+        return screenLocked && h("div", { class: "curtain locked", key: "curtain" }, h("p", {}, "Locked"));
     }
 
     // The Mac's pointer, where it isn't the hand that moves it.

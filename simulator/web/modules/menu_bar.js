@@ -18,9 +18,12 @@ export function menuBar(state, screen, index) {
             menuTitle(title, origin, { menuTitle: number, screen: index }, state.openMenu === number))),
         h("div", { role: "group", "aria-label": "Status items" }, items.map((shown, number) =>
             keptStatusItem(shown, origin, number === items.length - 1))),
-        notchOf(screen) && h("div", { class: "notch", key: "notch", style: place(notchOf(screen), origin) }),
+        notch(screen, origin),
         h("div", { class: "menu-bar-edge", style: { width: `${width}px` } }));
 }
+
+export const notch = (screen, origin) =>
+    notchOf(screen) && h("div", { class: "notch", key: "notch", style: place(notchOf(screen), origin) });
 
 export function notchOf(screen) {
     const { leftMenuBarArea: left, rightMenuBarArea: right } = screen;

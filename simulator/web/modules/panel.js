@@ -10,6 +10,9 @@ const secondDisplay = { size: [1920, 1080], scale: 2 };
 const newVersions = [26, 27];
 const narrow = matchMedia("(max-width: 1000px)");
 
+// What keeps a person from seeing the menu bar.
+const unseen = [["menuBarHidden", "Menu bar hidden"], ["screenLocked", "Screen locked"], ["displayAsleep", "Display asleep"]];
+
 export class Panel {
     constructor(element, input, room) {
         this.element = element;
@@ -90,7 +93,8 @@ export class Panel {
                 localStorage.setItem("appearance", value);
                 this.onAppearance();
             })),
-            check("Reduce motion", this.state.world?.reducedMotion, (isOn) => send({ do: "set", reducedMotion: isOn })));
+            check("Reduce motion", this.state.world?.reducedMotion, (isOn) => send({ do: "set", reducedMotion: isOn })),
+            unseen.map(([name, label]) => check(label, this.state.world?.[name], (isOn) => send({ do: "set", [name]: isOn }))));
     }
 
     displayButtons() {

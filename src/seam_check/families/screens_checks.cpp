@@ -1,4 +1,5 @@
 #include "platform/screens.h"
+#include "platform/window_server.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/findings.h"
 #include "seam_check/words.h"
@@ -75,6 +76,20 @@ Verdict notchLiesBetween(const Platform& platform) {
     return findings.verdict(counted(notches, "screen") + " with a notch.");
 }
 
+/// Where this fails although the menu bar is there to be seen, the program takes its bar for hidden.
+Verdict visibleBarIsListed(const Platform& platform) {
+    if (!platform.screens.areShown()) return failed("The screens are said to be asleep, locked or away.");
+    std::string seen;
+    for (const auto& window : platform.windowServer.onScreenWindows()) {
+        const bool isOfBar =
+            window.layer == OnScreenWindow::menuBarLayer || window.layer == OnScreenWindow::statusItemLayer;
+        if (isOfBar && window.frame.height <= menuBarHeightMax)
+            seen += (seen.empty() ? "" : ", ") + std::to_string(window.layer) + " at " + said(window.frame);
+    }
+    if (seen.empty()) return failed("No window on the screens has a layer of the menu bar.");
+    return passed("Layers: " + seen + ".");
+}
+
 } // namespace
 
 std::vector<Check> screensChecks() {
@@ -85,6 +100,8 @@ std::vector<Check> screensChecks() {
         reads(family, "Menu bars have the heights of menu bars.", menuBarsHaveHeights),
         reads(family, "The menu bar's parts beside a notch lie at the top edge, left and right of it.",
               notchLiesBetween),
+        reads(family, "While the menu bar is to be seen, windows of it are on the screens, which are shown.",
+              visibleBarIsListed),
     };
 }
 

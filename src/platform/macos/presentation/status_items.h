@@ -60,6 +60,7 @@ class MacStatusItems final : public StatusItems {
     explicit MacStatusItems(Scheduler& scheduler) : scheduler_(scheduler) {}
 
     std::unique_ptr<StatusItem> create(double length) override;
+    Subscription onDrawnChanged(std::function<void()> handler) override;
 
   private:
     Scheduler& scheduler_;

@@ -2,6 +2,7 @@
 
 #include "platform/macos/support/conversions.h"
 #include "platform/macos/support/main_thread.h"
+#include "platform/macos/support/notices.h"
 
 #include <utility>
 
@@ -140,6 +141,12 @@ Rect rectOnScreen(NSStatusBarButton* button, NSRect area) {
 
 std::unique_ptr<StatusItem> MacStatusItems::create(double length) {
     return std::make_unique<MacStatusItem>(scheduler_, length);
+}
+
+// Of the windows of the process those of the items are hidden and shown most; the others do no harm here.
+Subscription MacStatusItems::onDrawnChanged(std::function<void()> handler) {
+    return observe(scheduler_, NSNotificationCenter.defaultCenter,
+                   NSWindowDidChangeOcclusionStateNotification, std::move(handler));
 }
 
 } // namespace tavrin::macos

@@ -4,8 +4,6 @@
 #include "platform/macos/support/main_thread.h"
 #include "platform/macos/support/notices.h"
 
-#include <array>
-#include <memory>
 #include <unistd.h>
 #include <utility>
 
@@ -82,12 +80,8 @@ bool MacApplication::takesKeys() const {
 
 Subscription MacApplication::onKeysReleased(std::function<void()> handler) {
     auto* center = NSNotificationCenter.defaultCenter;
-    const auto both = std::make_shared<std::array<Subscription, 2>>();
-    both->front() = observe(scheduler_, center, NSWindowDidResignKeyNotification, handler);
-    both->back() = observe(scheduler_, center, NSMenuDidEndTrackingNotification, std::move(handler));
-    return Subscription([both] {
-        for (auto& one : *both) one.cancel();
-    });
+    return together(observe(scheduler_, center, NSWindowDidResignKeyNotification, handler),
+                    observe(scheduler_, center, NSMenuDidEndTrackingNotification, handler));
 }
 
 void MacApplication::showAboutPanel() {

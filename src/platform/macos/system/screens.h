@@ -11,6 +11,8 @@ class MacScreens final : public Screens {
 
     std::vector<Screen> screens() const override;
     Subscription onChanged(std::function<void()> handler) override;
+    bool areShown() const override;
+    Subscription onShownChanged(std::function<void()> handler) override;
 
   private:
     Scheduler& scheduler_;

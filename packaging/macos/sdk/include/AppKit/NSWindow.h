@@ -26,6 +26,7 @@ typedef NS_OPTIONS(NSUInteger, NSWindowOcclusionState) {
 typedef NSInteger NSWindowLevel;
 static const NSWindowLevel NSStatusWindowLevel = 25;
 
+APPKIT_EXTERN const NSNotificationName NSWindowDidChangeOcclusionStateNotification;
 APPKIT_EXTERN const NSNotificationName NSWindowDidMoveNotification;
 APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 

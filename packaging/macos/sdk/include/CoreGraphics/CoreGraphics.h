@@ -7,4 +7,5 @@
 #include <CoreGraphics/CGEventTypes.h>
 #include <CoreGraphics/CGGeometry.h>
 #include <CoreGraphics/CGRemoteOperation.h>
+#include <CoreGraphics/CGSession.h>
 #include <CoreGraphics/CGWindow.h>
