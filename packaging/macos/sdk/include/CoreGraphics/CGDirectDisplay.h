@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CoreGraphics/CGError.h>
+#include <mach/boolean.h>
 
 typedef uint32_t CGDirectDisplayID;
 
