@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/caught_exception.h"
 #include "concurrency/job_state.h"
 
 #include <coroutine>
@@ -39,7 +40,7 @@ class TaskPromiseBase {
 
     FinalAwaiter final_suspend() const noexcept { return {}; }
 
-    void unhandled_exception() noexcept { exception = std::current_exception(); }
+    void unhandled_exception() noexcept { exception = caughtException(); }
 
     JobState* job = nullptr;
     std::coroutine_handle<> continuation;

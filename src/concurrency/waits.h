@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/caught_exception.h"
 #include "concurrency/job_state.h"
 
 #include <atomic>
@@ -139,7 +140,7 @@ class [[nodiscard]] RunOnAwaiter final : public Waiter {
             try {
                 value.emplace(function(std::as_const(abandoned)));
             } catch (...) {
-                exception = std::current_exception();
+                exception = caughtException();
             }
         }
     };

@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <stdexcept>
+#include <string>
+#include <unwind.h>
 
 namespace tavrin {
 namespace {
@@ -200,6 +202,38 @@ Task<> await(Trace* trace, std::string name, const Job<std::string>* awaited) {
 Task<std::string> answer(Seconds delay) {
     const auto wake = co_await sleepFor(delay);
     co_return wake == Wake::Due ? "answer" : "tidied up";
+}
+
+/// Of another language, and so nothing that an exception_ptr holds.
+void throwForeignException() {
+    static _Unwind_Exception foreign{};
+    foreign.exception_class = 0x474e55434f424a43; // GNUCOBJC
+    _Unwind_RaiseException(&foreign);
+}
+
+Task<int> madeOfForeignException() {
+    throwForeignException();
+    co_return 1;
+}
+
+Task<> awaitsForeignException() { (void)co_await madeOfForeignException(); }
+
+Task<> awaitsForeignExceptionOfWork(SerialQueue* queue) {
+    (void)co_await runOn(*queue, [](const AbandonFlag&) {
+        throwForeignException();
+        return 1;
+    });
+}
+
+TYPED_TEST(TaskContract, exceptionOfAnotherLanguageEndsTheProgramWithASentence) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const std::string sentence = "An exception that isn't C\\+\\+'s has left a task";
+    const auto die = [this](Task<> task) {
+        const auto job = start(this->scheduler, std::move(task));
+        this->settle();
+    };
+    EXPECT_DEATH(die(awaitsForeignException()), sentence);
+    EXPECT_DEATH(die(awaitsForeignExceptionOfWork(this->queue.get())), sentence);
 }
 
 TYPED_TEST(TaskContract, severalAwaitOneResult) {

@@ -111,6 +111,7 @@ void MacPanel::place() {
     const double leftMax = std::max(NSMinX(room), NSMaxX(room) - size.width);
     const double left = std::clamp(NSMidX(anchor) - size.width / 2, NSMinX(room), leftMax);
     const double top = std::min(NSMinY(anchor) - gap, NSMaxY(room));
+    [renderer_.surface() setFrameSize:size];
     [panel_ setFrame:NSMakeRect(left, top - size.height, size.width, size.height) display:YES];
     [panel_ invalidateShadow];
 }

@@ -79,6 +79,7 @@ void MacPopover::layOut() {
     NSScreen* screen = screen_ ? screen_ : NSScreen.mainScreen;
     const double heightMax = screen ? NSHeight(screen.visibleFrame) - edgeMargin : heightUnlimited;
     const NSSize size = renderer_.layOut(popoverWidthMax, heightMax);
+    if (!renderer_.surface().window) [renderer_.surface() setFrameSize:size]; // later the popover does
     const NSSize shown = popover_.contentSize;
     if (shown.width != size.width || shown.height != size.height) popover_.contentSize = size;
 }

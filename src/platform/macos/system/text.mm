@@ -6,11 +6,18 @@ namespace tavrin::macos {
 
 namespace {
 
+/// Unit by unit: a search by characters takes a mark for a part of the letter before it and may not find it.
+NSString* replaced(NSString* text, NSString* mark, NSString* by) {
+    return [text stringByReplacingOccurrencesOfString:mark
+                                           withString:by
+                                              options:NSLiteralSearch
+                                                range:NSMakeRange(0, text.length)];
+}
+
 /// Folding the width of half-width kana leaves the sound marks after them half-width (by Core Foundation's
 /// published source), which would not join them.
 NSString* withUsualVoicedMarks(NSString* text) {
-    NSString* voiced = [text stringByReplacingOccurrencesOfString:@"\uFF9E" withString:@"\u3099"];
-    return [voiced stringByReplacingOccurrencesOfString:@"\uFF9F" withString:@"\u309A"];
+    return replaced(replaced(text, @"\uFF9E", @"\u3099"), @"\uFF9F", @"\u309A");
 }
 
 } // namespace

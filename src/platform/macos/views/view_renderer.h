@@ -24,8 +24,10 @@ class ViewRenderer {
     /// Takes effect on the screen with the next `layOut`.
     void setContent(View content);
 
-    /// Lays the content out at the size that it needs and answers that size, in whole points. Content that
-    /// names no width gets at most `widthMax`; where it is higher than `heightMax`, what scrolls gives way.
+    /// Lays the content out at the size that it needs and answers that size, in whole points, for the owner
+    /// to give to the surface: a window sets the frame of its content view by itself, and takes it amiss when
+    /// somebody else does. Content that names no width gets at most `widthMax`; where it is higher than
+    /// `heightMax`, what scrolls gives way.
     NSSize layOut(double widthMax, double heightMax);
 
     /// Comes before the owner takes the surface from the screen without telling the program: recorders on it

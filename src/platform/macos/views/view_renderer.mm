@@ -30,7 +30,6 @@ NSSize ViewRenderer::layOut(double widthMax, double heightMax) {
     const Size wanted = measured([surface_.rootNode shownView], widthMax, sizes_);
     const NSSize size =
         NSMakeSize(std::ceil(wanted.width), std::ceil(std::min(wanted.height, std::max(0.0, heightMax))));
-    [surface_ setFrameSize:size];
     [surface_.rootNode placeAt:NSMakeRect(0, 0, size.width, size.height) sizes:sizes_];
     [surface_ keepFocusInSight];
     return size;
