@@ -1,0 +1,4 @@
+#pragma once
+#include "appkit_additions.h"
+
+#include_next <AppKit/AppKit.h>

@@ -1,0 +1,4 @@
+// GNUstep asks for this where blocks are on; the blocks come from their own runtime.
+#pragma once
+
+#include <Block.h>
