@@ -13,8 +13,8 @@ namespace mac_model {
 
 namespace {
 
-bool hasCommand(const std::vector<Modifier>& modifiers) {
-    return std::ranges::find(modifiers, Modifier::Command) != modifiers.end();
+bool has(const std::vector<Modifier>& modifiers, Modifier modifier) {
+    return std::ranges::find(modifiers, modifier) != modifiers.end();
 }
 
 } // namespace
@@ -151,9 +151,11 @@ Person::Held Person::pressMenuBarOrDesktop(MouseButton button, const std::vector
 Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>& modifiers,
                                const std::vector<StatusItemIdentifier>& closed) {
     // With Command the press belongs to macOS, which lets the person move the item.
-    if (hasCommand(modifiers)) return HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
+    if (has(modifiers, Modifier::Command))
+        return HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
     if (reach_.surfaces.alertOf(item.owner)) return {};
-    if (item.origin == ItemOrigin::Program) return HeldItem{item.identifier};
+    if (item.origin == ItemOrigin::Program)
+        return HeldItem{item.identifier, has(modifiers, Modifier::Control)};
     const bool hasJustClosed = std::ranges::find(closed, item.identifier) != closed.end();
     if (hasJustClosed) return {};
     reach_.items.notePress(item.identifier, at());
@@ -229,7 +231,7 @@ void Person::letGo(const HeldItem& held, MouseButton button) {
     const auto* item = reach_.arrangement.itemAt(at());
     if (!item || item->identifier != held.item) return;
     reach_.items.notePress(held.item, at());
-    reach_.items.press(held.item, button);
+    reach_.items.press(held.item, held.withControl ? MouseButton::Right : button);
 }
 
 bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifiers) {

@@ -63,6 +63,7 @@ class Person {
 
     struct HeldItem {
         StatusItemIdentifier item;
+        bool withControl = false; // which makes a left press a right one
     };
 
     /// An item pressed with Command, which moves once the pointer has.

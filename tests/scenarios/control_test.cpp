@@ -26,6 +26,14 @@ TEST(Control, looksAndSaysWhatAClickWillDo) {
     EXPECT_EQ(mac.control()["symbol"], "chevron.right.2");
 }
 
+TEST(Control, aClickWithControlHeldOpensTheMenu) {
+    auto mac = started(trustedMac("classic-display", setUp()));
+    mac.done({{"do", "click"}, {"item", tavrinBundle}, {"modifiers", {"control"}}});
+    mac.wait(0.5);
+    EXPECT_TRUE(mac.shows("Configure Items…"));
+    EXPECT_FALSE(isCollapsed(mac));
+}
+
 TEST(Control, theMenuHasItsEntriesInOrderAndFollowsTheState) {
     for (const bool collapsed : {false, true}) {
         auto mac = started(

@@ -25,6 +25,10 @@ namespace tavrin::macos {
 
 namespace {
 
+// Otherwise it may open in another Space than the full-screen one in which the user is.
+constexpr NSWindowCollectionBehavior behaviorOnSpaces =
+    NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorFullScreenAuxiliary;
+
 constexpr double edgeMargin = 24; // for the arrow, and left free at the screen's lower edge
 
 NSPopoverBehavior behaviorFor(PopoverBehavior behavior) {
@@ -113,6 +117,7 @@ bool MacPopover::show(StatusItem& item, Rect area) {
     // Below an item that isn't drawn it may count as shown without a window.
     if (!isShown()) return true;
     highlight(button);
+    renderer_.surface().window.collectionBehavior = behaviorOnSpaces;
     [renderer_.surface().window makeKeyWindow];
     renderer_.takeKeyboard();
     watchOutside();

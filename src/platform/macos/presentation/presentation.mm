@@ -18,7 +18,10 @@ namespace {
 void track(NSMenu* menu, NSStatusBarButton* button, Rect area) {
     if (!button.window) return;
     const NSRect anchor = rectInButton(button, area);
-    const CGFloat bottom = button.flipped ? NSMaxY(anchor) : NSMinY(anchor);
+    // Since macOS 26 the button is lower than the menu bar, which a menu below the button would overlap.
+    const NSRect window = [button convertRect:button.window.contentView.bounds
+                                     fromView:button.window.contentView];
+    const CGFloat bottom = button.flipped ? NSMaxY(window) : NSMinY(window);
     [button highlight:YES];
     [menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(NSMinX(anchor), bottom) inView:button];
     [button highlight:NO];

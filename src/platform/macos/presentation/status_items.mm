@@ -9,6 +9,20 @@
 using tavrin::StatusItemPress;
 using tavrin::macos::Deliver;
 
+namespace {
+
+constexpr NSTimeInterval eventAgeMax = 0.5;
+
+/// The right button, or the left one while Control is held. A press through Accessibility comes without an
+/// event and is a left one: the event is then whatever the user did last.
+bool isSecondary(NSEvent* event) {
+    if (!event || NSProcessInfo.processInfo.systemUptime - event.timestamp > eventAgeMax) return false;
+    if (event.type == NSEventTypeRightMouseUp) return true;
+    return event.type == NSEventTypeLeftMouseUp && (event.modifierFlags & NSEventModifierFlagControl) != 0;
+}
+
+} // namespace
+
 @interface TavrinStatusButtonTarget : NSObject
 - (instancetype)initWithDelivery:(Deliver)deliver;
 - (void)setAction:(std::function<void(StatusItemPress)>)action;
@@ -29,10 +43,9 @@ using tavrin::macos::Deliver;
     action_ = std::move(action);
 }
 
-// A press through Accessibility comes without a mouse event and is a left one.
 - (void)buttonPressed:(id)sender {
     if (!action_) return;
-    const bool isRight = NSApp.currentEvent.type == NSEventTypeRightMouseUp;
+    const bool isRight = isSecondary(NSApp.currentEvent);
     deliver_([action = action_, press = isRight ? StatusItemPress::Right : StatusItemPress::Left] {
         action(press);
     });

@@ -37,7 +37,8 @@ NSWindow* makeTitledWindow(std::string_view title) {
     window.releasedWhenClosed = NO; // else closing takes a reference that ARC counts as ours
     window.restorable = NO;
     window.title = localized(title);
-    window.collectionBehavior = NSWindowCollectionBehaviorMoveToActiveSpace;
+    window.collectionBehavior =
+        NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorFullScreenAuxiliary;
     return window;
 }
 

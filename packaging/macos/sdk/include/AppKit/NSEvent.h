@@ -28,6 +28,7 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 
 @interface NSEvent : NSObject <NSCopying, NSCoding>
 @property (readonly) NSEventType type;
+@property (readonly) NSTimeInterval timestamp;
 @property (readonly) NSEventModifierFlags modifierFlags;
 @property (readonly) NSPoint locationInWindow;
 @property (readonly) unsigned short keyCode;

@@ -15,6 +15,7 @@ typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
 @interface NSProcessInfo : NSObject
 @property (class, readonly, strong) NSProcessInfo *processInfo;
 @property (copy) NSString *processName;
+@property (readonly) NSTimeInterval systemUptime;
 @property (readonly) NSOperatingSystemVersion operatingSystemVersion;
 - (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString *)reason;
 @end
