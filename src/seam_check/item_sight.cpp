@@ -11,12 +11,11 @@ namespace tavrin::seam_check {
 
 namespace {
 
-constexpr int statusItemLayer = 25; // kCGStatusWindowLevelKey
 constexpr int firstVersionWithoutItemWindows = 27;
 constexpr double paddingMax = 24; // of a window around its button, both sides together
 
 bool isWindowOf(const OnScreenWindow& window, const Rect& frame) {
-    return window.layer == statusItemLayer && window.frame.intersects(frame) &&
+    return window.layer == OnScreenWindow::statusItemLayer && window.frame.intersects(frame) &&
            std::abs(window.frame.midX() - frame.midX()) <= 2 * itemSlack &&
            std::abs(window.frame.width - frame.width) <= paddingMax;
 }

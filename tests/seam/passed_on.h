@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/accessibility.h"
+#include "platform/application.h"
 #include "platform/defaults.h"
 #include "platform/events.h"
+#include "platform/hot_keys.h"
+#include "platform/keyboard.h"
 #include "platform/login_item.h"
 #include "platform/platform.h"
 #include "platform/presentation.h"
@@ -13,11 +16,73 @@
 #include "platform/workspace.h"
 
 #include <memory>
+#include <type_traits>
 #include <utility>
 
-// Families that pass everything on to a true one: a lie overrides what it falsifies.
+// Families that pass everything on to a true one: what is derived from them overrides what it falsifies.
 
 namespace tavrin {
+
+class PassedOnApplication : public Application {
+  public:
+    explicit PassedOnApplication(Application& real) : truth(real) {}
+
+    ProcessIdentifier processIdentifier() const override { return truth.processIdentifier(); }
+
+    std::string bundleIdentifier() const override { return truth.bundleIdentifier(); }
+
+    std::string displayVersion() const override { return truth.displayVersion(); }
+
+    void setActivationPolicy(ActivationPolicy policy) override { truth.setActivationPolicy(policy); }
+
+    void activate() override { truth.activate(); }
+
+    void activateIgnoringOthers() override { truth.activateIgnoringOthers(); }
+
+    bool isActive() const override { return truth.isActive(); }
+
+    Subscription onDidBecomeActive(std::function<void()> handler) override {
+        return truth.onDidBecomeActive(std::move(handler));
+    }
+
+    bool takesKeys() const override { return truth.takesKeys(); }
+
+    Subscription onKeysReleased(std::function<void()> handler) override {
+        return truth.onKeysReleased(std::move(handler));
+    }
+
+    void showAboutPanel() override { truth.showAboutPanel(); }
+
+    void terminate() override { truth.terminate(); }
+
+    void replyToShouldTerminate(bool terminates) override { truth.replyToShouldTerminate(terminates); }
+
+    Application& truth;
+};
+
+class PassedOnPresentation : public Presentation {
+  public:
+    explicit PassedOnPresentation(Presentation& real) : truth(real) {}
+
+    std::unique_ptr<Popover> makePopover(PopoverBehavior behavior, std::function<void()> onClose) override {
+        return truth.makePopover(behavior, std::move(onClose));
+    }
+
+    std::unique_ptr<Window> makeWindow(std::string title, std::function<void()> onClose) override {
+        return truth.makeWindow(std::move(title), std::move(onClose));
+    }
+
+    std::unique_ptr<Panel> makePanel() override { return truth.makePanel(); }
+
+    std::unique_ptr<Alert> showAlert(AlertQuestion question,
+                                     std::function<void(std::size_t)> onAnswer) override {
+        return truth.showAlert(std::move(question), std::move(onAnswer));
+    }
+
+    void popUp(Menu menu, StatusItem& item, Rect area) override { truth.popUp(std::move(menu), item, area); }
+
+    Presentation& truth;
+};
 
 class PassedOnDefaults : public Defaults {
   public:
@@ -267,5 +332,32 @@ class PassedOnStatusItem : public StatusItem {
 
     std::unique_ptr<StatusItem> truth;
 };
+
+/// The platform with the families that the lie implements replaced.
+template <class Lie>
+Platform with(Lie& lie, const Platform& real) {
+    const auto pick = [&lie]<class Family>(Family& truth) -> Family& {
+        if constexpr (std::is_base_of_v<Family, Lie>)
+            return lie;
+        else
+            return truth;
+    };
+    return {.scheduler = pick(real.scheduler),
+            .application = pick(real.application),
+            .accessibility = pick(real.accessibility),
+            .defaults = pick(real.defaults),
+            .events = pick(real.events),
+            .hotKeys = pick(real.hotKeys),
+            .keyboard = pick(real.keyboard),
+            .loginItem = pick(real.loginItem),
+            .presentation = pick(real.presentation),
+            .randomness = real.randomness,
+            .screens = pick(real.screens),
+            .statusItems = pick(real.statusItems),
+            .text = pick(real.text),
+            .windowServer = pick(real.windowServer),
+            .workspace = pick(real.workspace),
+            .updater = real.updater};
+}
 
 } // namespace tavrin

@@ -2,6 +2,7 @@
 
 #include "concurrency/job.h"
 #include "concurrency/waits.h"
+#include "seam/passed_on.h"
 #include "seam_check/all_checks.h"
 #include "seam_check/report.h"
 #include "seam_check/runner.h"
@@ -16,6 +17,20 @@
 #include <vector>
 
 namespace mac_model {
+
+/// What another process sees of the kept text: only what was handed over.
+class SeenByOthers final : public tavrin::PassedOnDefaults {
+  public:
+    using PassedOnDefaults::PassedOnDefaults;
+
+    void synchronize(const tavrin::DefaultsDomain& domain) override {
+        truth.synchronize(domain);
+        const tavrin::DefaultsDomain scratch{tavrin::seam_check::scratchDomain};
+        if (domain == scratch) kept = truth.value(scratch, tavrin::seam_check::keptKey);
+    }
+
+    std::optional<tavrin::DefaultsValue> kept;
+};
 
 /// The self-check as a program on the modelled Mac, with a person who does what it asks.
 struct SelfCheck {
@@ -35,6 +50,7 @@ struct SelfCheck {
     bool isPersonThere = true;
 
     TavrinMac* mac = nullptr;
+    std::unique_ptr<SeenByOthers> others{};
     std::vector<tavrin::seam_check::CheckResult> results{};
     std::ostringstream report{};
     bool hasEnded = false;
@@ -53,9 +69,7 @@ struct SelfCheck {
     }
 
     bool isStoredForOthers(const std::string& text) const {
-        namespace seam = tavrin::seam_check;
-        const auto stored = mac->mac().preferences().value({seam::scratchDomain}, seam::keptKey);
-        return stored == tavrin::DefaultsValue{text};
+        return others && others->kept == tavrin::DefaultsValue{text};
     }
 
     void pressHotKey() const {
@@ -70,7 +84,7 @@ struct SelfCheck {
         if (mac->shows("Please click the round check mark above, once.")) mac->clickItem(tavrinBundle);
         if (mac->shows("Please click the round check mark above with the right button, once."))
             mac->rightClickItem(tavrinBundle);
-        if (mac->shows("Please press the key A, once.")) mac->key("a");
+        if (mac->shows("Please press the Escape key, once.")) mac->key("escape");
     }
 };
 
@@ -90,7 +104,9 @@ class SelfCheckDelegate final : public tavrin::ApplicationDelegate {
     SelfCheckDelegate(SelfCheck& self, tavrin::Platform& platform) : self_(self), platform_(platform) {}
 
     void applicationDidFinishLaunching() override {
-        job_ = start(platform_.scheduler, runInto(self_, self_.falsify(platform_)));
+        self_.others = std::make_unique<SeenByOthers>(platform_.defaults);
+        const auto seen = with(*self_.others, platform_);
+        job_ = start(platform_.scheduler, runInto(self_, self_.falsify(seen)));
     }
 
     bool applicationShouldHandleReopen(bool) override { return true; }

@@ -1,4 +1,5 @@
 #include "platform/application.h"
+#include "platform/events.h"
 #include "platform/keyboard.h"
 #include "platform/presentation.h"
 #include "platform/status_items.h"
@@ -96,14 +97,15 @@ Task<Verdict> keysAreShownFirst(Platform platform) {
         return KeyHandling::Consumed;
     });
     const auto window = platform.presentation.makeWindow("Self-check of Tavrin", [] {});
-    window->setContent(request("Please press the key A, once."));
+    window->setContent(request("Please press the Escape key, once."));
     platform.application.activateIgnoringOthers();
     window->makeKeyAndOrderFront();
     (void)co_await comesTrue(platform, [keys] { return !keys->empty(); }, patience);
     if (keys->empty()) co_return nobodyDid("pressed a key");
-    const auto character = platform.keyboard.character(keys->front().keyCode);
-    co_return passed("It was seen before the window had it; the layout makes " + quoted(character) +
-                     " of it.");
+    if (keys->front().keyCode != escapeKeyCode)
+        co_return failed("It came as key " + std::to_string(keys->front().keyCode) + " and not as " +
+                         std::to_string(escapeKeyCode) + ".");
+    co_return passed("It was seen before the window had it.");
 }
 
 } // namespace

@@ -189,6 +189,28 @@ Task<Verdict> destroyedWindowsAreSilent(Platform platform) {
     co_return findings.verdict("It went without a word.");
 }
 
+/// Whether the frame is in the top right of a screen, below its menu bar.
+bool isBelowMenuBar(const Platform& platform, const Rect& frame) {
+    constexpr double marginMax = 40;
+    return std::ranges::any_of(platform.screens.screens(), [&](const Screen& screen) {
+        const double below = frame.minY() - (screen.frame.minY() + screen.menuBarHeight);
+        const double beside = screen.frame.maxX() - frame.maxX();
+        return below >= -1 && below <= marginMax && beside >= -1 && beside <= marginMax;
+    });
+}
+
+Task<Verdict> windowsOpenWhereTold(Platform platform) {
+    const auto window = platform.presentation.makeWindow("Self-check of Tavrin", [] {});
+    window->setContent(note("Below the menu bar"));
+    window->placeBelowMenuBar();
+    const OwnWindows windows(platform);
+    window->makeKeyAndOrderFront();
+    if (!co_await windows.comes()) co_return failed("The window server doesn't list it.");
+    const auto frame = windows.appeared().value_or(Rect{});
+    if (!isBelowMenuBar(platform, frame)) co_return failed("It is " + said(frame) + ".");
+    co_return passed("It is " + said(frame) + ".");
+}
+
 bool isOnScreen(const Platform& platform, Rect area) {
     const auto own = platform.application.processIdentifier();
     return std::ranges::any_of(platform.windowServer.onScreenWindows(), [&](const OnScreenWindow& window) {
@@ -315,6 +337,8 @@ std::vector<Check> presentationChecks() {
         changes(family, "A popover of an item without a window isn't shown.", popoversNeedAnItem),
         changes(family, "A window shows every kind of view, and tells once that it closes.",
                 windowsTellOnceThatTheyClose),
+        changes(family, "A window that is told to opens below the menu bar, at the right.",
+                windowsOpenWhereTold),
         changes(family, "A panel shows below its anchor, where the window server lists it, until it goes.",
                 panelsShowBelowTheirAnchor),
         changes(family, "An alert that is destroyed goes without an answer.", destroyedAlertsGiveNoAnswer),
