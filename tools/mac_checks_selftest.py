@@ -39,7 +39,8 @@ class Copy:
         shutil.copy(ROOT / "CMakeLists.txt", self.root)
         self.program = self.app / "Contents/MacOS/Tavrin"
         self.info = self.app / "Contents/Info.plist"
-        self.helper = self.app / "Contents/MacOS/tavrin-seam-check"
+        inner = self.app / "Contents/Helpers/SeamCheck.app/Contents"
+        self.helper, self.helper_info = inner / "MacOS/tavrin-seam-check", inner / "Info.plist"
         self.resources = self.app / "Contents/Resources"
         self.listing = self.app / "Contents/_CodeSignature/CodeResources"
         self.entitlements = self.root / "packaging/macos/entitlements.plist"
@@ -111,6 +112,9 @@ FAULTS = [
      "allow.txt names CGSGetWindowCounts"),
     ("Info.plist is torn", lambda c: c.info.write_bytes(c.info.read_bytes()[:300]), "Info.plist: can't be read"),
     ("it would stand in the Dock", lambda c: swap(c.info, b"LSUIElement", b"LSUIElemint"), "LSUIElement is None"),
+    ("the seam check passes for Tavrin", lambda c: swap(c.helper_info, b"org.tavrin.seam-check", b"org.tavrin.Tavrin"),
+     "Info.plist of Tavrin Seam Check: CFBundleIdentifier is"),
+    ("the seam check is missing", lambda c: c.helper.unlink(), "tavrin-seam-check: isn't there as a program"),
     ("a yes is a text", lambda c: swap(c.info, b"<key>LSUIElement</key>\n    <true/>",
                                        b"<key>LSUIElement</key>\n    <string>1</string>"), "LSUIElement is '1'"),
     ("the version wasn't filled in", lambda c: c.info.write_text(re.sub(r"\d+\.\d+\.\d+", "@VERSION@", c.info.read_text())),

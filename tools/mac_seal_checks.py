@@ -109,7 +109,7 @@ def check_list(contents, main):
     except Exception as error:  # of the file system, the parser, or for want of a key
         yield f"CodeResources: can't be read, so that a downloaded Tavrin counts as damaged: {error!r}"
         return
-    present = {path.relative_to(contents).as_posix(): path for path in contents.rglob("*") if not path.is_dir()}
+    present = present_in(contents)
     yield from (f"{name}: is a link, which the seal doesn't cover" for name, path in present.items() if path.is_symlink())
     covered = {name: path for name, path in present.items() if name not in BESIDE_THE_LIST | {f"MacOS/{main}"}}
     old = {name: path for name, path in covered.items() if name.startswith("Resources/")}
@@ -119,6 +119,13 @@ def check_list(contents, main):
         for name in sorted(wanted.keys() & files.keys()):
             entry = files[name] if isinstance(files[name], dict) else {kind: files[name]}
             yield from check_entry(name, wanted[name], entry, rules, kind, algorithm)
+
+
+def present_in(contents):
+    """Name and path of all that a list must cover: each file, but of a bundle within the bundle only the bundle."""
+    inner = [path for path in contents.rglob("*.app") if path.is_dir()]
+    files = [path for path in contents.rglob("*") if not path.is_dir() and not any(one in path.parents for one in inner)]
+    return {path.relative_to(contents).as_posix(): path for path in [*files, *inner]}
 
 
 def check_entry(name, path, entry, rules, kind, algorithm):
@@ -142,11 +149,19 @@ def deciding(name, rules):
     return best
 
 
-def check_helper(name, path, entry):
-    """A program beside the main one is listed by the hashes of its code, one an architecture."""
+def program_in(app):
     try:
-        hashes = [read_signature(one.signature or b"").directory.code_hash for one in slices(path.read_bytes())]
-    except Damaged as damage:
+        return app / "Contents/MacOS" / plistlib.loads((app / "Contents/Info.plist").read_bytes())["CFBundleExecutable"]
+    except Exception as error:  # of the file system, the parser, or for want of the key
+        raise Damaged(f"names no program: {error!r}") from error
+
+
+def check_helper(name, path, entry):
+    """A bundle within the bundle is listed by the hashes of its program's code, one an architecture."""
+    try:
+        hashes = [read_signature(one.signature or b"").directory.code_hash
+                  for one in slices(program_in(path).read_bytes())]
+    except (Damaged, OSError) as damage:
         hashes = []
         yield f"{name}: {damage}"
     named = [bytes.fromhex(digits) for digits in re.findall(r'cdhash H"([0-9a-f]{40})"', entry.get("requirement", ""))]

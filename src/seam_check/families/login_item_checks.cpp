@@ -42,13 +42,13 @@ Task<Verdict> isTakenBack(Platform platform, LoginItemState registered) {
         co_await comesTrue(platform, [platform] { return !isRegistered(platform.loginItem.state()); }, 2s);
     if (isGone) co_return passed("It was " + said(registered) + " for a moment.");
     co_return failed("It stays " + said(platform.loginItem.state()) +
-                     "; take Tavrin out of System Settings › General › Login Items. " +
+                     "; take this program out of System Settings › General › Login Items. " +
                      (change ? "It was told to be gone." : change.error()));
 }
 
 Task<Verdict> registeringIsKept(Platform platform) {
     auto& item = platform.loginItem;
-    if (isRegistered(item.state())) co_return skipped("Tavrin starts at login, and stays so.");
+    if (isRegistered(item.state())) co_return skipped("It starts at login, and stays so.");
     const auto change = item.registerApplication();
     const auto hasCome =
         co_await comesTrue(platform, [platform] { return isRegistered(platform.loginItem.state()); }, 2s);
