@@ -175,8 +175,8 @@ std::vector<PlantedLie> liesAboutStatusItems() {
             "countsFromBelow", "screens",
             {"The menu bar's parts beside a notch lie at the top edge, left and right of it.",
              "The primary screen comes first, and its top left is the origin.",
-                              "While the menu bar is to be seen, windows of it are on the screens, which are "
-                              "shown."},
+             "While the menu bar is to be seen, windows of it are on the screens, which are "
+             "shown."},
             "two-displays"),
         lie<PilesThemUp>("pilesThemUp", "screens",
                          {"Screens have sizes and scales, and lie apart from each other.",
