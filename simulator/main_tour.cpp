@@ -90,6 +90,28 @@ Expectation noWindow(std::string_view title) {
             [title](const Seen& seen) { return !hasWindow(seen, title); }};
 }
 
+/// Whether the model has this value of a setting; a tour on another Mac has nothing to show there.
+bool behaves(const Seen& seen, const std::string& setting, const json& value) {
+    return seen.look["world"]["model"].value(setting, json{}) == value;
+}
+
+Expectation inFront(const std::string& bundle) {
+    return {"macOS declined Tavrin’s plain request to be in front, and Tavrin is there all the same",
+            [bundle](const Seen& seen) {
+                return behaves(seen, "activation", "declined") && seen.look["frontmost"] == bundle;
+            }};
+}
+
+Expectation notInFront(const std::string& bundle) {
+    return {"another application is in front and has the keyboard",
+            [bundle](const Seen& seen) { return seen.look["frontmost"] != bundle; }};
+}
+
+Expectation notPlacedYet() {
+    return {"macOS hasn’t given the control its place, so that nothing is hidden",
+            [](const Seen& seen) { return behaves(seen, "placement", "slow") && countOffScreen(seen) == 0; }};
+}
+
 json press(const std::string& words) { return {{"do", "press"}, {"text", words}}; }
 
 json wait(double seconds) { return {{"do", "wait"}, {"seconds", seconds}}; }
@@ -110,9 +132,9 @@ std::vector<TourStep> onboarding(const std::string& bundle) {
         {"Tavrin starts for the first time and asks for Accessibility access.",
          {wait(1)},
          {window(onboardingTitle), text("Allow Tavrin to tidy your menu bar"), noControl(bundle)}},
-        {"Its button leads to System Settings, and macOS says that Tavrin has asked.",
+        {"Tavrin isn’t on the list there. Its button has macOS put it on the list, and leads to it.",
          {press("Open System Settings"), wait(1)},
-         {window("Accessibility"),
+         {window("Accessibility"), text("Tavrin"),
           text("“Tavrin” would like to control this computer using accessibility features."),
           noControl(bundle)}},
         {"The person sends that dialog away and turns Tavrin’s switch on; Tavrin says farewell to the window.",
@@ -193,10 +215,10 @@ std::vector<TourStep> toggleShortcut(const std::string& bundle) {
          {expanded(bundle)}},
         {"In the settings the person types another shortcut. Shift-K isn’t one, and the recorder goes on.",
          {click(bundle, "right"), press("Settings…"), wait(1), press("⌃⌥H"), key("k", {"shift"})},
-         {window("Tavrin Settings"), text("Type shortcut…")}},
+         {window("Tavrin Settings"), text("Type shortcut…"), inFront(bundle)}},
         {"Option-Command-K is one, and is in force at once. Escape closes the settings.",
          {key("k", {"option", "command"}), key("escape"), key("k", {"option", "command"}), wait(2)},
-         {noWindow("Tavrin Settings"),
+         {noWindow("Tavrin Settings"), notInFront(bundle),
           stored("Skerrow.toggleShortcut", {{"enabled", true}, {"keyCode", 40}, {"modifiers", 0x180000}}),
           collapsed(bundle)}},
     };
@@ -214,8 +236,11 @@ std::vector<TourStep> quitting(const std::string& bundle) {
           {"no item is off the screen", [](const Seen& seen) { return countOffScreen(seen) == 0; }},
           {"Tavrin doesn’t run", [](const Seen& seen) { return !seen.look["world"]["running"].get<bool>(); }},
           stored(startCollapsed, true)}},
-        {"Started again, Tavrin hides the items by itself.",
-         {{{"do", "start"}}, wait(4)},
+        {"Started again, Tavrin waits until macOS has placed its control.",
+         {{{"do", "start"}}, wait(0.8)},
+         {noWindow(onboardingTitle), notPlacedYet()}},
+        {"Then it hides the items by itself.",
+         {wait(4)},
          {noWindow(onboardingTitle), collapsed(bundle), stored(startCollapsed, true)}},
     };
 }
