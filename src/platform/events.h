@@ -98,7 +98,11 @@ class PreparedEvent {
     PreparedEvent& operator=(const PreparedEvent&) = delete;
     virtual ~PreparedEvent() = default;
 
+    /// As it was asked for.
     const MouseEvent& value() const { return value_; }
+
+    /// The same properties as the system's own event has them now.
+    virtual MouseEvent readBack() const { return value_; }
 
   private:
     MouseEvent value_;

@@ -64,6 +64,25 @@ struct DropsTheCommandKey : PassedOnEvents {
     }
 };
 
+/// Its events aren't what it says of them.
+struct MakesOtherEvents : PassedOnEvents {
+    using PassedOnEvents::PassedOnEvents;
+
+    struct Other final : PreparedEvent {
+        using PreparedEvent::PreparedEvent;
+
+        MouseEvent readBack() const override {
+            auto read = value();
+            read.flags = noEventFlags;
+            return read;
+        }
+    };
+
+    std::unique_ptr<PreparedEvent> create(const MouseEvent& event) override {
+        return std::make_unique<Other>(event);
+    }
+};
+
 struct LosesThePointer : PassedOnEvents {
     using PassedOnEvents::PassedOnEvents;
 
@@ -119,6 +138,7 @@ std::vector<PlantedLie> liesAboutInput() {
                          "An event for one process leaves the pointer where it is."}),
         lie<DropsTheCommandKey>("dropsTheCommandKey", "status items",
                                 {"A drag with Command moves an item past its neighbour."}),
+        lie<MakesOtherEvents>("makesOtherEvents", "events", {"A prepared event holds what it was made of."}),
         lie<LosesThePointer>("losesThePointer", "events", {"The pointer is on a screen."}),
         lie<HasAnyKey>("hasAnyKey", "hot keys",
                        {"The system's own shortcuts are listed with their keys.",

@@ -56,6 +56,17 @@ class MacPreparedEvent final : public PreparedEvent {
 
     CGEventRef event() const { return event_.get(); }
 
+    MouseEvent readBack() const override {
+        auto read = value();
+        read.type = static_cast<MouseEventType>(CGEventGetType(event()));
+        read.location = pointFromQuartz(CGEventGetLocation(event()));
+        read.flags = CGEventGetFlags(event());
+        if (read.clickState) read.clickState = CGEventGetIntegerValueField(event(), kCGMouseEventClickState);
+        for (auto& [field, number] : read.fields)
+            number = CGEventGetIntegerValueField(event(), static_cast<CGEventField>(field));
+        return read;
+    }
+
   private:
     CgEvent event_;
 };
