@@ -14,6 +14,9 @@ constexpr double windowWidth = 380;
 constexpr double listHeightMax = 440;
 constexpr double errorHeightMax = 132; // eight lines
 
+/// While items are placed, Stop stands for Apply and Hide.
+constexpr const char* applyOrStop = "apply";
+
 TextOptions caption() { return {.style = TextStyle::Caption, .tone = Tone::Secondary}; }
 
 View header() {
@@ -50,6 +53,7 @@ View applyBar(const ConfigureModel& model) {
         // A drag may take the pointer away before the mouse button is released.
         auto stop = button("Stop", model.actions.stopApplying,
                            {.help = "Stop placing items", .actsWhenPressed = true});
+        stop.identity = applyOrStop;
         return row({progress(), text(placing.empty() ? "Getting ready…" : placing, caption()), spacer(),
                     std::move(stop)});
     }
@@ -57,6 +61,7 @@ View applyBar(const ConfigureModel& model) {
     summary.width = windowWidth - 190;
     auto apply = button("Apply and Hide", model.actions.applyAndHide,
                         {.style = ButtonStyle::Prominent, .isDefault = true});
+    apply.identity = applyOrStop;
     return row({std::move(summary), spacer(), std::move(apply)});
 }
 
@@ -72,6 +77,7 @@ View footer(const ConfigureModel& model) {
                {.style = ButtonStyle::Plain, .symbol = "arrow.clockwise", .help = "Refresh menu bar items"});
     refresh.accessibilityLabel = "Refresh menu bar items";
     refresh.isEnabled = !model.isApplying;
+    refresh.identity = "refresh";
     auto pins =
         button("", nullptr, {.style = ButtonStyle::Plain, .symbol = "pin", .help = "Pinned menu items"});
     pins.accessibilityLabel = "Pinned menu items";

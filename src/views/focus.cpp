@@ -63,7 +63,8 @@ FocusPlace focusPlaceOf(const View& view, ViewPath path) {
             .takesFocus = takesFocus(view),
             .isListed = view.isFocusable && view.isEnabled,
             .list = listOf(view),
-            .identity = view.dragValue};
+            .identity = view.dragValue,
+            .control = view.identity};
 }
 
 FocusPlaces focusPlacesOf(const View& root) {

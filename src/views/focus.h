@@ -29,6 +29,7 @@ struct FocusPlace {
     bool isListed = false; // up and down reach it
     List list = List::None;
     std::optional<std::string> identity{}; // of a row: what it carries to other places
+    std::string control{};                 // the identity of a control; empty without one
 };
 
 FocusPlace focusPlaceOf(const View&, ViewPath);

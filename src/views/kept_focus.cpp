@@ -38,7 +38,7 @@ std::optional<ViewPath> KeptFocus::settleIn(FocusPlaces places) {
     auto place = found(*belongsAt_);
     const bool isLent = !place;
     if (!place && standsAt_ && standsAt_->row) place = found(*standsAt_);
-    if (!place) place = focusNear(places_, belongsAt_->path);
+    if (!place) place = focusNear(places_, pathOf(*belongsAt_));
     standsAt_ = place ? std::optional(spotAt(*place)) : std::nullopt;
     const bool isForGood = belongsAt_->row && standsAt_ && standsAt_->row;
     if (!isLent || isForGood) belongsAt_ = standsAt_;
@@ -51,17 +51,35 @@ std::optional<ViewPath> KeptFocus::standsAt() const {
 
 KeptFocus::Spot KeptFocus::spotAt(ViewPath path) const {
     const auto* row = rowAround(places_, path);
-    if (!row) return {.path = std::move(path)};
+    if (!row) {
+        const auto place = std::ranges::find(places_, path, &FocusPlace::path);
+        auto control = place == places_.end() ? std::string{} : place->control;
+        return {.path = std::move(path), .control = std::move(control)};
+    }
     const auto depth = static_cast<std::ptrdiff_t>(row->path.size());
     return {.path = path,
             .row = Row{*row->identity, listOf(places_, row->path), {path.begin() + depth, path.end()}}};
 }
 
+const FocusPlace* KeptFocus::controlOf(const Spot& spot) const {
+    if (spot.control.empty()) return nullptr;
+    const auto again = std::ranges::find(places_, spot.control, &FocusPlace::control);
+    return again == places_.end() ? nullptr : &*again;
+}
+
+/// Where it stands now, or where it stood.
+ViewPath KeptFocus::pathOf(const Spot& spot) const {
+    const auto* control = controlOf(spot);
+    return control ? control->path : spot.path;
+}
+
 /// The very view, where it takes the focus.
 std::optional<ViewPath> KeptFocus::found(const Spot& spot) const {
     if (spot.row) return found(*spot.row);
-    const auto nearest = focusNear(places_, spot.path);
-    return nearest == spot.path && !rowAround(places_, spot.path) ? nearest : std::nullopt;
+    const auto path = pathOf(spot);
+    const auto nearest = focusNear(places_, path);
+    if (nearest != path || rowAround(places_, path)) return std::nullopt;
+    return spotAt(path).control == spot.control ? nearest : std::nullopt;
 }
 
 /// The row's inside gives way to the row itself.

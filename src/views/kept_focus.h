@@ -9,9 +9,9 @@
 namespace tavrin {
 
 /// Where the focus belongs while trees come and go. It belongs to the view to which a person or the program
-/// has moved it: to a row with an identity wherever the row stands in its list, to another view at its place.
-/// It stands there or nearest to it, and goes back when that place takes it again. A row that takes the focus
-/// from one that has left the list keeps it.
+/// has moved it: to a row with an identity wherever the row stands in its list, to a control with one
+/// wherever that stands, to another view at its place. It stands there or nearest to it, and goes back when
+/// that place takes it again. A row that takes the focus from one that has left the list keeps it.
 class KeptFocus {
   public:
     void moveTo(ViewPath path) { belongsAt_ = standsAt_ = spotAt(std::move(path)); }
@@ -38,9 +38,12 @@ class KeptFocus {
     struct Spot {
         ViewPath path;
         std::optional<Row> row{}; // that it is, or stands in
+        std::string control{};    // the identity of the control that it is
     };
 
     Spot spotAt(ViewPath) const;
+    const FocusPlace* controlOf(const Spot&) const;
+    ViewPath pathOf(const Spot&) const;
     std::optional<ViewPath> found(const Spot&) const;
     std::optional<ViewPath> found(const Row&) const;
 

@@ -44,6 +44,10 @@ struct Interaction {
     /// Tab reaches the view, and up and down move between the focusable views of a column.
     bool isFocusable = false;
     std::vector<KeyAction> keyActions;
+
+    /// What a control stays with whatever title and at whatever place: the keyboard focus follows it there.
+    /// Without one it is known by its place.
+    std::string identity;
 };
 
 struct DragSource {

@@ -145,6 +145,31 @@ TEST(ConfigureWindow, theKeyboardStaysWithItsRowAndInSight) {
     expectInSight(focused(mac), "after the row has left");
 }
 
+TEST(ConfigureWindow, theKeyboardStaysWithItsButtonWhenAMessageComesAboveIt) {
+    const std::string refresh = "Refresh menu bar items";
+    for (const auto& button : {std::string("Apply and Hide"), refresh}) {
+        auto mac = started(controlInMidBar({wifi, sound}));
+        mac.set("refuseDrags", "com.apple.controlcenter");
+        openConfigure(mac);
+        for (int i = 0; i < 60 && focusedName(mac) != button; ++i) mac.key("tab");
+        ASSERT_EQ(focusedName(mac), button);
+        const auto stored = storedHidden(mac);
+        if (button == refresh)
+            mac.press("Apply and Hide");
+        else
+            mac.key("space");
+        mac.wait(0.5);
+        EXPECT_EQ(focusedName(mac), "Stop") << "while " << button << " is away";
+        waitForApply(mac);
+        ASSERT_TRUE(showsPart(mac, "Couldn")) << "something has come above";
+        EXPECT_EQ(focusedName(mac), button);
+        mac.key("space");
+        mac.wait(0.5);
+        EXPECT_EQ(mac.shows("Stop"), button != refresh) << "the key presses what has the focus";
+        EXPECT_EQ(storedHidden(mac), stored);
+    }
+}
+
 TEST(ConfigureWindow, offersNoMoveForWhatMacOSKeepsInPlace) {
     auto mac = started(trustedMac("classic-display", setUp()));
     openConfigure(mac);

@@ -219,4 +219,37 @@ TEST(Focus, isOnlyLentToAnItemByAButton) {
     EXPECT_EQ(focus.settleIn(places(items("xab", ""))), ViewPath{1}) << "the button again";
 }
 
+TEST(Focus, followsAControlByWhatItStays) {
+    struct Case {
+        std::string what;
+        View tree;
+        At to;
+    };
+
+    const auto named = [](View control, const std::string& identity) {
+        control.identity = identity;
+        return control;
+    };
+    const auto go = [&](const std::string& title) { return named(button(title, [] {}), "go"); };
+    const std::vector<Case> cases{
+        {"something came above", column({card(rows(1)), card(rows(1)), go("Go")}), ViewPath{2}},
+        {"it has another title and place", column({card(rows(2)), row({text("Busy"), go("Stop")})}),
+         ViewPath{1, 1}},
+        {"another control has its place", column({go("Go"), named(button("Other", [] {}), "other")}),
+         ViewPath{0}},
+        {"it is disabled, and lends the focus to its neighbour",
+         column({card(rows(1)), text("Oh"), row({button("Near", [] {}), disabled(go("Go"))})}),
+         ViewPath{2, 0}},
+    };
+    for (const auto& c : cases) {
+        KeptFocus focus;
+        const auto before = places(column({card(rows(1)), go("Go")}));
+        focus.settleIn(before);
+        focus.seenAt(ViewPath{1});
+        EXPECT_EQ(focus.settleIn(places(c.tree)), c.to) << c.what;
+        focus.seenAt(c.to);
+        EXPECT_EQ(focus.settleIn(before), ViewPath{1}) << "back after: " << c.what;
+    }
+}
+
 } // namespace tavrin
