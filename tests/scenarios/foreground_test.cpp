@@ -77,6 +77,43 @@ TEST(Foreground, aWindowClosedBeforeTheRequestIsGrantedLeavesNobodyWithoutKeys) 
     }
 }
 
+TEST(Foreground, theConfigureWindowIsUsedHoweverMacOSAnswersTheRequest) {
+    for (const char* answer : {"granted", "late", "declined"}) {
+        auto mac = startedBesideAnEditor({{"activation", answer}});
+        mac.set("activationTime", 0.3);
+        mac.rightClickItem(tavrinBundle);
+        mac.press("Configure Items…");
+        mac.wait(0.8);
+        EXPECT_TRUE(isKey(mac, tavrinBundle)) << answer;
+        mac.key("tab");
+        EXPECT_NE(mac.look().dump().find("\"focused\":true"), std::string::npos) << answer;
+        mac.wait(1);
+        EXPECT_FALSE(save(mac)) << answer;
+        mac.key("escape");
+        mac.wait(1.5);
+        EXPECT_FALSE(mac.shows("Apply and Hide")) << answer;
+        EXPECT_TRUE(save(mac)) << answer << ": the keys are back";
+        EXPECT_EQ(mac.stats()["tasks"], 0) << answer;
+    }
+}
+
+TEST(Foreground, theMenuOfTheControlStaysOpenHoweverLateARequestIsGranted) {
+    for (const char* answer : {"granted", "late", "declined"}) {
+        for (const double pause : {0.01, 0.12, 0.25}) {
+            auto mac = startedBesideAnEditor({{"activation", answer}});
+            mac.set("activationTime", 0.3);
+            openSettings(mac);
+            mac.wait(pause);
+            mac.rightClickItem(tavrinBundle);
+            mac.wait(2);
+            EXPECT_TRUE(mac.shows("Configure Items…")) << answer << ", " << pause;
+            mac.press("Configure Items…");
+            mac.wait(2);
+            EXPECT_TRUE(mac.shows("Apply and Hide")) << answer << ", " << pause;
+        }
+    }
+}
+
 TEST(Foreground, theKeysStayWhereTheUserHasPutThem) {
     auto mac = startedBesideAnEditor();
     openSettings(mac);
