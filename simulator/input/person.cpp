@@ -44,7 +44,9 @@ void Person::moveOverMenu(Point point) {
 void Person::press(MouseButton button, const std::vector<Modifier>& modifiers, PressedBy by) {
     devices_.pointer.buttons.insert(button);
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftDown);
+    if (joinsPostedPress(button, by)) return;
     letGoOfAll(by);
+    if (button == MouseButton::Left) handOf(by).holdsLeftButton = true;
     if (reach_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = reach_.surfaces.dismissForPressAt(at());
     if (auto* surface = reach_.surfaces.at(at())) return pressSurface(handOf(by), *surface, button);
@@ -201,7 +203,12 @@ void Person::letGo(const HeldPlace& place) {
 void Person::release(MouseButton button, PressedBy by) {
     devices_.pointer.buttons.erase(button);
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftUp);
+    if (joinsPostedPress(button, by)) {
+        letGoOfAll(by);
+        by = PressedBy::PostedEvents;
+    }
     auto& hand = handOf(by);
+    if (button == MouseButton::Left) hand.holdsLeftButton = false;
     const auto held = std::exchange(hand.held, {});
     if (button == MouseButton::Left && hand.viewDrag.drop()) return;
     if (const auto* place = std::get_if<HeldPlace>(&held)) return letGo(*place);

@@ -14,8 +14,9 @@
 
 namespace mac_model {
 
-/// Whose press it is. Both have the one pointer, but a posted release doesn't lift the person's finger, and
-/// what a posted press has begun goes on when the person moves, presses or releases.
+/// Whose press it is. Both have the one pointer and the one left button: while a posted press holds it, a
+/// press of the person's begins nothing, and the person's release is that of the posted press. A posted
+/// release doesn't lift the person's finger, and what a posted press has begun goes on when the person moves.
 enum class PressedBy { Person, PostedEvents };
 
 /// The person in front of the Mac: one pointer, its buttons, a keyboard. The person's input reaches surfaces
@@ -84,9 +85,14 @@ class Person {
 
         Held held;
         ViewDrag viewDrag;
+        bool holdsLeftButton = false;
     };
 
     enum class MenuPress { GoesOn, Taken };
+
+    bool joinsPostedPress(MouseButton button, PressedBy by) const {
+        return button == MouseButton::Left && by == PressedBy::Person && postedEvents_.holdsLeftButton;
+    }
 
     Hand& handOf(PressedBy by) { return by == PressedBy::Person ? person_ : postedEvents_; }
 

@@ -34,23 +34,24 @@ void ConfigurationApplier::applyConfigurationAndHide() {
     uses_.permission.refresh();
     if (!uses_.permission.isTrusted())
         return uses_.failure.tell("Grant Accessibility access before applying this configuration.");
-    pendingConfigurationTask_ = start(uses_.scheduler, perform());
+    pendingConfigurationTask_ = start(uses_.scheduler, perform(PressDuringDrag::StopsAll));
 }
 
 Task<std::optional<ApplyOutcome>> ConfigurationApplier::applyConfiguration() {
-    pendingConfigurationTask_ = start(uses_.scheduler, perform());
+    pendingConfigurationTask_ = start(uses_.scheduler, perform(PressDuringDrag::SpoilsTry));
     co_return co_await pendingConfigurationTask_.result();
 }
 
-/// The job of a cancelled apply has no result, whatever comes back here.
-Task<ApplyOutcome> ConfigurationApplier::perform() {
-    const auto outcome = co_await performUntilCancelled();
+/// The job of a cancelled apply has no result, whatever comes back here. One that the user has stopped has
+/// left the bar expanded.
+Task<ApplyOutcome> ConfigurationApplier::perform(PressDuringDrag press) {
+    const auto outcome = co_await performUntilStopped(press);
     if (!outcome) co_return ApplyOutcome::incomplete;
     ended_.emit(*outcome);
     co_return *outcome;
 }
 
-Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilCancelled() {
+Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilStopped(PressDuringDrag press) {
     uses_.failure.clear();
     if (auto obstacle = uses_.mechanism.obstacleToPlacing()) {
         uses_.failure.tell(std::move(*obstacle));
@@ -62,7 +63,11 @@ Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilCancelled() 
     Failures failures;
     // After a scan that was denied nothing is known of where items are; the collapse says so.
     const bool canPlace = uses_.mechanism.placesByPosition() && uses_.inventory.hasCompletedScan();
-    if (canPlace) failures = co_await uses_.placer.placeAll();
+    if (canPlace) {
+        auto remaining = co_await uses_.placer.placeAll(press);
+        if (!remaining) co_return std::nullopt;
+        failures = *std::move(remaining);
+    }
     if (co_await isCancelled()) co_return std::nullopt;
     sign.reset();
     co_return co_await finish(std::move(failures));

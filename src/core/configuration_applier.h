@@ -17,7 +17,7 @@
 
 namespace tavrin {
 
-/// How an apply has ended. A cancelled one tells no outcome.
+/// How an apply has ended. One that was cancelled, or that the user has stopped, tells no outcome.
 enum class ApplyOutcome {
     hidden,     // everything is in its place, and what is to be hidden is hidden
     incomplete, // the bar is expanded, and the failure message says why
@@ -47,13 +47,14 @@ class ConfigurationApplier {
     /// One line for the user; empty between items.
     const Published<std::string>& progress() const { return uses_.placer.progress(); }
 
-    /// Starts an apply, unless Accessibility is not granted: then the user is only told so.
+    /// Starts an apply, unless Accessibility is not granted: then the user is only told so. A press of the
+    /// mouse button while an item is being dragged stops it.
     void applyConfigurationAndHide();
 
     /// Applies and waits for the end; none when the apply, or the awaiting job, was cancelled.
     Task<std::optional<ApplyOutcome>> applyConfiguration();
 
-    /// Fires when an apply has ended that nobody cancelled.
+    /// Fires when an apply has ended that nobody cancelled or stopped.
     Subscription onEnded(std::function<void(ApplyOutcome)> handler) {
         return ended_.subscribe(std::move(handler));
     }
@@ -66,8 +67,9 @@ class ConfigurationApplier {
 
     using Failures = std::vector<ConfigurationFailure>;
 
-    Task<ApplyOutcome> perform();
-    Task<std::optional<ApplyOutcome>> performUntilCancelled();
+    Task<ApplyOutcome> perform(PressDuringDrag press);
+    /// None when it was cancelled or stopped.
+    Task<std::optional<ApplyOutcome>> performUntilStopped(PressDuringDrag press);
     Task<> prepare();
     Task<ApplyOutcome> finish(Failures failures);
 

@@ -29,6 +29,7 @@ std::optional<std::string> moveFailureDetail(MenuBarMoveResult result, MenuBarZo
     switch (result) {
     case eventsPosted:
     case alreadyPlaced:
+    case userPressed:
         return std::nullopt;
     case accessibilityDenied:
         return details::denied;

@@ -39,26 +39,28 @@ ItemPlacer::ItemPlacer(const Screens& screens, const OwnStatusItems& ownItems, I
     , hiddenItems_(hiddenItems)
     , movement_(movement) {}
 
-Task<std::vector<ConfigurationFailure>> ItemPlacer::placeAll() {
+Task<std::optional<std::vector<ConfigurationFailure>>> ItemPlacer::placeAll(PressDuringDrag press) {
     const ProgressSign sign(progress_);
-    const auto attempts = co_await performMoves();
+    const auto attempts = co_await performMoves(press);
+    if (!attempts) co_return std::nullopt;
     std::vector<ConfigurationFailure> failures;
-    for (const auto& [move, detail] : attempts) {
+    for (const auto& [move, detail] : *attempts) {
         if (detail && isWanted(move)) failures.push_back({move.item.name, move.targetZone, *detail});
     }
     co_return failures;
 }
 
-Task<ItemPlacer::Attempts> ItemPlacer::performMoves() {
+Task<std::optional<ItemPlacer::Attempts>> ItemPlacer::performMoves(PressDuringDrag press) {
     Attempts attempts;
     do {
         while (auto move = nextMove(attempts)) {
-            auto detail = co_await place(*move);
+            auto placing = co_await place(*move, press);
             if (co_await isCancelled()) co_return attempts;
+            if (placing.isStopped) co_return std::nullopt;
             std::erase_if(attempts, [&](const Attempt& earlier) {
                 return earlier.move.item.identity() == move->item.identity();
             });
-            if (isWanted(*move)) attempts.push_back({std::move(*move), std::move(detail)});
+            if (isWanted(*move)) attempts.push_back({std::move(*move), std::move(placing.failureDetail)});
         }
         co_await inventory_.refreshItemsNow();
         if (co_await isCancelled()) co_return attempts;
@@ -86,22 +88,24 @@ bool ItemPlacer::isWanted(const PlannedMove& move) const {
     return hiddenItems_.contains(move.item) == (move.targetZone == MenuBarZone::hidden);
 }
 
-Task<std::optional<std::string>> ItemPlacer::place(PlannedMove move) {
+Task<ItemPlacer::Placing> ItemPlacer::place(PlannedMove move, PressDuringDrag press) {
     for (int attempt = 1; attempt <= attemptsMax && isWanted(move); ++attempt) {
         if (const auto* present = detected(move.item.identity())) move.item = *present;
         progress_.set(progressText(move.item, attempt));
         const auto geometry = currentMoveGeometry();
-        if (!geometry) co_return "the menu bar control was unavailable.";
+        if (!geometry) co_return Placing{"the menu bar control was unavailable."};
         const auto result = co_await movement_.mover().move(move.item, move.targetZone, *geometry);
-        if (co_await isCancelled()) co_return std::nullopt;
-        if (auto detail = detailOf(result, move)) co_return detail;
-        if (result == MenuBarMoveResult::alreadyPlaced) co_return std::nullopt;
+        if (co_await isCancelled()) co_return Placing{};
+        if (result == MenuBarMoveResult::userPressed && press == PressDuringDrag::StopsAll)
+            co_return Placing{.isStopped = true};
+        if (auto detail = detailOf(result, move)) co_return Placing{std::move(detail)};
+        if (result == MenuBarMoveResult::alreadyPlaced) co_return Placing{};
         if (co_await waitForMoveVerification(move.item, move.targetZone)) {
             co_await inventory_.refreshItemsNow();
-            co_return std::nullopt;
+            co_return Placing{};
         }
     }
-    co_return refusedMoveDetail(move.targetZone);
+    co_return Placing{refusedMoveDetail(move.targetZone)};
 }
 
 std::optional<std::string> ItemPlacer::detailOf(MenuBarMoveResult result, const PlannedMove& move) const {

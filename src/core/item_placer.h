@@ -15,6 +15,12 @@
 
 namespace tavrin {
 
+/// What a press of the mouse button comes to while an item is being dragged. It can't reach any button then.
+enum class PressDuringDrag {
+    StopsAll,  // where the user is offered a way to stop
+    SpoilsTry, // the item is tried again
+};
+
 /// Drags the items that are on the wrong side of the control to the other, one after the other, and looks
 /// whether each has arrived. What the user wants may change meanwhile, and the placing follows. Main thread.
 class ItemPlacer {
@@ -31,9 +37,9 @@ class ItemPlacer {
     /// One line for the user: which item is being placed; empty while none is.
     const Published<std::string>& progress() const { return progress_; }
 
-    /// Places all items, scanning as it goes; the failures that remain. A cancelled job ends early, and its
-    /// result means nothing.
-    Task<std::vector<ConfigurationFailure>> placeAll();
+    /// Places all items, scanning as it goes; the failures that remain. None when a press of the user's has
+    /// stopped it. A cancelled job ends early, and its result means nothing.
+    Task<std::optional<std::vector<ConfigurationFailure>>> placeAll(PressDuringDrag press);
 
   private:
     class ProgressSign;
@@ -44,6 +50,12 @@ class ItemPlacer {
         MenuBarZone targetZone;
     };
 
+    /// How a move has ended.
+    struct Placing {
+        std::optional<std::string> failureDetail{};
+        bool isStopped = false; // by the user
+    };
+
     /// How moves have ended; one for each item, the last one.
     struct Attempt {
         PlannedMove move;
@@ -52,9 +64,9 @@ class ItemPlacer {
 
     using Attempts = std::vector<Attempt>;
 
-    Task<Attempts> performMoves();
-    /// The detail of the failure, if it is one.
-    Task<std::optional<std::string>> place(PlannedMove move);
+    /// None when the user has stopped them.
+    Task<std::optional<Attempts>> performMoves(PressDuringDrag press);
+    Task<Placing> place(PlannedMove move, PressDuringDrag press);
     Task<bool> waitForMoveVerification(MenuBarItemSnapshot item, MenuBarZone targetZone);
 
     SkerrowPolicy policy() const { return hiddenItems_.policyFor(inventory_.items().get()); }

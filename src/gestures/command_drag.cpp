@@ -45,22 +45,25 @@ Task<GestureResult> press(Gesture gesture, Source source, Point from) {
     if (co_await sleepFor(arrivalWait) == Wake::CutShort) co_return GestureResult::cancelled;
     gesture->hideCursor();
     gesture->post(*down);
-    const auto wake = co_await sleepFor(pressWait);
-    co_return wake == Wake::CutShort ? GestureResult::cancelled : GestureResult::posted;
+    if (co_await sleepFor(pressWait) == Wake::CutShort) co_return GestureResult::cancelled;
+    gesture->watchForPresses();
+    co_return GestureResult::posted;
 }
 
 Task<GestureResult> dragAndRelease(Gesture gesture, Source source, CommandDrag drag) {
     const int steps = drag.stepCount();
     for (int step = 1; step <= steps; ++step) {
+        if (gesture->hasUserPressed()) co_return GestureResult::userPressed;
         const auto place = drag.stepPoint(step, steps);
         if (!gesture->post(eventOf(source, MouseEventType::LeftDragged, place)))
             co_return GestureResult::noEvents;
         if (co_await sleepFor(stepWait) == Wake::CutShort) co_return GestureResult::cancelled;
     }
+    const bool hasUserPressed = gesture->hasUserPressed();
     gesture->release();
     // Cut short or not: the drag is complete.
     (void)co_await sleepFor(releaseWait);
-    co_return GestureResult::posted;
+    co_return hasUserPressed ? GestureResult::userPressed : GestureResult::posted;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "gestures/pointer_gesture.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -64,6 +65,17 @@ void PointerGesture::hideCursor() {
 }
 
 void PointerGesture::release() { post(*ending_.release); }
+
+/// Where the system is slow, the gesture's own press may be counted only later.
+void PointerGesture::watchForPresses() {
+    pressesExpected_ = std::max(eventNumber_, std::int64_t{events_.eventCount(MouseEventType::LeftDown)});
+}
+
+bool PointerGesture::hasUserPressed() const {
+    const bool isReleased = isButtonDown_ && events_.eventCount(MouseEventType::LeftUp) != releasesBefore_;
+    return isReleased ||
+           (pressesExpected_ && events_.eventCount(MouseEventType::LeftDown) > *pressesExpected_);
+}
 
 void PointerGesture::releaseWhereItIs() {
     auto here = ending_.release->value();

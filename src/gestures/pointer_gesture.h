@@ -2,6 +2,7 @@
 
 #include "platform/events.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -44,6 +45,14 @@ class PointerGesture {
     /// Posts the mouse-up as given to `create`.
     void release();
 
+    /// Call it once the gesture's own press has had time to be counted: from then on the user's are told from
+    /// it. Before that only the user's releases are noticed.
+    void watchForPresses();
+
+    /// Whether the user has pressed or let go of the button while the gesture holds it. There is one button
+    /// to the system: such a press reaches nothing else, and its release puts down what is being dragged.
+    bool hasUserPressed() const;
+
   private:
     struct Ending {
         std::unique_ptr<PreparedEvent> release;
@@ -54,7 +63,8 @@ class PointerGesture {
         : events_(events)
         , delivery_(delivery)
         , last_(start)
-        , eventNumber_(eventNumber) {}
+        , eventNumber_(eventNumber)
+        , releasesBefore_(events.eventCount(MouseEventType::LeftUp)) {}
 
     void number(MouseEvent& event) const;
     void releaseWhereItIs();
@@ -64,6 +74,8 @@ class PointerGesture {
     Delivery delivery_;
     Point last_;
     std::int64_t eventNumber_;
+    std::uint32_t releasesBefore_;
+    std::optional<std::int64_t> pressesExpected_; // as counted by the system
     Ending ending_;
     bool isButtonDown_ = false;
     bool isCursorHidden_ = false;

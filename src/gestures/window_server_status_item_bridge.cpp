@@ -35,7 +35,7 @@ bool isSame(const Rect& present, const Rect& remembered) {
 WindowServerStatusItemBridge::EventResult resultOf(GestureResult result) {
     using enum WindowServerStatusItemBridge::EventResult;
     if (result == GestureResult::posted) return posted;
-    return result == GestureResult::cancelled ? cancelled : noEventSource;
+    return result == GestureResult::noEvents ? noEventSource : cancelled;
 }
 
 EventSourceSettings sourceSettings() {

@@ -9,6 +9,23 @@
 
 namespace tavrin {
 
+namespace {
+
+MenuBarMoveResult resultOf(GestureResult result) {
+    switch (result) {
+    case GestureResult::posted:
+        return MenuBarMoveResult::eventsPosted;
+    case GestureResult::userPressed:
+        return MenuBarMoveResult::userPressed;
+    case GestureResult::cancelled:
+    case GestureResult::noEvents:
+        break;
+    }
+    return MenuBarMoveResult::eventCreationFailed;
+}
+
+} // namespace
+
 Task<MenuBarMoveResult> MenuBarItemMover::move(MenuBarItemSnapshot item, MenuBarZone target,
                                                MenuBarMoveGeometry geometry) {
     if (co_await isCancelled()) co_return MenuBarMoveResult::eventCreationFailed;
@@ -54,11 +71,9 @@ Task<MenuBarMoveResult> MenuBarItemMover::performDrag(Move move) {
     if (!grab) co_return MenuBarMoveResult::blockedByNotch;
 
     if (MenuBarMove::pathAvoidsNotch(grab->x, x, *screen)) {
-        const auto dragged = co_await postCommandDrag(
+        co_return resultOf(co_await postCommandDrag(
             events_,
-            {.from = *grab, .to = {x, move.frame.midY()}, .usesHostedMenuBar = UsesHostedMenuBar::No});
-        co_return dragged == GestureResult::posted ? MenuBarMoveResult::eventsPosted
-                                                   : MenuBarMoveResult::eventCreationFailed;
+            {.from = *grab, .to = {x, move.frame.midY()}, .usesHostedMenuBar = UsesHostedMenuBar::No}));
     }
     if (!move.isFullyVisible) co_return MenuBarMoveResult::blockedByNotch; // its window was tried before
     const auto result = co_await moveByWindow(std::move(move));

@@ -22,6 +22,7 @@ enum class MenuBarMoveResult {
     blockedByNotch,
     invalidGeometry,
     eventCreationFailed, // also when the move was cancelled
+    userPressed,         // while the item was being dragged
 };
 
 /// Moves other applications' items as a person does: by a drag with the Command key held. It never looks

@@ -104,6 +104,45 @@ TEST_F(MoverTest, cancelledBeforeThePressItPressesNothing) {
     EXPECT_EQ(events.log, (Lines{"0 hid moved 1114,15", "30 hid moved 300,400"}));
 }
 
+TEST_F(MoverTest, aPressOfTheUsersEndsTheDrag) {
+    using enum MouseEventType;
+
+    struct Case {
+        const char* what;
+        double moment; // the press comes 60 ms after the beginning, and the release 290
+        MouseEventType event;
+        Result result;
+    };
+
+    const std::vector<Case> cases{
+        {"let go of before the drag has begun to move", 0.1, LeftUp, Result::userPressed},
+        {"pressed while it moves", 0.15, LeftDown, Result::userPressed},
+        {"let go of while it moves", 0.2, LeftUp, Result::userPressed},
+        {"pressed after the last step", 0.285, LeftDown, Result::userPressed},
+        {"pressed when the item has been put down", 0.3, LeftDown, Result::eventsPosted},
+        {"let go of when the item has been put down", 0.3, LeftUp, Result::eventsPosted},
+    };
+    for (const auto& c : cases) {
+        events.counts[c.event] += 3; // what the user did before is nothing to the gesture
+        bool isDownSoonAfter = false;
+        scheduler.callAfter(Seconds{c.moment}, [&] { ++events.counts[c.event]; });
+        scheduler.callAfter(Seconds{c.moment + 0.02}, [&] { isDownSoonAfter = events.isButtonDown; });
+        EXPECT_EQ(finish(mover->move(place(owner, 1100), hidden, geometry)), c.result) << c.what;
+        EXPECT_EQ(isDownSoonAfter, c.moment < 0.12) << c.what;
+        EXPECT_TRUE(events.isAtRest()) << c.what;
+    }
+}
+
+TEST_F(MoverTest, itsOwnPressIsNeverTakenForTheUsers) {
+    events.countsPosted = false;
+    const auto item = place(owner, 1100);
+    for (const double lateness : {0.05, 0.1, 0.2, 0.3}) {
+        const auto count = [&] { ++events.counts[MouseEventType::LeftDown]; };
+        scheduler.callAfter(Seconds{0.06 + lateness}, count);
+        EXPECT_EQ(finish(mover->move(item, hidden, geometry)), Result::eventsPosted) << lateness;
+    }
+}
+
 TEST_F(MoverTest, eventsThatCannotBeMadeNeverLeaveAButtonDown) {
     const auto item = place(owner, 1100);
     for (int made = 0;; ++made) {

@@ -52,6 +52,17 @@ TEST(FirstRun, byALateScanOwesTheWindowWhateverIsRefreshedMeanwhile) {
     EXPECT_TRUE(showsPart(mac, "Hide Wi-Fi: macOS kept it on the visible side."));
 }
 
+TEST(FirstRun, hidesInSpiteOfAPressWhileAnItemIsCarried) {
+    auto mac = freshAndDenied();
+    mac.set("trusted", true);
+    waitForCarriedItem(mac);
+    mac.done({{"do", "click"}, {"at", {700, 500}}});
+    EXPECT_EQ(ownerOfCarriedItem(mac), "") << "letting go of the button puts the item down";
+    mac.wait(30);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_TRUE(mac.shows(hint));
+}
+
 TEST(FirstRun, leavesAloneWhatTheUserHasConfiguredMeanwhile) {
     auto mac = freshAndDenied();
     mac.set("latency", {{"com.sample.sensors", 0.2}});

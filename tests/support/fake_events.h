@@ -37,6 +37,7 @@ class FakeEvents final : public Events {
         if (value.type == MouseEventType::LeftDown) isButtonDown = true;
         if (value.type == MouseEventType::LeftUp) isButtonDown = false;
         posted.push_back(value);
+        if (countsPosted) ++counts[value.type];
         if (onPosted) onPosted(value);
     }
 
@@ -62,7 +63,10 @@ class FakeEvents final : public Events {
 
     std::optional<Point> pointerLocation() const override { return pointer; }
 
-    std::uint32_t eventCount(MouseEventType) const override { return 41; }
+    std::uint32_t eventCount(MouseEventType type) const override {
+        const auto found = counts.find(type);
+        return 41 + (found == counts.end() ? 0 : found->second);
+    }
 
     void hideCursor() override {
         ++hides;
@@ -79,6 +83,8 @@ class FakeEvents final : public Events {
 
     std::vector<MouseEvent> posted;
     std::vector<std::string> log;
+    std::map<MouseEventType, std::uint32_t> counts; // of events that were posted here, or that a test adds
+    bool countsPosted = true;
     std::function<void(const MouseEvent&)> onPosted;
     static constexpr Point home{300, 400};
     Point pointer = home;
