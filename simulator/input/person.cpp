@@ -61,6 +61,11 @@ void Person::letGoOfAll(PressedBy by) {
     hand.viewDrag.cancel();
 }
 
+void Person::liftLeftButton() {
+    devices_.pointer.buttons.erase(MouseButton::Left);
+    person_.holdsLeftButton = postedEvents_.holdsLeftButton = false;
+}
+
 /// A press outside a menu only closes it, unless it falls on something else in the menu bar.
 Person::MenuPress Person::pressWithOpenMenu() {
     if (reach_.menus.contains(at())) return MenuPress::Taken;

@@ -39,6 +39,8 @@ class Person {
     void release(MouseButton, PressedBy = PressedBy::Person);
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
     void letGoOfAll(PressedBy);
+    /// The left button is up, whoever has pressed it.
+    void liftLeftButton();
 
     /// See `Typing`; Escape first ends the drag of a view.
     bool pressKey(std::string_view key, const std::vector<Modifier>&);

@@ -41,7 +41,7 @@ void SyntheticInput::post(PostedKey posted) {
 
 void SyntheticInput::permissionLost() {
     abandonDrags();
-    devices_.pointer.buttons.erase(MouseButton::Left); // the click that turned the switch off has let it go
+    person_.liftLeftButton(); // the click that turned the switch off has let it go
 }
 
 void SyntheticInput::senderEnded() {

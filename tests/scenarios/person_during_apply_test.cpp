@@ -52,6 +52,14 @@ TEST(PersonDuringApply, stopsItByAnyPressWhileAnItemIsCarried) {
     }
 }
 
+TEST(PersonDuringApply, hasTheButtonBackWhenAccessIsTakenAwayInMidDrag) {
+    auto mac = carryingAnItem();
+    mac.set("trusted", false);
+    mac.wait(1);
+    mac.done({{"do", "click"}, {"at", middleOf(mac.look()["menus"].at(1)["frame"])}});
+    EXPECT_TRUE(mac.look().contains("openMenu"));
+}
+
 TEST(PersonDuringApply, movesARowBetweenTwoDrags) {
     auto mac = carryingAnItem();
     for (int i = 0; i < 100 && !mac.look()["pointer"]["buttons"].empty(); ++i) mac.wait(0.01);
