@@ -39,18 +39,27 @@ file(GLOB RUNTIME_SOURCES CONFIGURE_DEPENDS tests/mac_side/shim/counted/*.mm)
 file(GLOB SHIM_SOURCES CONFIGURE_DEPENDS tests/mac_side/shim/*.mm)
 file(GLOB_RECURSE MAC_PLATFORM_SOURCES CONFIGURE_DEPENDS src/platform/macos/*.mm)
 file(GLOB MAC_SIDE_TESTS CONFIGURE_DEPENDS tests/mac_side/*.mm)
+# The scenarios and the seam check run once more, on the Mac side over the modelled Mac.
+file(GLOB SCENARIOS CONFIGURE_DEPENDS tests/scenarios/*.cpp tests/seam/seam_contract_test.cpp tests/support/*.cpp)
+list(FILTER SCENARIOS EXCLUDE REGEX "/program_platform\\.cpp$")
 
 # Without ARC: it is these that count references.
 add_library(mac-side-runtime OBJECT ${RUNTIME_SOURCES})
-target_link_libraries(mac-side-runtime PRIVATE gnustep)
+target_link_libraries(mac-side-runtime PRIVATE gnustep tavrin_program)
 
 add_library(mac-side-platform OBJECT ${MAC_PLATFORM_SOURCES} ${SHIM_SOURCES})
 target_link_libraries(mac-side-platform PRIVATE gnustep tavrin_program)
 
+# As in tavrin-tests, whose objects ccache then has.
+add_library(mac-side-scenarios OBJECT ${SCENARIOS})
+target_include_directories(mac-side-scenarios PRIVATE tests)
+target_link_libraries(mac-side-scenarios PRIVATE mac_model GTest::gtest GTest::gtest_main)
+target_precompile_headers(mac-side-scenarios PRIVATE ${STANDARD_HEADERS} <filesystem> <nlohmann/json.hpp> <gtest/gtest.h>)
+
 add_executable(mac-side-tests ${MAC_SIDE_TESTS})
 target_include_directories(mac-side-tests PRIVATE tests)
-target_compile_definitions(mac-side-tests PRIVATE TAVRIN_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-target_link_libraries(mac-side-tests PRIVATE mac-side-runtime mac-side-platform gnustep tavrin_program GTest::gtest)
+target_link_libraries(mac-side-tests PRIVATE mac-side-runtime mac-side-platform mac-side-scenarios gnustep mac_model
+  GTest::gtest)
 # The compiler calls the classes of blocks by names that aren't classes' names for GCC's runtime.
 target_link_options(mac-side-tests PRIVATE -no-pie -rdynamic
   -Wl,--defsym=_NSConcreteStackBlock=_OBJC_CLASS_TavrinStackBlock

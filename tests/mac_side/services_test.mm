@@ -66,7 +66,7 @@ TEST_F(ServicesTest, preferencesComeBackAsTheyWereStored) {
                                             {2.5},
                                             {"text “é”"},
                                             {DefaultsData{std::byte{0}, std::byte{255}}},
-                                            {DefaultsArray{{false}, {std::int64_t{1}}, {"x"}}},
+                                            {DefaultsArray{{false}, {std::int64_t{1}}, {"x"}, {""}}},
                                             {DefaultsDictionary{{"a", {1.5}}, {"b", {DefaultsArray{}}}}}};
     for (const auto& value : values) {
         platform.defaults.set(scratch, "key", value);

@@ -88,6 +88,16 @@ TEST_F(ViewsTest, arrowsMoveTheFocusAndScrollToIt) {
     EXPECT_LE(offset(), 1);
 }
 
+TEST_F(ViewsTest, tabGoesThroughTheListAsOneStopAndShiftTabGoesBack) {
+    press(window, downKey);
+    press(window, downKey);
+    EXPECT_EQ(focusedName(window), "Row 1");
+    press(window, tabKey);
+    EXPECT_NE(focusedName(window), "Row 1");
+    press(window, shiftTabKey);
+    EXPECT_EQ(focusedName(window), "Row 1");
+}
+
 TEST_F(ViewsTest, keysActOnTheRowWithTheFocus) {
     for (int i = 0; i < 3; ++i) press(window, downKey);
     press(window, deleteKey);

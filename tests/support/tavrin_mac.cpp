@@ -2,6 +2,7 @@
 
 #include "app/app_delegate.h"
 #include "desktop/desktop_loader.h"
+#include "support/program_platform.h"
 
 #include <fstream>
 #include <functional>
@@ -48,8 +49,8 @@ TavrinMac::TavrinMac(TavrinMacOptions options) {
     mac.profile = options.profile;
     mac.seed = options.seed;
     mac.program = {tavrinBundle, "Tavrin", "Version 1.2 (34)"};
-    auto modelled =
-        ModelledMac::start(std::move(mac), options.program ? std::move(options.program) : makeTavrin);
+    auto program = options.program ? std::move(options.program) : ProgramFactory(makeTavrin);
+    auto modelled = ModelledMac::start(std::move(mac), onPlatformOfTests(std::move(program)));
     if (!modelled) throw std::invalid_argument(modelled.error());
     modelled_ = std::move(*modelled);
 }

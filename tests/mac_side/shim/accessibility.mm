@@ -126,7 +126,7 @@ id slotFor(const AttributeResult& result) {
 
 const AccessibilityElement* target(AXUIElementRef reference) {
     auto* element = (__bridge TavrinUIElement*)(CFTypeRef)reference;
-    return element && element->element_ ? &*element->element_ : nullptr;
+    return answeringMac() && element && element->element_ ? &*element->element_ : nullptr;
 }
 
 std::string textOf(CFStringRef text) { return ((__bridge NSString*)text).UTF8String; }
@@ -155,57 +155,69 @@ Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
 }
 
 AXUIElementRef AXUIElementCreateApplication(pid_t process) {
-    TavrinUIElement* element = [[TavrinUIElement alloc] init];
-    element->process_ = process;
-    if (answeringMac()) element = elementFor(answeringMac()->accessibility.application(process));
-    return static_cast<AXUIElementRef>((__bridge_retained CFTypeRef)element);
+    @autoreleasepool {
+        TavrinUIElement* element = [[TavrinUIElement alloc] init];
+        element->process_ = process;
+        if (answeringMac()) element = elementFor(answeringMac()->accessibility.application(process));
+        return static_cast<AXUIElementRef>((__bridge_retained CFTypeRef)element);
+    }
 }
 
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef reference, float seconds) {
-    if (seconds < 0) return illegalArgument;
-    const auto* element = target(reference);
-    if (element) answeringMac()->accessibility.setMessagingTimeout(*element, tavrin::Seconds{seconds});
-    return kAXErrorSuccess;
+    @autoreleasepool {
+        if (seconds < 0) return illegalArgument;
+        const auto* element = target(reference);
+        if (element) answeringMac()->accessibility.setMessagingTimeout(*element, tavrin::Seconds{seconds});
+        return kAXErrorSuccess;
+    }
 }
 
 AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attribute, CFTypeRef* value) {
-    const auto* element = target(reference);
-    if (!element) return apiDisabled;
-    const auto result = answeringMac()->accessibility.attribute(*element, textOf(attribute));
-    return answer(result, [](const AttributeValue& held) { return valueFor(held); }, value);
+    @autoreleasepool {
+        const auto* element = target(reference);
+        if (!element) return apiDisabled;
+        const auto result = answeringMac()->accessibility.attribute(*element, textOf(attribute));
+        return answer(result, [](const AttributeValue& held) { return valueFor(held); }, value);
+    }
 }
 
 AXError AXUIElementCopyMultipleAttributeValues(AXUIElementRef reference, CFArrayRef attributes,
                                                AXCopyMultipleAttributeOptions, CFArrayRef* values) {
-    const auto* element = target(reference);
-    if (!element) return apiDisabled;
-    std::vector<std::string> texts;
-    for (NSString* name in (__bridge NSArray*)attributes) texts.push_back(name.UTF8String);
-    const std::vector<std::string_view> names(texts.begin(), texts.end());
-    const auto slots = [](const std::vector<AttributeResult>& results) {
-        NSMutableArray* array = [NSMutableArray array];
-        for (const auto& result : results) [array addObject:slotFor(result)];
-        return array;
-    };
-    return answer(answeringMac()->accessibility.attributes(*element, names), slots, values);
+    @autoreleasepool {
+        const auto* element = target(reference);
+        if (!element) return apiDisabled;
+        std::vector<std::string> texts;
+        for (NSString* name in (__bridge NSArray*)attributes) texts.push_back(name.UTF8String);
+        const std::vector<std::string_view> names(texts.begin(), texts.end());
+        const auto slots = [](const std::vector<AttributeResult>& results) {
+            NSMutableArray* array = [NSMutableArray array];
+            for (const auto& result : results) [array addObject:slotFor(result)];
+            return array;
+        };
+        return answer(answeringMac()->accessibility.attributes(*element, names), slots, values);
+    }
 }
 
 AXError AXUIElementCopyActionNames(AXUIElementRef reference, CFArrayRef* names) {
-    const auto* element = target(reference);
-    if (!element) return apiDisabled;
-    const auto texts = [](const std::vector<std::string>& actions) {
-        NSMutableArray* array = [NSMutableArray array];
-        for (const auto& action : actions) [array addObject:valueFor(action)];
-        return array;
-    };
-    return answer(answeringMac()->accessibility.actionNames(*element), texts, names);
+    @autoreleasepool {
+        const auto* element = target(reference);
+        if (!element) return apiDisabled;
+        const auto texts = [](const std::vector<std::string>& actions) {
+            NSMutableArray* array = [NSMutableArray array];
+            for (const auto& action : actions) [array addObject:valueFor(action)];
+            return array;
+        };
+        return answer(answeringMac()->accessibility.actionNames(*element), texts, names);
+    }
 }
 
 AXError AXUIElementPerformAction(AXUIElementRef reference, CFStringRef action) {
-    const auto* element = target(reference);
-    if (!element) return apiDisabled;
-    const auto result = answeringMac()->accessibility.perform(*element, textOf(action));
-    return result ? kAXErrorSuccess : static_cast<AXError>(result.error());
+    @autoreleasepool {
+        const auto* element = target(reference);
+        if (!element) return apiDisabled;
+        const auto result = answeringMac()->accessibility.perform(*element, textOf(action));
+        return result ? kAXErrorSuccess : static_cast<AXError>(result.error());
+    }
 }
 
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* place) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "concurrency/signal.h"
 #include "platform/platform.h"
 
 /// The Mac for which the functions of Accessibility, Quartz, Carbon, CFPreferences and SMAppService answer in
@@ -8,6 +9,7 @@
 /// thread.
 const tavrin::Platform* answeringMac();
 
+/// The newest that lives is the one that answers.
 class AnswersFrom {
   public:
     explicit AnswersFrom(const tavrin::Platform& mac);
@@ -16,5 +18,6 @@ class AnswersFrom {
     ~AnswersFrom();
 
   private:
-    const tavrin::Platform* before_;
+    const tavrin::Platform& mac_;
+    tavrin::Subscription trustNotices_;
 };

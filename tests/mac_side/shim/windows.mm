@@ -5,6 +5,10 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <objc/runtime.h>
 
+NSString* const NSWorkspaceActiveSpaceDidChangeNotification = @"NSWorkspaceActiveSpaceDidChangeNotification";
+NSString* const NSWorkspaceScreensDidWakeNotification = @"NSWorkspaceScreensDidWakeNotification";
+NSString* const NSWindowDidChangeOcclusionStateNotification = @"NSWindowDidChangeOcclusionStateNotification";
+
 namespace {
 
 void (*stopModalBefore)(id, SEL, NSInteger);

@@ -31,6 +31,10 @@ FOUNDATION_EXPORT const NSFontTextStyle NSFontTextStyleTitle1;
 FOUNDATION_EXPORT const NSFontTextStyle NSFontTextStyleTitle3;
 FOUNDATION_EXPORT const NSFontTextStyle NSFontTextStyleSubheadline;
 
+FOUNDATION_EXPORT NSString* const NSWorkspaceActiveSpaceDidChangeNotification;
+FOUNDATION_EXPORT NSString* const NSWorkspaceScreensDidWakeNotification;
+FOUNDATION_EXPORT NSString* const NSWindowDidChangeOcclusionStateNotification;
+
 enum { NSWindowOcclusionStateVisible = 2 };
 
 // Theirs is an inline function.

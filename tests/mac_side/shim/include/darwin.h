@@ -24,3 +24,8 @@ static inline uint64_t clock_gettime_nsec_np(int clock) {
 #ifdef __cplusplus
 }
 #endif
+
+// Before the stand-ins for the C frameworks, which take their base types from it here.
+#ifdef __OBJC__
+#import <Foundation/Foundation.h>
+#endif

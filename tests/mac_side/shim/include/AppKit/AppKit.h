@@ -1,4 +1,7 @@
 #pragma once
-#include "appkit_additions.h"
 
+// GNUstep's first: what is added extends its classes.
+// clang-format off
 #include_next <AppKit/AppKit.h>
+#include "appkit_additions.h"
+// clang-format on

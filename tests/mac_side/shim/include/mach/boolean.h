@@ -1,0 +1,3 @@
+#pragma once
+
+typedef unsigned int boolean_t;
