@@ -25,6 +25,10 @@
 @end
 @implementation NSProcessInfo (TavrinShim)
 
+- (NSTimeInterval)tavrinUptime {
+    return static_cast<double>(clock_gettime_nsec_np(CLOCK_UPTIME_RAW)) / 1e9;
+}
+
 - (NSOperatingSystemVersion)operatingSystemVersion {
     return {15, 5, 0};
 }

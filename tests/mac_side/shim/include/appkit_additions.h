@@ -18,6 +18,7 @@
 #define NSEventMaskRightMouseUp NSRightMouseUpMask
 #define NSEventMaskKeyDown NSKeyDownMask
 #define NSEventTypeKeyDown NSKeyDown
+#define NSEventTypeLeftMouseUp NSLeftMouseUp
 #define NSEventTypeRightMouseUp NSRightMouseUp
 #define NSBitmapImageFileTypePNG NSPNGFileType
 #define NSProgressIndicatorStyleSpinning NSProgressIndicatorSpinningStyle
@@ -54,7 +55,11 @@ void tavrinBeep(void);
 typedef struct {
     NSInteger majorVersion, minorVersion, patchVersion;
 } NSOperatingSystemVersion;
+
+// Theirs counts whole seconds.
+#define systemUptime tavrinUptime
 @interface NSProcessInfo (TavrinShim)
+@property(readonly) NSTimeInterval tavrinUptime;
 @property(readonly) NSOperatingSystemVersion operatingSystemVersion;
 - (id<NSObject>)beginActivityWithOptions:(unsigned long long)options reason:(NSString*)reason;
 @end
@@ -157,6 +162,7 @@ typedef NSString* NSAccessibilityRole;
 @end
 @interface NSWindow (TavrinShim)
 @property(getter=isRestorable) BOOL restorable;
+@property(strong) __kindof NSView* contentView;
 @property(readonly, getter=isVisible) BOOL visible;
 @property(readonly) NSUInteger occlusionState;
 @end
