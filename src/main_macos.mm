@@ -35,6 +35,11 @@
     return reply == tavrin::TerminateReply::Now ? NSTerminateNow : NSTerminateLater;
 }
 
+// The main menu's command; it comes here when no window takes it.
+- (void)showSettings:(id)sender {
+    delegate_->applicationShowSettings();
+}
+
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
     return YES;
 }

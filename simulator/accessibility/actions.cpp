@@ -6,14 +6,15 @@ void AccessibilityActions::perform(const ElementKey& key, std::string_view actio
     using Kind = ElementKey::Kind;
     const bool isEntry = key.kind == Kind::StatusEntry || key.kind == Kind::TitleEntry;
     const bool isPress = action != "AXCancel";
-    if (key.kind == Kind::StatusItem) return actOn(StatusItemIdentifier{key.owner});
+    if (key.kind == Kind::StatusItem) return actOn(StatusItemIdentifier{key.owner}, action);
     if (key.kind == Kind::Title && isPress) return pressTitle(key.process, key.owner);
     if (isEntry && isPress) return pressEntry(key);
     cancelMenuOf(key);
 }
 
-/// Every action does what a click does, whatever its name.
-void AccessibilityActions::actOn(StatusItemIdentifier item) {
+/// Every action does what a click does, whatever its name, but those that the program has named.
+void AccessibilityActions::actOn(StatusItemIdentifier item, std::string_view action) {
+    if (items_.perform(item, action)) return;
     if (!items_.press(item, StatusItemPress::Left)) surfaces_.toggle(item);
 }
 

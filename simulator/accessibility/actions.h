@@ -13,7 +13,7 @@ namespace mac_model {
 /// Carries out Accessibility actions on the screen.
 class AccessibilityActions {
   public:
-    AccessibilityActions(StatusItemTable& items, const ProcessTable& processes, StatusItemSurfaces& surfaces,
+    AccessibilityActions(StatusItemTable& items, ProcessTable& processes, StatusItemSurfaces& surfaces,
                          ApplicationMenus& applicationMenus, MenuTracking& menus,
                          const MenuContents& contents)
         : items_(items)
@@ -26,14 +26,16 @@ class AccessibilityActions {
     /// Takes effect in the world at once.
     void perform(const ElementKey&, std::string_view action);
 
+    void bringToFront(ProcessIdentifier process) { processes_.activate(process); }
+
   private:
-    void actOn(StatusItemIdentifier);
+    void actOn(StatusItemIdentifier, std::string_view action);
     void pressTitle(ProcessIdentifier, std::size_t title);
     void pressEntry(const ElementKey&);
     void cancelMenuOf(const ElementKey&);
 
     StatusItemTable& items_;
-    const ProcessTable& processes_;
+    ProcessTable& processes_;
     StatusItemSurfaces& surfaces_;
     ApplicationMenus& applicationMenus_;
     MenuTracking& menus_;

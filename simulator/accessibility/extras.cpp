@@ -75,6 +75,7 @@ AttributeResult ExtrasBranch::ofItem(const ElementKey& key, std::string_view nam
     if (name == "AXRoleDescription") return std::string("status menu");
     if (name == "AXTitle") return record.spec.title;
     if (name == "AXDescription") return textOrNone(record.spec.description);
+    if (name == "AXValue" && !record.spokenValue.empty()) return record.spokenValue;
     if (name == "AXHelp") return textOrNone(record.spec.help);
     if (name == "AXSelected") return record.isOpen;
     if (name == "AXShownMenuUIElement") return menus_.shownMenu(key, menuOf(key).front());

@@ -70,4 +70,19 @@ void AccessibilityServer::actAfter(Seconds delay, const ElementKey& key, std::st
     });
 }
 
+std::expected<void, AccessibilityServer::Error>
+AccessibilityServer::setFlag(ProcessIdentifier caller, const AccessibilityElement& element,
+                             std::string_view attribute, bool value) {
+    const auto reached = send(caller, element);
+    if (!reached) return std::unexpected(reached.error());
+    const auto key = (*reached)->key();
+    if (key.kind != ElementKey::Kind::Application || attribute != "AXFrontmost")
+        return std::unexpected(Error::AttributeUnsupported);
+    if (value)
+        world_.after(faults_.activationTime, [this, key] {
+            if (tree_.exists(key)) actions_.bringToFront(key.process);
+        });
+    return {};
+}
+
 } // namespace mac_model

@@ -7,6 +7,7 @@
 #include "accessibility/tree.h"
 #include "concurrency/virtual_scheduler.h"
 #include "platform/accessibility.h"
+#include "system/faults.h"
 #include "system/world_calls.h"
 #include "vocabulary/vocabulary.h"
 
@@ -24,12 +25,13 @@ namespace mac_model {
 class AccessibilityServer {
   public:
     AccessibilityServer(VirtualScheduler& scheduler, MessageDelivery& delivery, const AccessibilityTree& tree,
-                        const MenuContents& menus, AccessibilityActions& actions)
+                        const MenuContents& menus, AccessibilityActions& actions, const Faults& faults)
         : world_(scheduler)
         , delivery_(delivery)
         , tree_(tree)
         , menus_(menus)
-        , actions_(actions) {}
+        , actions_(actions)
+        , faults_(faults) {}
 
     using Error = AccessibilityError;
 
@@ -41,6 +43,9 @@ class AccessibilityServer {
                                                                const AccessibilityElement&);
     std::expected<void, Error> perform(ProcessIdentifier caller, const AccessibilityElement&,
                                        std::string_view action);
+    /// "AXFrontmost" of an application brings it to the front; nothing else can be set.
+    std::expected<void, Error> setFlag(ProcessIdentifier caller, const AccessibilityElement&,
+                                       std::string_view attribute, bool value);
 
   private:
     /// The element that the message reached.
@@ -53,6 +58,7 @@ class AccessibilityServer {
     const AccessibilityTree& tree_;
     const MenuContents& menus_;
     AccessibilityActions& actions_;
+    const Faults& faults_;
 };
 
 } // namespace mac_model

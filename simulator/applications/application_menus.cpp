@@ -83,6 +83,8 @@ void ApplicationMenus::run(ProcessIdentifier process, std::size_t title, const M
     const auto application = owner->application;
     const auto titles = titlesAlong(menuUnderTitle(application, title), path);
     chosen_.record(application.bundleIdentifier, titleOf(application, title), titles);
+    if (title == applicationTitle && titles == std::vector<std::string>{"Settings…"})
+        return processes_.onSettingsChosen.emit(process);
     const bool quits = title == applicationTitle && titles == std::vector{"Quit " + application.name};
     // An application without a bundle can't be asked by its name; its entry is recorded and does nothing
     // else.

@@ -113,6 +113,7 @@ struct ApplicationSpec {
     bool responding = true;         ///< false: hung from the start
     ExtrasBar extras = ExtrasBar::Absent;
     std::string icon{};
+    bool hasSettings = false; ///< a command "Settings…" in its menu; the program's alone
 
     bool operator==(const ApplicationSpec&) const = default;
 };

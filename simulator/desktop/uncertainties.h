@@ -55,6 +55,10 @@ enum class Placement { Slow, Prompt, VerySlow };
 /// and no window comes up; or it isn't shown at all.
 enum class HiddenAnchor { Claims, Refuses };
 
+/// What becomes of the program's request to bring another application to the front, since macOS 14, while the
+/// program isn't active itself: it is declined without a word, or granted.
+enum class OthersActivation { Declined, Granted };
+
 struct Uncertainties {
     ZeroPosition zeroPosition = ZeroPosition::Rightmost;
     LongItem longItem = LongItem::Pushes;
@@ -67,6 +71,7 @@ struct Uncertainties {
     Activation activation = Activation::Declined;
     Placement placement = Placement::Slow;
     HiddenAnchor hiddenAnchor = HiddenAnchor::Claims;
+    OthersActivation othersActivation = OthersActivation::Declined;
 
     bool operator==(const Uncertainties&) const = default;
 };
@@ -116,6 +121,7 @@ inline constexpr std::string_view removalNames[]{"forgetsPosition", "keepsPositi
 inline constexpr std::string_view activationNames[]{"declined", "granted", "late"};
 inline constexpr std::string_view placementNames[]{"slow", "prompt", "verySlow"};
 inline constexpr std::string_view hiddenAnchorNames[]{"claims", "refuses"};
+inline constexpr std::string_view othersActivationNames[]{"declined", "granted"};
 
 } // namespace detail
 
@@ -131,6 +137,7 @@ inline constexpr std::array uncertaintySettings{
     detail::settingOf<&Uncertainties::activation>("activation", detail::activationNames),
     detail::settingOf<&Uncertainties::placement>("placement", detail::placementNames),
     detail::settingOf<&Uncertainties::hiddenAnchor>("hiddenAnchor", detail::hiddenAnchorNames),
+    detail::settingOf<&Uncertainties::othersActivation>("othersActivation", detail::othersActivationNames),
 };
 
 /// Null when there is no setting of that name.

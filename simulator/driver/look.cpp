@@ -49,6 +49,7 @@ json shapeOf(const StatusItemRecord& item, const ProcessTable& processes) {
     if (item.why) shape["why"] = nameOf(*item.why);
     if (!item.spec.title.empty()) shape["title"] = item.spec.title;
     if (!item.spec.help.empty()) shape["help"] = item.spec.help;
+    if (!item.spokenValue.empty()) shape["value"] = item.spokenValue;
     if (!item.spec.enabled) shape["enabled"] = false;
     if (item.isOpen) shape["open"] = true;
     if (item.isCarried) shape["carried"] = true;

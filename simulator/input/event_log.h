@@ -17,7 +17,7 @@
 namespace mac_model {
 
 /// An input event that a process posted, a change of the cursor ("cursorHide", "cursorShow") that it made, or
-/// the alert sound ("beep").
+/// the alert sound ("beep"), or what it has assistive technology say ("announcement").
 struct SyntheticEvent {
     Seconds time{0};
     std::string type;
@@ -27,6 +27,7 @@ struct SyntheticEvent {
     std::uint64_t flags = 0;            // CGEventFlags
     std::map<int, std::int64_t> fields; // CGEventField
     int clickState = 0;
+    std::string text; // of an announcement
 };
 
 /// Everything that processes did to the input of this Mac, oldest first.

@@ -56,7 +56,7 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , messages_(scheduler, processes_, permission_, behaviour_.uncertainties, options.seed)
     , actions_(statusItems_, processes_, content_.statusItems, content_.applicationMenus, content_.menus,
                menuContents_)
-    , accessibility_(scheduler, messages_, accessibilityTree_, menuContents_, actions_)
+    , accessibility_(scheduler, messages_, accessibilityTree_, menuContents_, actions_, behaviour_.faults)
     , keyboard_(desktop_.keyboardLayout)
     , hotKeys_(desktop_)
     , typing_(keyboard_, hotKeys_, programProcess_, content_.stack, content_.menus, content_.applicationMenus)
@@ -121,7 +121,9 @@ void Mac::connectParts() {
     subscriptions_.push_back(processes_.onEnded.subscribe(
         [this](ProcessIdentifier ended) { content_.stack.dismissAllOf(ended); }));
     subscriptions_.push_back(processes_.onFrontChanged.subscribe([this] { followFrontProcess(); }));
-    subscriptions_.push_back(keyboard_.onBeep.subscribe([this] { noteBeep(); }));
+    subscriptions_.push_back(keyboard_.onBeep.subscribe([this] { note("beep"); }));
+    subscriptions_.push_back(programProcess_.onAnnounced.subscribe(
+        [this](const std::string& sentence) { note("announcement", sentence); }));
     subscriptions_.push_back(statusItems_.onChanged.subscribe([this] {
         presentation_.followStatusItems();
         content_.statusItems.closeOrphans();
@@ -137,11 +139,12 @@ void Mac::followFrontProcess() {
     content_.stack.setActive(front ? front->identifier : 0);
 }
 
-void Mac::noteBeep() {
-    SyntheticEvent beep;
-    beep.time = scheduler_.now();
-    beep.type = "beep";
-    content_.events.record(std::move(beep));
+void Mac::note(std::string type, std::string text) {
+    SyntheticEvent event;
+    event.time = scheduler_.now();
+    event.type = std::move(type);
+    event.text = std::move(text);
+    content_.events.record(std::move(event));
 }
 
 void Mac::setUncertainties(const Uncertainties& uncertainties) {

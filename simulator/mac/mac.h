@@ -132,7 +132,7 @@ class Mac {
     MacServices services();
     void connectParts();
     void followFrontProcess();
-    void noteBeep();
+    void note(std::string type, std::string text = {});
 
     VirtualScheduler& scheduler_;
     DesktopFile desktop_;

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace mac_model {
 
@@ -47,6 +48,8 @@ struct StatusItemRecord {
     std::uint64_t menuGeneration = 1; // each closing of its menu ends the life of the menu's elements
 
     ItemAppearance appearance;                   // the program's items
+    std::string spokenValue;                     // the program's items
+    std::vector<tavrin::ViewAction> actions;     // the program's items, beside the press
     std::function<void(StatusItemPress)> action; // the program's items; call it by `StatusItemTable::press`
 
     /// On the primary screen; none while the item is not in the menu bar or not arranged yet.

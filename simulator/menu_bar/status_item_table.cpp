@@ -84,6 +84,16 @@ bool StatusItemTable::press(StatusItemIdentifier identifier, StatusItemPress pre
     return true;
 }
 
+bool StatusItemTable::perform(StatusItemIdentifier identifier, std::string_view name) {
+    const auto* record = find(identifier);
+    const auto program = programItems_.find(identifier);
+    if (!record || program == programItems_.end()) return false;
+    const auto action = std::ranges::find(record->actions, name, &tavrin::ViewAction::name);
+    if (action == record->actions.end()) return false;
+    program->second.connection->post(action->perform);
+    return true;
+}
+
 std::expected<void, std::string> StatusItemTable::removeItems(std::string_view bundleIdentifier) {
     bool hasRemoved = false;
     for (const auto process : processes_.withBundle(bundleIdentifier))
@@ -263,6 +273,21 @@ void StatusItemTable::setTexts(StatusItemIdentifier identifier, std::string labe
     record->spec.description = std::move(label);
     record->spec.help = std::move(toolTip);
     onChanged.emit();
+}
+
+void StatusItemTable::setSpokenValue(StatusItemIdentifier identifier, std::string value) {
+    auto* record = change(identifier);
+    if (!record || record->spokenValue == value) return;
+    record->spokenValue = std::move(value);
+    onChanged.emit();
+}
+
+void StatusItemTable::setActions(StatusItemIdentifier identifier, std::vector<tavrin::ViewAction> actions) {
+    auto* record = change(identifier);
+    if (!record) return;
+    record->spec.actions = {"AXPress"};
+    for (const auto& action : actions) record->spec.actions.push_back(action.name);
+    record->actions = std::move(actions);
 }
 
 void StatusItemTable::setHiddenFromAccessibility(StatusItemIdentifier identifier, bool hidden) {

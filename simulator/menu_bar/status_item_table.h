@@ -47,6 +47,8 @@ class StatusItemTable {
     void setOpen(StatusItemIdentifier, bool isOpen);
     /// Sends a press to the program that owns the item; false for items of other processes.
     bool press(StatusItemIdentifier, StatusItemPress);
+    /// Has the program that owns the item do the action of that name; false when there is none.
+    bool perform(StatusItemIdentifier, std::string_view action);
 
     /// The person drags every item of the bundle off the menu bar.
     std::expected<void, std::string> removeItems(std::string_view bundleIdentifier);
@@ -70,6 +72,8 @@ class StatusItemTable {
     void setVisible(StatusItemIdentifier, bool visible);
     void setAppearance(StatusItemIdentifier, ItemAppearance);
     void setTexts(StatusItemIdentifier, std::string label, std::string toolTip);
+    void setSpokenValue(StatusItemIdentifier, std::string value);
+    void setActions(StatusItemIdentifier, std::vector<tavrin::ViewAction>);
     void setHiddenFromAccessibility(StatusItemIdentifier, bool hidden);
     void setAction(StatusItemIdentifier, std::function<void(StatusItemPress)>);
 

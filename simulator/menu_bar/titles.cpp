@@ -37,9 +37,12 @@ std::vector<MenuItemSpec> appleMenu() {
             entry("Sleep"),          entry("Restart…"), entry("Shut Down…")};
 }
 
-std::vector<MenuItemSpec> applicationMenu(const std::string& name) {
-    return {entry("About " + name), separator(), entry("Hide " + name, "h"), separator(),
-            entry("Quit " + name, "q")};
+std::vector<MenuItemSpec> applicationMenu(const ApplicationSpec& application) {
+    const auto& name = application.name;
+    std::vector<MenuItemSpec> entries{entry("About " + name), separator()};
+    if (application.hasSettings) entries.insert(entries.end(), {entry("Settings…", ","), separator()});
+    entries.insert(entries.end(), {entry("Hide " + name, "h"), separator(), entry("Quit " + name, "q")});
+    return entries;
 }
 
 } // namespace
@@ -65,7 +68,7 @@ double menusEnd(const ApplicationSpec* application, const ScreenSpec& screen) {
 
 std::vector<MenuItemSpec> menuUnderTitle(const ApplicationSpec& application, std::size_t title) {
     if (title == 0) return appleMenu();
-    if (title == 1) return applicationMenu(application.name);
+    if (title == 1) return applicationMenu(application);
     const auto own = title - titlesBeforeOwn;
     return own < application.menuBar.size() ? application.menuBar[own].items : std::vector<MenuItemSpec>{};
 }

@@ -60,9 +60,10 @@ class ProcessTable {
     const Process* menuBarOwner() const;
 
     Signal<ProcessIdentifier> onLaunched;
-    Signal<ProcessIdentifier> onEnded;      // it is no longer in the table
-    Signal<ProcessIdentifier> onToldToQuit; // one that decides for itself
-    Signal<> onFrontChanged;                // another process is active, or other menus are in the menu bar
+    Signal<ProcessIdentifier> onEnded;          // it is no longer in the table
+    Signal<ProcessIdentifier> onToldToQuit;     // one that decides for itself
+    Signal<ProcessIdentifier> onSettingsChosen; // in its own menu
+    Signal<> onFrontChanged; // another process is active, or other menus are in the menu bar
 
   private:
     template <class Change>

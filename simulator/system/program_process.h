@@ -33,7 +33,8 @@ class ProgramProcess {
         onDisconnected.emit();
     }
 
-    Signal<> onDisconnected; // close all that the program shows; nothing reaches it any more
+    Signal<std::string> onAnnounced; // what it has assistive technology say
+    Signal<> onDisconnected;         // close all that the program shows; nothing reaches it any more
 
   private:
     ProgramInfo info_;

@@ -54,6 +54,10 @@ class AxMessenger {
     Task<std::expected<void, AccessibilityError>> perform(AccessibilityElement element,
                                                           std::string_view action, Seconds timeout) const;
 
+    /// Likewise; the process may have taken the value.
+    Task<std::expected<void, AccessibilityError>>
+    setFlag(AccessibilityElement element, std::string_view attribute, bool value, Seconds timeout) const;
+
   private:
     Accessibility* accessibility_;
     SerialQueue* queue_;

@@ -67,6 +67,12 @@ void AppDelegate::showSettings() {
     settingsWindow_->show();
 }
 
+/// Before Tavrin may use Accessibility, the welcome comes first.
+void AppDelegate::applicationShowSettings() {
+    if (menuBarManager_) return showSettings();
+    applicationShouldHandleReopen(true);
+}
+
 bool AppDelegate::applicationShouldHandleReopen(bool) {
     if (accessibilityOnboarding_) {
         accessibilityOnboarding_->bringToFront();

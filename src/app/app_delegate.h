@@ -28,6 +28,7 @@ class AppDelegate final : public ApplicationDelegate {
 
     bool applicationShouldTerminateAfterLastWindowClosed() override { return false; }
 
+    void applicationShowSettings() override;
     TerminateReply applicationShouldTerminate() override;
 
   private:

@@ -22,6 +22,7 @@ ControlItemController::ControlItemController(const Platform& platform, const Bar
 
 void ControlItemController::dress(StatusItem& control) {
     control.setAction([this](StatusItemPress press) { handleControlClick(press); });
+    control.setAccessibilityActions({{"Show Menu", [this] { handleControlClick(StatusItemPress::Right); }}});
     updateControlIcon(control);
 }
 
@@ -33,6 +34,7 @@ void ControlItemController::updateControlIcon(StatusItem& control) {
     control.setToolTip(isCollapsed ? "Tavrin: click to reveal hidden items; right-click to configure"
                                    : "Tavrin: click to hide configured items; right-click to configure");
     control.setAccessibilityLabel("Tavrin");
+    control.setAccessibilityValue(isCollapsed ? "Items are hidden" : "All items are shown");
     control.setAlpha(1);
     items_.setPillShown(isCollapsed);
 }

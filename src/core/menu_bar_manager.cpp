@@ -47,6 +47,7 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
                 .showSettings = std::move(hooks.showSettings),
                 .appendPinnedActions = [this](Menu& menu) { pinnedActions_.appendMenuSection(menu); }})
     , startUp_(platform, permission, core_, hint_, configure_)
+    , announcements_(platform.application, core_.readings)
     , screenObserver_(observeScreens()) {
     toggleShortcut_.conflict = [this](const HotKeyShortcut& shortcut) {
         return conflictWithPins(pinnedActions_.store().pins(), shortcut);

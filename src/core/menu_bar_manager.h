@@ -2,6 +2,7 @@
 
 #include "accessibility/accessibility_permission.h"
 #include "concurrency/signal.h"
+#include "core/announcements.h"
 #include "core/bar_readings.h"
 #include "core/configure_presentation.h"
 #include "core/control_item_controller.h"
@@ -91,6 +92,7 @@ class MenuBarManager {
     PinnedActionsController pinnedActions_;
     ControlItemController control_;
     StartUp startUp_;
+    Announcements announcements_;
     Subscription screenObserver_;
 };
 

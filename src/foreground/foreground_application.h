@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavrin {
@@ -46,6 +47,8 @@ class ForegroundApplication final : public Application {
     }
 
     void showAboutPanel() override;
+
+    void announce(std::string sentence) override { system_.announce(std::move(sentence)); }
 
     void terminate() override { system_.terminate(); }
 

@@ -100,6 +100,10 @@ class Accessibility {
     /// An error `CannotComplete` leaves open whether the action has happened.
     virtual std::expected<void, AccessibilityError> perform(const AccessibilityElement& element,
                                                             std::string_view action) = 0;
+
+    /// Without an error the process has taken the value; what comes of it may take longer.
+    virtual std::expected<void, AccessibilityError> setFlag(const AccessibilityElement& element,
+                                                            std::string_view attribute, bool value) = 0;
 };
 
 } // namespace tavrin

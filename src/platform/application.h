@@ -18,6 +18,11 @@ class ApplicationDelegate {
     /// The user launched the running application again; true lets the system do its default as well.
     virtual bool applicationShouldHandleReopen(bool hasVisibleWindows) = 0;
     virtual bool applicationShouldTerminateAfterLastWindowClosed() = 0;
+
+    /// The user chose "Settings…" in the application's own menu, which has Command-comma for a key. Nothing
+    /// happens in a program without settings.
+    virtual void applicationShowSettings() {}
+
     virtual TerminateReply applicationShouldTerminate() = 0;
 };
 
@@ -50,6 +55,9 @@ class Application {
     virtual Subscription onKeysReleased(std::function<void()> handler) = 0;
 
     virtual void showAboutPanel() = 0;
+
+    /// Has assistive technology say a sentence, instead of what it is saying. Nobody hears it otherwise.
+    virtual void announce(std::string sentence) = 0;
 
     /// Begins to quit: the delegate is asked, and may put the end off.
     virtual void terminate() = 0;

@@ -2,11 +2,13 @@
 
 #include "base/geometry.h"
 #include "concurrency/signal.h"
+#include "views/view.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavrin {
 
@@ -24,6 +26,7 @@ struct TemplateImage {
     bool operator==(const TemplateImage&) const = default;
 };
 
+/// Right is a press with the right button, and one with the left button while Control is held.
 enum class StatusItemPress { Left, Right };
 
 /// One status item of this process. Destroying it removes it from the menu bar; macOS then forgets its
@@ -43,6 +46,11 @@ class StatusItem {
     virtual void setImage(TemplateImage image) = 0;
     virtual void setToolTip(std::string text) = 0;
     virtual void setAccessibilityLabel(std::string label) = 0;
+    /// The state that assistive technology says after the label.
+    virtual void setAccessibilityValue(std::string value) = 0;
+    /// What assistive technology offers beside the press, which counts as a left one: it has no second
+    /// button.
+    virtual void setAccessibilityActions(std::vector<ViewAction> actions) = 0;
     virtual void setHiddenFromAccessibility(bool hidden) = 0;
     /// Opacity of the image, 0 to 1.
     virtual void setAlpha(double alpha) = 0;

@@ -76,8 +76,11 @@ TEST_F(Assistive, PressesStatusItems) {
     EXPECT_EQ(itemNamed("Wi")["open"], true);
     const auto probeItem = itemNamed("Probe")["id"];
     mac.done({{"do", "perform"}, {"statusItem", probeItem}});
-    mac.done({{"do", "perform"}, {"statusItem", probeItem}, {"action", "AXShowMenu"}});
-    EXPECT_EQ(probe.log, (Log{"left", "right"}));
+    const json showMenu{{"do", "perform"}, {"statusItem", probeItem}, {"action", "AXShowMenu"}};
+    mac.refused(showMenu);
+    probe.item->setAccessibilityActions({{"Show Menu", probe.logs("menu")}});
+    mac.done(showMenu);
+    EXPECT_EQ(probe.log, (Log{"left", "menu"}));
     mac.refused({{"do", "perform"}, {"statusItem", 9999}});
 }
 

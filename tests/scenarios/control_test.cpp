@@ -26,12 +26,61 @@ TEST(Control, looksAndSaysWhatAClickWillDo) {
     EXPECT_EQ(mac.control()["symbol"], "chevron.right.2");
 }
 
+json announcements(TavrinMac& mac) {
+    json texts = json::array();
+    for (const auto& event : mac.events()["events"])
+        if (event["type"] == "announcement") texts.push_back(event["text"]);
+    return texts;
+}
+
+TEST(Control, serveAssistiveTechnologyThatOnlyPresses) {
+    auto mac = started(trustedMac("classic-display", setUp()));
+    EXPECT_EQ(mac.control()["value"], "All items are shown");
+    const auto id = mac.control()["id"];
+    mac.done({{"do", "perform"}, {"statusItem", id}});
+    mac.wait(1);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_EQ(mac.control()["value"], "Items are hidden");
+    mac.done({{"do", "perform"}, {"statusItem", id}, {"action", "AXShowMenu"}});
+    EXPECT_TRUE(mac.shows("Configure Items…"));
+    EXPECT_TRUE(isCollapsed(mac));
+}
+
 TEST(Control, aClickWithControlHeldOpensTheMenu) {
     auto mac = started(trustedMac("classic-display", setUp()));
     mac.done({{"do", "click"}, {"item", tavrinBundle}, {"modifiers", {"control"}}});
     mac.wait(0.5);
     EXPECT_TRUE(mac.shows("Configure Items…"));
     EXPECT_FALSE(isCollapsed(mac));
+}
+
+TEST(Control, whatGoesWrongIsSaid) {
+    auto mac = started(trustedMac("notched-laptop", setUp()));
+    mac.set("behindNotch", {{tavrinBundle, "allItems"}});
+    (void)mac.events();
+    mac.done({{"do", "key"}, {"key", "h"}, {"modifiers", {"control", "option"}}});
+    mac.wait(10);
+    EXPECT_EQ(announcements(mac),
+              json{"Tavrin couldn’t restore its menu bar control to the right side of the notch. Quit and "
+                   "reopen the app to retry the layout repair."});
+}
+
+TEST(Control, commandCommaOpensSettingsWhereTavrinIsActive) {
+    auto mac = started(trustedMac("classic-display", setUp()));
+    mac.start();
+    mac.wait(1);
+    mac.done({{"do", "key"}, {"key", ","}, {"modifiers", {"command"}}});
+    mac.wait(1);
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["title"], "Tavrin Settings");
+}
+
+TEST(Control, commandCommaKeepsToTheWelcomeWithoutAccess) {
+    TavrinMac mac;
+    mac.wait(1);
+    mac.done({{"do", "key"}, {"key", ","}, {"modifiers", {"command"}}});
+    mac.wait(1);
+    ASSERT_EQ(mac.surfacesOf(tavrinBundle).size(), 1u);
+    EXPECT_EQ(mac.surfacesOf(tavrinBundle).at(0)["title"], "Welcome to Tavrin");
 }
 
 TEST(Control, theMenuHasItsEntriesInOrderAndFollowsTheState) {

@@ -166,6 +166,7 @@ TEST(Pins, walkTheMenuBarOfAnApplication) {
     for (const bool isLazy : {false, true}) {
         auto mac = started(
             macWithPins({barPin("PDF", {"File", "Export", "As PDF"}), barPin("Gone", {"File", "Gone"})}));
+        mac.set("model", {{"othersActivation", isLazy ? "granted" : "declined"}});
         if (isLazy) mac.set("menus", {{editorBundle, {{"fillsAfter", 0.2}}}});
         runPin(mac, "PDF");
         EXPECT_EQ(chosen(mac), Strings{editorBundle + ": > Export > As PDF…"});

@@ -146,6 +146,11 @@ class PassedOnAccessibility : public Accessibility {
         return truth.perform(element, action);
     }
 
+    std::expected<void, AccessibilityError> setFlag(const AccessibilityElement& element,
+                                                    std::string_view attribute, bool value) override {
+        return truth.setFlag(element, attribute, value);
+    }
+
     Accessibility& truth;
 };
 
@@ -315,6 +320,12 @@ class PassedOnStatusItem : public StatusItem {
     void setToolTip(std::string text) override { truth->setToolTip(std::move(text)); }
 
     void setAccessibilityLabel(std::string label) override { truth->setAccessibilityLabel(std::move(label)); }
+
+    void setAccessibilityValue(std::string value) override { truth->setAccessibilityValue(std::move(value)); }
+
+    void setAccessibilityActions(std::vector<ViewAction> actions) override {
+        truth->setAccessibilityActions(std::move(actions));
+    }
 
     void setHiddenFromAccessibility(bool hidden) override { truth->setHiddenFromAccessibility(hidden); }
 

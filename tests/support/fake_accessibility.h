@@ -58,6 +58,11 @@ class FakeAccessibility final : public Accessibility {
         return {};
     }
 
+    std::expected<void, AccessibilityError> setFlag(const AccessibilityElement&, std::string_view,
+                                                    bool) override {
+        return {};
+    }
+
     static AccessibilityElement element(int number) {
         return AccessibilityElement(std::make_shared<const Reference>(number));
     }

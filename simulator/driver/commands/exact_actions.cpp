@@ -99,10 +99,12 @@ Outcome performOnItem(DrivenMac driven, Arguments& arguments) {
     if (driven.content.stack.alertOf(item->owner)) return std::unexpected(arguments.sentence(waits));
     const bool isProgram = item->origin == ItemOrigin::Program;
     if (isProgram) driven.content.menus.close();
-    if (isProgram)
-        driven.mac.statusItems().press(identifier, action == 0 ? MouseButton::Left : MouseButton::Right);
-    else
+    if (!isProgram)
         driven.content.statusItems.toggle(identifier);
+    else if (action == 0)
+        driven.mac.statusItems().press(identifier, MouseButton::Left);
+    else if (!driven.mac.statusItems().perform(identifier, "Show Menu"))
+        return std::unexpected(arguments.sentence("that item has no action \"Show Menu\""));
     return json::object();
 }
 

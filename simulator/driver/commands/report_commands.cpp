@@ -17,6 +17,7 @@ json shapeOf(const SyntheticEvent& event) {
     if (!event.tap.empty()) shape["tap"] = event.tap;
     if (event.processIdentifier) shape["processIdentifier"] = *event.processIdentifier;
     for (const auto& [field, value] : event.fields) shape["fields"][std::to_string(field)] = value;
+    if (!event.text.empty()) shape["text"] = event.text;
     if (!event.at) return shape; // a key, a change of the cursor, or a sound
     shape.update({{"at", pointShape(*event.at)}, {"flags", event.flags}, {"clickState", event.clickState}});
     return shape;

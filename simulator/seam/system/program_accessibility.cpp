@@ -64,4 +64,11 @@ std::expected<void, AccessibilityError> ProgramAccessibility::perform(const Acce
         [&] { return side_.mac.accessibility.perform(side_.connection->process(), element, action); });
 }
 
+std::expected<void, AccessibilityError>
+ProgramAccessibility::setFlag(const AccessibilityElement& element, std::string_view attribute, bool value) {
+    return message([&] {
+        return side_.mac.accessibility.setFlag(side_.connection->process(), element, attribute, value);
+    });
+}
+
 } // namespace mac_model

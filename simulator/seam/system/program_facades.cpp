@@ -44,6 +44,10 @@ void ProgramApplication::activate() {
                                                  : side_.mac.behaviour.faults.activationTime);
 }
 
+void ProgramApplication::announce(std::string sentence) {
+    if (side_.isOpen()) side_.mac.program.onAnnounced.emit(sentence);
+}
+
 void ProgramApplication::activateIgnoringOthers() {
     becomeActiveAfter(side_.mac.behaviour.faults.activationTime);
 }

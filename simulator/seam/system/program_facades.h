@@ -41,6 +41,7 @@ class ProgramApplication final : public tavrin::Application {
     bool takesKeys() const override;
     Subscription onKeysReleased(std::function<void()> handler) override;
     void showAboutPanel() override;
+    void announce(std::string sentence) override;
     void terminate() override;
     void replyToShouldTerminate(bool terminates) override;
 
@@ -67,6 +68,8 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     actionNames(const AccessibilityElement&) override;
     std::expected<void, AccessibilityError> perform(const AccessibilityElement&,
                                                     std::string_view action) override;
+    std::expected<void, AccessibilityError> setFlag(const AccessibilityElement&, std::string_view attribute,
+                                                    bool value) override;
 
   private:
     /// The answer to a message that `ask` sends, unless the process ends before it comes.

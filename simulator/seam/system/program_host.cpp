@@ -29,6 +29,10 @@ ProgramHost::ProgramHost(const MacServices& mac) : mac_(mac), world_(mac.schedul
     subscriptions_.push_back(mac_.processes.onToldToQuit.subscribe([this](ProcessIdentifier process) {
         if (life_ && life_->connection->process() == process) terminate();
     }));
+    subscriptions_.push_back(mac_.processes.onSettingsChosen.subscribe([this](ProcessIdentifier process) {
+        if (life_ && life_->connection->process() == process)
+            life_->connection->post([this] { life_->delegate->applicationShowSettings(); });
+    }));
 }
 
 ProgramHost::~ProgramHost() {
@@ -55,6 +59,7 @@ void ProgramHost::launch() {
     application.bundleIdentifier = mac_.program.info().bundleIdentifier;
     application.name = mac_.program.info().name;
     application.policy = Policy::Accessory;
+    application.hasSettings = true;
     mac_.permission.programStarted();
     const auto process = mac_.processes.launch(std::move(application), Quitting::AfterItsAnswer);
     const auto connection = std::make_shared<ProgramConnection>(mac_.scheduler, process.value());

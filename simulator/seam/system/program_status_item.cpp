@@ -66,6 +66,14 @@ void ProgramStatusItem::setAccessibilityLabel(std::string label) {
     if (record()) side_.mac.statusItems.setTexts(identifier_, std::move(label), record()->spec.help);
 }
 
+void ProgramStatusItem::setAccessibilityValue(std::string value) {
+    side_.mac.statusItems.setSpokenValue(identifier_, std::move(value));
+}
+
+void ProgramStatusItem::setAccessibilityActions(std::vector<tavrin::ViewAction> actions) {
+    side_.mac.statusItems.setActions(identifier_, std::move(actions));
+}
+
 void ProgramStatusItem::setHiddenFromAccessibility(bool hidden) {
     side_.mac.statusItems.setHiddenFromAccessibility(identifier_, hidden);
 }

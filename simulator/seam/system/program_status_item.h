@@ -28,6 +28,8 @@ class ProgramStatusItem final : public StatusItem {
     void setImage(TemplateImage image) override;
     void setToolTip(std::string text) override;
     void setAccessibilityLabel(std::string label) override;
+    void setAccessibilityValue(std::string value) override;
+    void setAccessibilityActions(std::vector<tavrin::ViewAction> actions) override;
     void setHiddenFromAccessibility(bool hidden) override;
     void setAlpha(double alpha) override;
     void setDecorations(bool pillShown, double glow) override;

@@ -63,8 +63,19 @@ std::optional<ProcessIdentifier> ProgramWorkspace::menuBarOwner() const {
     return owner ? std::optional(owner->identifier) : std::nullopt;
 }
 
+/// An active program gives its place to whom it names.
+bool ProgramWorkspace::declinesActivation() const {
+    constexpr int firstVersionThatDeclines = 14;
+    const auto& behaviour = side_.mac.behaviour;
+    const auto* front = side_.mac.processes.frontmost();
+    return behaviour.version.major >= firstVersionThatDeclines &&
+           behaviour.uncertainties.othersActivation == OthersActivation::Declined &&
+           !(front && front->identifier == side_.connection->process());
+}
+
 bool ProgramWorkspace::activate(ProcessIdentifier process) {
     if (!side_.isOpen() || !side_.mac.processes.find(process)) return false;
+    if (declinesActivation()) return true; // macOS says that it has sent the request
     side_.mac.scheduler.callInWorldAfter(side_.mac.behaviour.faults.activationTime, [side = side_, process] {
         if (side.isOpen()) side.mac.processes.activate(process);
     });

@@ -39,6 +39,7 @@ class ProgramWorkspace final : public tavrin::Workspace {
 
     std::vector<RunningApplication> present() const;
     void updateLater();
+    bool declinesActivation() const;
 
     ProgramSide side_;
     std::shared_ptr<State> state_ = std::make_shared<State>();

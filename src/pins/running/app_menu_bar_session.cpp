@@ -58,9 +58,14 @@ Task<PinnedRunResult> AppMenuBarSession::press(PinnedAction pin) {
     co_return result;
 }
 
-/// The reading that follows finds out an application that doesn't answer.
+/// Since macOS 14 the system often declines such a request of an application that isn't active itself, and
+/// obeys Accessibility. The reading that follows finds out an application that doesn't answer.
 Task<> AppMenuBarSession::bringForward() {
     access_.platform.workspace.activate(application_.processIdentifier);
+    const auto asked = co_await access_.messenger.setFlag(
+        access_.platform.accessibility.application(application_.processIdentifier), ax::frontmost, true,
+        MenuAccess::messagingTimeoutWhileOpening);
+    if (!asked && asked.error() == AccessibilityError::CannotComplete) co_return;
     if (co_await sleepFor(MenuAccess::pollInterval) == Wake::CutShort) co_return;
     (void)co_await waitUntil(
         access_.platform.scheduler, [this] { return isFrontmostOrSilent(); }, MenuAccess::pollInterval,

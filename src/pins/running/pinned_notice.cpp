@@ -1,5 +1,6 @@
 #include "pins/running/pinned_notice.h"
 
+#include "platform/application.h"
 #include "platform/screens.h"
 #include "views/view_builders.h"
 
@@ -30,6 +31,7 @@ void PinnedNoticePanel::show(PinnedNotice notice, std::optional<Rect> anchor) {
     close();
     panel_ = platform_.presentation.makePanel();
     if (!panel_) return;
+    platform_.application.announce(notice.title + ". " + notice.message);
     const bool passes = notice.style == PinnedNotice::Style::Failure;
     panel_->setContent(content(std::move(notice)));
     panel_->show(anchor.value_or(anchorWithout()));

@@ -30,7 +30,8 @@ NSMenuItem* submenu(NSString* title, std::initializer_list<Command> commands) {
 NSMenu* makeMainMenu() {
     assertMainThread();
     NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
-    [menu addItem:submenu(@"Tavrin", {{@"Quit Tavrin", @selector(terminate:), @"q"}})];
+    [menu addItem:submenu(@"Tavrin", {{@"Settings…", @selector(showSettings:), @","},
+                                      {@"Quit Tavrin", @selector(terminate:), @"q"}})];
     [menu addItem:submenu(@"Edit", {{@"Undo", @selector(undo:), @"z"},
                                     {@"Redo", @selector(redo:), @"Z"},
                                     {@"Cut", @selector(cut:), @"x"},

@@ -32,6 +32,8 @@ class MacStatusItem final : public StatusItem {
     void setImage(TemplateImage image) override;
     void setToolTip(std::string text) override;
     void setAccessibilityLabel(std::string label) override;
+    void setAccessibilityValue(std::string value) override;
+    void setAccessibilityActions(std::vector<ViewAction> actions) override;
     void setHiddenFromAccessibility(bool hidden) override;
     void setAlpha(double alpha) override;
     void setDecorations(bool pillShown, double glow) override;

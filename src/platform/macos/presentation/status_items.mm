@@ -111,9 +111,29 @@ void MacStatusItem::setAccessibilityLabel(std::string label) {
     item_.button.accessibilityLabel = label.empty() ? nil : localized(label);
 }
 
+// Assistive technology meets a control's cell, not the control.
+
+void MacStatusItem::setAccessibilityValue(std::string value) {
+    item_.button.cell.accessibilityValue = value.empty() ? nil : localized(value);
+}
+
+void MacStatusItem::setAccessibilityActions(std::vector<ViewAction> actions) {
+    NSMutableArray<NSAccessibilityCustomAction*>* offered = [NSMutableArray array];
+    for (auto& action : actions) {
+        const auto deliver = gate_.deliver();
+        BOOL (^handler)(void) = ^{
+            deliver(action.perform);
+            return YES;
+        };
+        [offered addObject:[[NSAccessibilityCustomAction alloc] initWithName:localized(action.name)
+                                                                     handler:handler]];
+    }
+    item_.button.cell.accessibilityCustomActions = offered;
+    item_.button.accessibilityCustomActions = offered;
+}
+
 void MacStatusItem::setHiddenFromAccessibility(bool hidden) {
     item_.button.accessibilityHidden = hidden;
-    // Assistive technology meets a control's cell, not the control.
     item_.button.cell.accessibilityElement = !hidden;
 }
 

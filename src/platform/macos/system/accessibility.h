@@ -20,6 +20,8 @@ class MacAccessibility final : public Accessibility {
     actionNames(const AccessibilityElement& element) override;
     std::expected<void, AccessibilityError> perform(const AccessibilityElement& element,
                                                     std::string_view action) override;
+    std::expected<void, AccessibilityError> setFlag(const AccessibilityElement& element,
+                                                    std::string_view attribute, bool value) override;
 
   private:
     Scheduler& scheduler_;

@@ -89,4 +89,16 @@ std::expected<void, AccessibilityError> MacAccessibility::perform(const Accessib
     }
 }
 
+std::expected<void, AccessibilityError> MacAccessibility::setFlag(const AccessibilityElement& element,
+                                                                  std::string_view attribute, bool value) {
+    @autoreleasepool {
+        const auto target = uiElementOf(element);
+        if (!target) return std::unexpected(AccessibilityError::IllegalArgument);
+        const CFBooleanRef flag = value ? kCFBooleanTrue : kCFBooleanFalse;
+        const auto error = AXUIElementSetAttributeValue(target, cfString(attribute).get(), flag);
+        if (error != kAXErrorSuccess) return std::unexpected(errorFrom(error));
+        return {};
+    }
+}
+
 } // namespace tavrin::macos

@@ -20,6 +20,7 @@ class MacApplication final : public Application {
     bool takesKeys() const override;
     Subscription onKeysReleased(std::function<void()> handler) override;
     void showAboutPanel() override;
+    void announce(std::string sentence) override;
     void terminate() override;
     void replyToShouldTerminate(bool terminates) override;
 

@@ -89,6 +89,16 @@ void MacApplication::showAboutPanel() {
     [NSApp orderFrontStandardAboutPanel:nil];
 }
 
+void MacApplication::announce(std::string sentence) {
+    assertMainThread();
+    NSDictionary* words = @{
+        NSAccessibilityAnnouncementKey : localized(sentence),
+        NSAccessibilityPriorityKey : @(NSAccessibilityPriorityHigh),
+    };
+    NSAccessibilityPostNotificationWithUserInfo(NSApp, NSAccessibilityAnnouncementRequestedNotification,
+                                                words);
+}
+
 /// AppKit asks the delegate inside this call and, when the end is put off, waits in a nested run loop; when
 /// it isn't, the process exits without coming back. It starts from a timer: posted work would hold up what is
 /// posted after it, and so the very answer that the nested loop waits for.

@@ -23,3 +23,4 @@ CF_EXPORT AXError AXUIElementCopyMultipleAttributeValues(AXUIElementRef element,
                                                          CFArrayRef *CF_RETURNS_RETAINED values);
 CF_EXPORT AXError AXUIElementCopyActionNames(AXUIElementRef element, CFArrayRef *CF_RETURNS_RETAINED names);
 CF_EXPORT AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
+CF_EXPORT AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute, CFTypeRef value);
