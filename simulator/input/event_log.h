@@ -56,16 +56,24 @@ class Cursor {
 
     void show(Seconds now) { change(now, "cursorShow", hides_ > 0 ? hides_ - 1 : 0); }
 
+    /// macOS heeds the hides only while their process is the active one. They count meanwhile.
+    void setOwnerActive(bool isActive) {
+        isOwnerActive_ = isActive;
+        refresh();
+    }
+
     /// The process that hid the cursor has ended; its hides end with it.
     void ownerEnded() {
         hides_ = 0;
-        pointer_.isVisible = true;
+        refresh();
     }
 
   private:
+    void refresh() { pointer_.isVisible = hides_ == 0 || !isOwnerActive_; }
+
     void change(Seconds now, std::string type, int hides) {
         hides_ = hides;
-        pointer_.isVisible = hides_ == 0;
+        refresh();
         SyntheticEvent event;
         event.time = now;
         event.type = std::move(type);
@@ -75,6 +83,7 @@ class Cursor {
     Pointer& pointer_;
     EventLog& log_;
     int hides_ = 0;
+    bool isOwnerActive_ = false;
 };
 
 } // namespace mac_model

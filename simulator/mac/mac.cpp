@@ -137,6 +137,8 @@ void Mac::connectParts() {
 void Mac::followFrontProcess() {
     const auto* front = processes_.frontmost();
     content_.stack.setActive(front ? front->identifier : 0);
+    const auto& program = programProcess_.connection();
+    content_.cursor.setOwnerActive(front && program && program->process() == front->identifier);
 }
 
 void Mac::note(std::string type, std::string text) {

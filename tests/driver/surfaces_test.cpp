@@ -334,7 +334,11 @@ TEST_F(Surfaces, pointerAndCursor) {
     cursor.hide(tavrin::Seconds{1});
     cursor.hide(tavrin::Seconds{1});
     cursor.show(tavrin::Seconds{2});
+    EXPECT_TRUE(mac.look()["pointer"]["visible"]) << "a process in the background can't hide it";
+    cursor.setOwnerActive(true);
     EXPECT_FALSE(mac.look()["pointer"]["visible"]);
+    cursor.setOwnerActive(false);
+    EXPECT_TRUE(mac.look()["pointer"]["visible"]);
     EXPECT_EQ(mac.events()["events"].size(), 3U);
 }
 
