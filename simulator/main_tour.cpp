@@ -224,6 +224,27 @@ std::vector<TourStep> toggleShortcut(const std::string& bundle) {
     };
 }
 
+std::vector<TourStep> fullScreen(const std::string& bundle) {
+    const auto shortcut = key("k", {"option", "command"});
+    const auto fills = [](bool isFull) { return json{{"do", "set"}, {"menuBarHidden", isFull}}; };
+    const Expectation unseen{"the menu bar isn’t to be seen, and no item of it", [](const Seen& seen) {
+                                 return std::ranges::none_of(seen.look["menuBar"], [](const json& item) {
+                                     return item.value("drawn", false);
+                                 });
+                             }};
+    const Expectation keptItems{"Tavrin hasn’t started its items over", [](const Seen& seen) {
+                                    return !seen.defaults.contains("Skerrow.statusItemAutosaveVersion");
+                                }};
+    return {
+        {"An application fills the screen, and the menu bar goes. The shortcut reveals the items all the same.",
+         {fills(true), wait(1), shortcut, wait(2)},
+         {unseen, keptItems, stored(startCollapsed, false)}},
+        {"It hides them, too. When the menu bar is back, it is as it was before.",
+         {shortcut, wait(2), fills(false), wait(3)},
+         {collapsed(bundle), keptItems, stored(startCollapsed, true)}},
+    };
+}
+
 std::vector<TourStep> quitting(const std::string& bundle) {
     return {
         {"A right click opens the control’s menu.",
@@ -294,6 +315,7 @@ std::vector<TourStep> firstDay(const std::string& bundle) {
     for (auto& step : hidingAndRevealing(bundle)) steps.push_back(std::move(step));
     for (auto& step : applying(bundle)) steps.push_back(std::move(step));
     for (auto& step : toggleShortcut(bundle)) steps.push_back(std::move(step));
+    for (auto& step : fullScreen(bundle)) steps.push_back(std::move(step));
     for (auto& step : quitting(bundle)) steps.push_back(std::move(step));
     return steps;
 }
