@@ -204,7 +204,7 @@ TEST_F(AccessibilityServerTest, trustMayLagBehindItsNotice) {
 TEST_F(AccessibilityServerTest, onlyTheFrontmostApplicationCanBeSet) {
     const auto bare = application(504);
     EXPECT_TRUE(ax().setFlag(bare, "AXFrontmost", true));
-    scheduler().runFor(Seconds{0.1});
+    scheduler.advance(Seconds{0.1});
     EXPECT_EQ(ax().attribute(bare, "AXFrontmost"), AttributeValue(true));
     EXPECT_EQ(ax().setFlag(bare, "AXHidden", true).error(), Error::AttributeUnsupported);
     EXPECT_EQ(ax().setFlag(application(503), "AXFrontmost", true).error(), Error::NotImplemented);
