@@ -53,6 +53,8 @@ class PassedOnApplication : public Application {
 
     void showAboutPanel() override { truth.showAboutPanel(); }
 
+    void announce(std::string sentence) override { truth.announce(std::move(sentence)); }
+
     void terminate() override { truth.terminate(); }
 
     void replyToShouldTerminate(bool terminates) override { truth.replyToShouldTerminate(terminates); }
