@@ -115,6 +115,17 @@ CGPoint CGEventGetLocation(CGEventRef event) {
     return CGPointMake(place.x, place.y);
 }
 
+CGEventType CGEventGetType(CGEventRef event) { return static_cast<CGEventType>(eventIn(event)->mouse_.type); }
+
+CGEventFlags CGEventGetFlags(CGEventRef event) { return static_cast<CGEventFlags>(eventIn(event)->mouse_.flags); }
+
+int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field) {
+    const auto& mouse = eventIn(event)->mouse_;
+    if (field == kCGMouseEventClickState) return mouse.clickState.value_or(0);
+    const auto found = mouse.fields.find(static_cast<tavrin::EventField>(field));
+    return found == mouse.fields.end() ? 0 : found->second;
+}
+
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags) { eventIn(event)->mouse_.flags = flags; }
 
 void CGEventSetIntegerValueField(CGEventRef event, CGEventField field, int64_t value) {
