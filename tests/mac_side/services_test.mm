@@ -49,6 +49,7 @@ TEST_F(ServicesTest, workOfAQueueRunsElsewhereAndComesBackInOrder) {
         });
     EXPECT_TRUE(until([&] { return seen.size() == 20; }));
     EXPECT_EQ(onMain, 0);
+    EXPECT_EQ(seen.front(), 0);
     EXPECT_TRUE(std::ranges::is_sorted(seen));
 }
 
