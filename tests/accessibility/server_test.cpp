@@ -202,6 +202,7 @@ TEST_F(AccessibilityServerTest, trustMayLagBehindItsNotice) {
 }
 
 TEST_F(AccessibilityServerTest, onlyTheFrontmostApplicationCanBeSet) {
+    bootAndStart(talkative());
     const auto bare = application(504);
     EXPECT_TRUE(ax().setFlag(bare, "AXFrontmost", true));
     scheduler.advance(Seconds{0.1});

@@ -28,8 +28,7 @@ TEST(Control, looksAndSaysWhatAClickWillDo) {
 
 json announcements(TavrinMac& mac) {
     json texts = json::array();
-    for (const auto& event : mac.events()["events"])
-        if (event["type"] == "announcement") texts.push_back(event["text"]);
+    for (const auto& said : mac.events()["said"]) texts.push_back(said["text"]);
     return texts;
 }
 
@@ -57,6 +56,7 @@ TEST(Control, aClickWithControlHeldOpensTheMenu) {
 TEST(Control, whatGoesWrongIsSaid) {
     auto mac = started(trustedMac("notched-laptop", setUp()));
     mac.set("behindNotch", {{tavrinBundle, "allItems"}});
+    mac.wait(1);
     (void)mac.events();
     mac.done({{"do", "key"}, {"key", "h"}, {"modifiers", {"control", "option"}}});
     mac.wait(10);

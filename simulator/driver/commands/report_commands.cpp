@@ -17,7 +17,6 @@ json shapeOf(const SyntheticEvent& event) {
     if (!event.tap.empty()) shape["tap"] = event.tap;
     if (event.processIdentifier) shape["processIdentifier"] = *event.processIdentifier;
     for (const auto& [field, value] : event.fields) shape["fields"][std::to_string(field)] = value;
-    if (!event.text.empty()) shape["text"] = event.text;
     if (!event.at) return shape; // a key, a change of the cursor, or a sound
     shape.update({{"at", pointShape(*event.at)}, {"flags", event.flags}, {"clickState", event.clickState}});
     return shape;
@@ -31,14 +30,19 @@ Outcome look(DrivenMac driven, Arguments& arguments) {
 Outcome events(DrivenMac driven, Arguments& arguments) {
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
     json events = json::array();
-    for (const auto& event : driven.content.events.drain()) events.push_back(shapeOf(event));
+    json said = json::array();
+    for (const auto& event : driven.content.events.drain())
+        if (event.text.empty())
+            events.push_back(shapeOf(event));
+        else
+            said.push_back({{"time", timeShape(event.time)}, {"text", event.text}});
     json chosen = json::array();
     for (const auto& entry : driven.content.chosen.drain())
         chosen.push_back({{"time", timeShape(entry.time)},
                           {"owner", entry.owner},
                           {"menu", entry.menu},
                           {"path", entry.path}});
-    return json{{"events", std::move(events)}, {"chosen", std::move(chosen)}};
+    return json{{"events", std::move(events)}, {"chosen", std::move(chosen)}, {"said", std::move(said)}};
 }
 
 Outcome defaults(DrivenMac driven, Arguments& arguments) {
