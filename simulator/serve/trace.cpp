@@ -57,8 +57,13 @@ Trace::Trace(ModelledMac& modelled)
     subscriptions.push_back(mac.processes().onEnded.subscribe([this](ProcessIdentifier process) {
         note("told", "process " + std::to_string(process) + " has ended");
     }));
-    subscriptions.push_back(modelled.content().events.onRecorded.subscribe(
-        [this](const SyntheticEvent& event) { note("posted", describe(event)); }));
+    subscriptions.push_back(
+        modelled.content().events.onRecorded.subscribe([this](const SyntheticEvent& event) {
+            if (event.text.empty())
+                note("posted", describe(event));
+            else
+                note("said", event.text);
+        }));
     subscriptions.push_back(modelled.content().chosen.onRecorded.subscribe(
         [this](const ChosenEntry& entry) { note("chose", describe(entry)); }));
 }

@@ -1,9 +1,9 @@
 import { h } from "./dom.js";
 
-// What Tavrin posted and stored and was told, and what other applications' menus ran, newest first.
+// What Tavrin posted and stored, was told and said to assistive technology, and what other applications' menus ran, newest first.
 
 const lengthMax = 300;
-const kinds = ["posted", "stored", "told", "chose"];
+const kinds = ["posted", "stored", "told", "said", "chose"];
 
 export class Trace {
     constructor() {

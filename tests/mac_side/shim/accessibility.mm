@@ -220,6 +220,16 @@ AXError AXUIElementPerformAction(AXUIElementRef reference, CFStringRef action) {
     }
 }
 
+AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attribute, CFTypeRef value) {
+    @autoreleasepool {
+        const auto* element = target(reference);
+        if (!element) return apiDisabled;
+        const auto flag = CFBooleanGetValue(static_cast<CFBooleanRef>(value));
+        const auto result = answeringMac()->accessibility.setFlag(*element, textOf(attribute), flag);
+        return result ? kAXErrorSuccess : static_cast<AXError>(result.error());
+    }
+}
+
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* place) {
     auto* held = (__bridge TavrinStructureValue*)(CFTypeRef)value;
     if (held->type_ != type) return NO;

@@ -117,7 +117,9 @@ CGPoint CGEventGetLocation(CGEventRef event) {
 
 CGEventType CGEventGetType(CGEventRef event) { return static_cast<CGEventType>(eventIn(event)->mouse_.type); }
 
-CGEventFlags CGEventGetFlags(CGEventRef event) { return static_cast<CGEventFlags>(eventIn(event)->mouse_.flags); }
+CGEventFlags CGEventGetFlags(CGEventRef event) {
+    return static_cast<CGEventFlags>(eventIn(event)->mouse_.flags);
+}
 
 int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field) {
     const auto& mouse = eventIn(event)->mouse_;

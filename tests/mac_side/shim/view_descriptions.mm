@@ -8,6 +8,7 @@ HUNG_BOOL(isAccessibilityElement, setAccessibilityElement)
 HUNG_BOOL(isAccessibilityHidden, setAccessibilityHidden)
 HUNG(NSString*, accessibilityLabel, setAccessibilityLabel)
 HUNG(NSString*, accessibilityHelp, setAccessibilityHelp)
+HUNG(id, accessibilityValue, setAccessibilityValue)
 HUNG(NSString*, accessibilityRole, setAccessibilityRole)
 HUNG(NSArray*, accessibilityCustomActions, setAccessibilityCustomActions)
 

@@ -119,6 +119,7 @@ typedef NSString* NSAccessibilityRole;
 @property(getter=isAccessibilityHidden) BOOL accessibilityHidden;
 @property(copy) NSString* accessibilityLabel;
 @property(copy) NSString* accessibilityHelp;
+@property(strong) id accessibilityValue;
 @property(copy) NSString* accessibilityRole;
 @property(copy) NSArray* accessibilityCustomActions;
 - (BOOL)isAccessibilitySelectorAllowed:(SEL)selector;
