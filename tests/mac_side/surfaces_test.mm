@@ -96,6 +96,22 @@ TEST_F(SurfacesTest, aStatusItemTellsWhereItIsAndThatItWasPressed) {
     EXPECT_FALSE(item->isDrawn());
 }
 
+TEST_F(SurfacesTest, aStatusItemOffersItsActionsToAssistiveTechnology) {
+    const auto item = platform.statusItems.create(30);
+    int shown = 0;
+    {
+        const std::string longEnoughToBeAllocated(100, 'x');
+        item->setAccessibilityActions({{"Show Menu", [&shown, longEnoughToBeAllocated] {
+                                            shown += static_cast<int>(longEnoughToBeAllocated.size());
+                                        }}});
+    }
+    NSAccessibilityCustomAction* action = macos::buttonOf(*item).accessibilityCustomActions[0];
+    EXPECT_TRUE([action.name isEqual:@"Show Menu"]);
+    EXPECT_TRUE(action.handler());
+    EXPECT_TRUE(until([&] { return shown > 0; }));
+    EXPECT_EQ(shown, 100);
+}
+
 TEST_F(SurfacesTest, theMainMenuHasTheCommandsThatTextAsksFor) {
     NSMenu* edit = [NSApp.mainMenu itemWithTitle:@"Edit"].submenu;
     EXPECT_TRUE(sel_isEqual([edit itemWithTitle:@"Paste"].action, @selector(paste:)));

@@ -121,8 +121,9 @@ void MacStatusItem::setAccessibilityActions(std::vector<ViewAction> actions) {
     NSMutableArray<NSAccessibilityCustomAction*>* offered = [NSMutableArray array];
     for (auto& action : actions) {
         const auto deliver = gate_.deliver();
+        const auto perform = std::move(action.perform); // a block would keep only the reference to it
         BOOL (^handler)(void) = ^{
-            deliver(action.perform);
+            deliver(perform);
             return YES;
         };
         [offered addObject:[[NSAccessibilityCustomAction alloc] initWithName:localized(action.name)
