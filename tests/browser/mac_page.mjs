@@ -153,7 +153,11 @@ export class MacPage {
     async hidden() {
         await this.grantAccess();
         await until("the items are hidden", async () => (await this.itemNames()).length === 3);
+        // Escape reaches the hint only once Tavrin is the active application.
+        const hint = this.room.locator(".popover.key");
+        await hint.waitFor();
         await this.page.keyboard.press("Escape");
+        await hint.waitFor({ state: "detached" });
     }
 }
 
