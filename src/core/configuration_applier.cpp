@@ -53,13 +53,11 @@ Task<ApplyOutcome> ConfigurationApplier::perform(PressDuringDrag press) {
 
 Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilStopped(PressDuringDrag press) {
     uses_.failure.clear();
-    if (auto obstacle = uses_.mechanism.obstacleToPlacing()) {
-        uses_.failure.tell(std::move(*obstacle));
-        co_return ApplyOutcome::incomplete;
-    }
+    if (isObstructed()) co_return ApplyOutcome::incomplete;
     std::optional<ApplyingSign> sign(uses_.activity);
     co_await prepare();
     if (co_await isCancelled()) co_return std::nullopt;
+    if (isObstructed()) co_return ApplyOutcome::incomplete;
     Failures failures;
     // After a scan that was denied nothing is known of where items are; the collapse says so.
     const bool canPlace = uses_.mechanism.placesByPosition() && uses_.inventory.hasCompletedScan();
@@ -71,6 +69,15 @@ Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilStopped(Pres
     if (co_await isCancelled()) co_return std::nullopt;
     sign.reset();
     co_return co_await finish(std::move(failures));
+}
+
+/// Whether something has to move and nothing can; the user is told why. Asked before anything is changed, and
+/// of the fresh scan.
+bool ConfigurationApplier::isObstructed() {
+    if (!uses_.placer.hasWork()) return false;
+    auto obstacle = uses_.mechanism.obstacleToPlacing();
+    if (obstacle) uses_.failure.tell(*std::move(obstacle));
+    return obstacle.has_value();
 }
 
 Task<> ConfigurationApplier::prepare() {

@@ -70,6 +70,7 @@ class ConfigurationApplier {
     Task<ApplyOutcome> perform(PressDuringDrag press);
     /// None when it was cancelled or stopped.
     Task<std::optional<ApplyOutcome>> performUntilStopped(PressDuringDrag press);
+    bool isObstructed();
     Task<> prepare();
     Task<ApplyOutcome> finish(Failures failures);
 

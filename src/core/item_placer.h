@@ -37,6 +37,9 @@ class ItemPlacer {
     /// One line for the user: which item is being placed; empty while none is.
     const Published<std::string>& progress() const { return progress_; }
 
+    /// Whether the last scan has an item on the wrong side.
+    bool hasWork() const { return nextMove({}).has_value(); }
+
     /// Places all items, scanning as it goes; the failures that remain. None when a press of the user's has
     /// stopped it. A cancelled job ends early, and its result means nothing.
     Task<std::optional<std::vector<ConfigurationFailure>>> placeAll(PressDuringDrag press);

@@ -133,6 +133,26 @@ TEST(HiddenBar, refusesToMoveItemsWithASentence) {
     EXPECT_TRUE(isCollapsed(mac));
 }
 
+TEST(HiddenBar, hidesOnApplyWhereNothingHasToMove) {
+    auto mac = started(controlInMidBar({wifi}));
+    openConfigure(mac);
+    mac.press("Apply and Hide");
+    waitForApply(mac);
+    openConfigure(mac);
+    (void)mac.events();
+    mac.set("menuBarHidden", true);
+    mac.wait(1);
+    mac.press("Apply and Hide");
+    mac.wait(5);
+    EXPECT_FALSE(mac.shows(cannotApply));
+    EXPECT_GT(spacerLength(mac), 1000);
+    EXPECT_TRUE(mac.events()["events"].empty());
+    mac.set("menuBarHidden", false);
+    mac.wait(3);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_TRUE(mac.surfacesOf(tavrinBundle).empty());
+}
+
 TEST(HiddenBar, ofALockedOrSleepingMacTakesNoCommandOfThePersons) {
     auto mac = started(trustedMac("classic-display", withShortcut()));
     mac.set("screenLocked", true);

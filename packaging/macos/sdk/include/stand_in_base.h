@@ -64,6 +64,11 @@
 
 typedef int pid_t;
 typedef unsigned char Boolean;
+#ifdef __x86_64__
+typedef unsigned int boolean_t;
+#else
+typedef int boolean_t;
+#endif
 typedef unsigned char UInt8;
 typedef signed char SInt8;
 typedef unsigned short UInt16;

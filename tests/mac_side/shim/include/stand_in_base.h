@@ -17,6 +17,11 @@
 #undef CF_RETURNS_RETAINED
 #define CF_RETURNS_RETAINED __attribute__((cf_returns_retained))
 typedef unsigned char Boolean;
+#ifdef __x86_64__
+typedef unsigned int boolean_t;
+#else
+typedef int boolean_t;
+#endif
 typedef unsigned char UInt8;
 typedef unsigned short UInt16;
 typedef unsigned int UInt32;

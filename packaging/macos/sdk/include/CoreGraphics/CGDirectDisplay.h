@@ -1,7 +1,6 @@
 #pragma once
 
 #include <CoreGraphics/CGError.h>
-#include <mach/boolean.h>
 
 typedef uint32_t CGDirectDisplayID;
 
