@@ -2,7 +2,6 @@
 
 #include "driver/arguments.h"
 #include "driver/targets.h"
-#include "driver/world_state.h"
 #include "input/person.h"
 #include "mac/mac.h"
 #include "mac/screen_content.h"
@@ -18,7 +17,6 @@ struct DrivenMac {
     ScreenContent& content;
     Person& person;
     TargetFinder& targets;
-    WorldState& state;
 };
 
 /// One command of the protocol. It reads all its arguments, asks for their problem, and only then acts.

@@ -44,9 +44,7 @@ Driver::Driver(Mac& mac)
     , content_(mac.content())
     , person_(mac.person())
     , targets_(mac, mac.content())
-    , commands_(commandsByName()) {
-    state_.visibilityService = mac.desktop().visibilityService;
-}
+    , commands_(commandsByName()) {}
 
 json Driver::refusal(std::string sentence) const { return {{"ok", false}, {"error", onOneLine(sentence)}}; }
 
@@ -82,8 +80,7 @@ Outcome Driver::run(const json& given) {
     auto problem = obstacle(mac_.screens().unseen());
     if (problem && isOfPerson(arguments.name())) return std::unexpected(std::move(*problem));
     const auto found = commands_.find(arguments.name());
-    if (found != commands_.end())
-        return found->second.run({mac_, content_, person_, targets_, state_}, arguments);
+    if (found != commands_.end()) return found->second.run({mac_, content_, person_, targets_}, arguments);
     std::string names;
     for (const auto& [name, command] : commands_) names += (names.empty() ? "" : ", ") + std::string(name);
     return std::unexpected("There is no command of that name; there are " + names + ".");

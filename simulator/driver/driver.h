@@ -32,7 +32,6 @@ class Driver {
     ScreenContent& content_;
     Person& person_;
     TargetFinder targets_;
-    WorldState state_;
     std::map<std::string_view, Command> commands_;
 };
 

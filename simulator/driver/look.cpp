@@ -74,12 +74,12 @@ void putMenuTitles(json& look, Mac& mac, const ScreenContent& content) {
     if (anchor && anchor->title) look["openMenu"] = *anchor->title;
 }
 
-json worldShape(Mac& mac, const WorldState& state) {
+json worldShape(Mac& mac) {
     json model = json::object();
     for (const auto& setting : uncertaintySettings)
         model[std::string(setting.name)] = setting.valueIn(mac.uncertainties());
     return {{"trusted", mac.permission().isTrusted()},
-            {"visibilityService", visibilityServiceNames[std::size_t(state.visibilityService)]},
+            {"visibilityService", visibilityServiceNames[std::size_t(mac.visibility().answer)]},
             {"loginItem", loginItemAnswerNames[std::size_t(mac.loginItems().answer)]},
             {"reducedMotion", mac.reducesMotion()},
             {"menuBarHidden", mac.screens().unseen().isMenuBarHidden},
@@ -92,7 +92,7 @@ json worldShape(Mac& mac, const WorldState& state) {
 
 } // namespace
 
-json lookAt(Mac& mac, const ScreenContent& content, const WorldState& state) {
+json lookAt(Mac& mac, const ScreenContent& content) {
     json look{{"screens", json::array()}, {"menuBar", json::array()}, {"surfaces", json::array()}};
     for (const auto& screen : mac.screens().screens()) look["screens"].push_back(shapeOf(screen));
     look["pointer"] = shapeOf(content.pointer);
@@ -107,7 +107,7 @@ json lookAt(Mac& mac, const ScreenContent& content, const WorldState& state) {
     }
     const auto* front = mac.processes().frontmost();
     look["frontmost"] = front ? front->application.bundleIdentifier : "";
-    look["world"] = worldShape(mac, state);
+    look["world"] = worldShape(mac);
     return look;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "driver/world_state.h"
 #include "mac/mac.h"
 #include "mac/screen_content.h"
 
@@ -9,6 +8,6 @@
 namespace mac_model {
 
 /// Everything that a person could see: the reply to "look".
-nlohmann::json lookAt(Mac&, const ScreenContent&, const WorldState&);
+nlohmann::json lookAt(Mac&, const ScreenContent&);
 
 } // namespace mac_model

@@ -267,7 +267,7 @@ Change visibilityService(World world, const json& value, const std::string& poin
     const auto index =
         indexIn(visibilityServiceNames.data(), visibilityServiceNames.size(), value, pointer, faults);
     return [world, service = static_cast<VisibilityService>(index.value_or(0))] {
-        world.state.visibilityService = service;
+        world.mac.visibility().answer = service;
     };
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "driver/arguments.h"
-#include "driver/world_state.h"
 #include "mac/mac.h"
 
 #include <functional>
@@ -16,7 +15,6 @@ using Change = std::function<void()>;
 
 struct World {
     Mac& mac;
-    WorldState& state;
 };
 
 /// One key of the command "set".

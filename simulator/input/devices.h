@@ -1,7 +1,9 @@
 #pragma once
 
+#include "concurrency/signal.h"
 #include "input/event_log.h"
 #include "input/pointer.h"
+#include "platform/event_monitors.h"
 #include "platform/events.h"
 #include "vocabulary/vocabulary.h"
 
@@ -30,6 +32,7 @@ struct Devices {
     EventLog events{};
     Cursor cursor{pointer, events};
     EventCounts counts{};
+    Signal<tavrin::WatchedEvent> onWatched{}; // events for others than the program
 
     Devices() = default;
     Devices(const Devices&) = delete;

@@ -23,6 +23,8 @@ void Person::moveTo(Point point, PressedBy by) {
     const bool isDrag = devices_.pointer.buttons.contains(MouseButton::Left);
     devices_.counts.note(isDrag ? MouseEventType::LeftDragged : MouseEventType::Moved);
     devices_.pointer.at = point;
+    devices_.onWatched.emit(
+        {isDrag ? tavrin::WatchedEventType::LeftDragged : tavrin::WatchedEventType::Moved, point, {}});
     auto& hand = handOf(by);
     hand.viewDrag.pointerMoved();
     if (hand.viewDrag.isUnderway()) {

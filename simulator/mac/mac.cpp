@@ -41,6 +41,7 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
                   permissionAtFirst(desktop_))
     , loginItems_(*preferences_, programProcess_.info().bundleIdentifier, desktop_.loginItem)
+    , visibility_(scheduler, desktop_.visibilityService)
     , statusItems_(processes_, *preferences_, behaviour_)
     , arrangement_(scheduler, statusItems_, processes_, screens_, behaviour_)
     , itemDrag_(statusItems_, arrangement_, processes_, screens_, behaviour_)
@@ -110,6 +111,8 @@ MacServices Mac::services() {
             .input = input_,
             .keyboard = keyboard_,
             .hotKeys = hotKeys_,
+            .devices = content_,
+            .visibility = visibility_,
             .updater = updater_.get(),
             .text = *text_,
             .randomness = *randomness_};
@@ -131,7 +134,10 @@ void Mac::connectParts() {
     subscriptions_.push_back(permission_.onChanged.subscribe([this] {
         if (!permission_.isTrusted()) input_.permissionLost();
     }));
-    subscriptions_.push_back(programProcess_.onDisconnected.subscribe([this] { input_.senderEnded(); }));
+    subscriptions_.push_back(programProcess_.onDisconnected.subscribe([this] {
+        input_.senderEnded();
+        visibility_.invalidateAll();
+    }));
 }
 
 void Mac::followFrontProcess() {

@@ -29,6 +29,7 @@
 #include "seam/system/program_side.h"
 #include "system/behaviour.h"
 #include "system/bundles_on_disk.h"
+#include "system/visibility_lists.h"
 #include "vocabulary/vocabulary.h"
 
 #include <cstdint>
@@ -84,6 +85,8 @@ class Mac {
     Permission& permission() { return permission_; }
 
     LoginItems& loginItems() { return loginItems_; }
+
+    VisibilityLists& visibility() { return visibility_; }
 
     StatusItemTable& statusItems() { return statusItems_; }
 
@@ -144,6 +147,7 @@ class Mac {
     BundlesOnDisk bundles_;
     Permission permission_;
     LoginItems loginItems_;
+    VisibilityLists visibility_;
     StatusItemTable statusItems_;
     Arrangement arrangement_;
     ItemDrag itemDrag_;

@@ -10,10 +10,11 @@ namespace tavrin {
 namespace {
 
 Platform with(Application& application, const Platform& other) {
-    return {other.scheduler,    application,        other.accessibility, other.defaults,
-            other.events,       other.hotKeys,      other.keyboard,      other.loginItem,
-            other.presentation, other.randomness,   other.screens,       other.statusItems,
-            other.text,         other.windowServer, other.workspace,     other.updater};
+    return {other.scheduler,     application,        other.accessibility,     other.defaults,
+            other.eventMonitors, other.events,       other.hotKeys,           other.keyboard,
+            other.loginItem,     other.presentation, other.randomness,        other.screens,
+            other.statusItems,   other.text,         other.visibilityService, other.windowServer,
+            other.workspace,     other.updater};
 }
 
 } // namespace

@@ -5,6 +5,7 @@ namespace tavrin {
 class Accessibility;
 class Application;
 class Defaults;
+class EventMonitors;
 class Events;
 class HotKeys;
 class Keyboard;
@@ -16,6 +17,7 @@ class Screens;
 class StatusItems;
 class Text;
 class Updater;
+class VisibilityService;
 class WindowServer;
 class Workspace;
 
@@ -26,6 +28,7 @@ struct Platform {
     Application& application;
     Accessibility& accessibility;
     Defaults& defaults;
+    EventMonitors& eventMonitors;
     Events& events;
     HotKeys& hotKeys;
     Keyboard& keyboard;
@@ -35,6 +38,7 @@ struct Platform {
     Screens& screens;
     StatusItems& statusItems;
     Text& text;
+    VisibilityService& visibilityService;
     WindowServer& windowServer;
     Workspace& workspace;
     Updater* updater = nullptr; // none when no update framework is bundled

@@ -73,9 +73,9 @@ class ApplierTest : public MovingTest {
 
     void buildCore() {
         const auto& p = MovingTest::platform();
-        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, events, p.hotKeys,
-                              p.keyboard, p.loginItem, p.presentation, p.randomness, p.screens, p.statusItems,
-                              p.text, windowServer, p.workspace});
+        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, p.eventMonitors, events,
+                              p.hotKeys, p.keyboard, p.loginItem, p.presentation, p.randomness, p.screens,
+                              p.statusItems, p.text, p.visibilityService, windowServer, p.workspace});
         permission.emplace(scheduler, accessibility, p.application);
         core.emplace(*ours, *permission, [](StatusItem&) {});
         core->statusItems.configureStatusItems(OwnStatusItems::PositionSeed::IfAbsent);

@@ -19,9 +19,10 @@ class ItemInventoryTest : public mac_model::MacTest {
         accessibility.nodes[10'501].attributes["AXPosition"] = Point{700, 3};
         accessibility.nodes[10'501].attributes["AXSize"] = Size{28, 24};
         const auto& p = platform();
-        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, p.events, p.hotKeys,
-                              p.keyboard, p.loginItem, p.presentation, p.randomness, p.screens, p.statusItems,
-                              p.text, p.windowServer, p.workspace});
+        ours.emplace(Platform{p.scheduler, p.application, accessibility, p.defaults, p.eventMonitors,
+                              p.events, p.hotKeys, p.keyboard, p.loginItem, p.presentation, p.randomness,
+                              p.screens, p.statusItems, p.text, p.visibilityService, p.windowServer,
+                              p.workspace});
         permission.emplace(scheduler, accessibility, p.application);
         inventory.emplace(*ours, *permission, [this] { return boundaryX; });
         scans = inventory->onScanCompleted([this](const ScanResult& scan) { results.push_back(scan); });

@@ -3,14 +3,15 @@
 // These families stay the modelled Mac's: the scheduler, because its time is virtual; presentation, status
 // items and screens, because what they show is looked at on the modelled screen; the application and the
 // workspace, because the modelled program is another process than this one; text, because GNUstep folds and
-// compares otherwise; randomness, because the seed decides.
+// compares otherwise; randomness, because the seed decides; the visibility service, because its framework is
+// Apple's alone, and the monitors of events, because the person is the modelled one.
 #include "mac_side/shim/answering_mac.h"
 #include "platform/application.h"
+#include "platform/macos/input/events.h"
+#include "platform/macos/input/hot_keys.h"
+#include "platform/macos/input/keyboard.h"
 #include "platform/macos/system/accessibility.h"
 #include "platform/macos/system/defaults.h"
-#include "platform/macos/system/events.h"
-#include "platform/macos/system/hot_keys.h"
-#include "platform/macos/system/keyboard.h"
 #include "platform/macos/system/login_item.h"
 #include "platform/macos/system/window_server.h"
 #include "support/program_platform.h"
@@ -35,6 +36,7 @@ class MacSideOver {
                     .application = modelled.application,
                     .accessibility = accessibility_,
                     .defaults = defaults_,
+                    .eventMonitors = modelled.eventMonitors,
                     .events = events_,
                     .hotKeys = hotKeys_,
                     .keyboard = keyboard_,
@@ -44,6 +46,7 @@ class MacSideOver {
                     .screens = modelled.screens,
                     .statusItems = modelled.statusItems,
                     .text = modelled.text,
+                    .visibilityService = modelled.visibilityService,
                     .windowServer = windowServerFor(modelled),
                     .workspace = modelled.workspace,
                     .updater = modelled.updater} {}

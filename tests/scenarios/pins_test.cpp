@@ -149,10 +149,11 @@ TEST(Pins, runAfterOneThatAFaultHasEnded) {
     auto options = macWithPins({pin("P", {"Sync Now"})});
     options.program = [&](tavrin::Platform& real) {
         accessibility = std::make_unique<ThrowingOnce>(real.accessibility);
-        platform = std::make_unique<tavrin::Platform>(tavrin::Platform{
-            real.scheduler, real.application, *accessibility, real.defaults, real.events, real.hotKeys,
-            real.keyboard, real.loginItem, real.presentation, real.randomness, real.screens, real.statusItems,
-            real.text, real.windowServer, real.workspace, real.updater});
+        platform = std::make_unique<tavrin::Platform>(
+            tavrin::Platform{real.scheduler, real.application, *accessibility, real.defaults,
+                             real.eventMonitors, real.events, real.hotKeys, real.keyboard, real.loginItem,
+                             real.presentation, real.randomness, real.screens, real.statusItems, real.text,
+                             real.visibilityService, real.windowServer, real.workspace, real.updater});
         return tavrin::makeAppDelegate(*platform);
     };
     auto mac = started(options);

@@ -359,6 +359,7 @@ Platform with(Lie& lie, const Platform& real) {
             .application = pick(real.application),
             .accessibility = pick(real.accessibility),
             .defaults = pick(real.defaults),
+            .eventMonitors = pick(real.eventMonitors),
             .events = pick(real.events),
             .hotKeys = pick(real.hotKeys),
             .keyboard = pick(real.keyboard),
@@ -368,6 +369,7 @@ Platform with(Lie& lie, const Platform& real) {
             .screens = pick(real.screens),
             .statusItems = pick(real.statusItems),
             .text = pick(real.text),
+            .visibilityService = pick(real.visibilityService),
             .windowServer = pick(real.windowServer),
             .workspace = pick(real.workspace),
             .updater = real.updater};

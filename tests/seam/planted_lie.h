@@ -39,6 +39,8 @@ struct AnyFamily {
 
     operator tavrin::Defaults&() const { return real.defaults; }
 
+    operator tavrin::EventMonitors&() const { return real.eventMonitors; }
+
     operator tavrin::Events&() const { return real.events; }
 
     operator tavrin::HotKeys&() const { return real.hotKeys; }
@@ -54,6 +56,8 @@ struct AnyFamily {
     operator tavrin::StatusItems&() const { return real.statusItems; }
 
     operator tavrin::Text&() const { return real.text; }
+
+    operator tavrin::VisibilityService&() const { return real.visibilityService; }
 
     operator tavrin::WindowServer&() const { return real.windowServer; }
 

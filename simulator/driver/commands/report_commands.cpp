@@ -24,7 +24,7 @@ json shapeOf(const SyntheticEvent& event) {
 
 Outcome look(DrivenMac driven, Arguments& arguments) {
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
-    return lookAt(driven.mac, driven.content, driven.state);
+    return lookAt(driven.mac, driven.content);
 }
 
 Outcome events(DrivenMac driven, Arguments& arguments) {

@@ -18,7 +18,7 @@ std::string namesOfSettings() {
 
 /// All keys are checked before the first takes effect.
 Outcome set(DrivenMac driven, Arguments& arguments) {
-    const World world{driven.mac, driven.state};
+    const World world{driven.mac};
     auto& reader = arguments.reader();
     std::vector<Change> changes;
     for (const auto& setting : worldSettings())

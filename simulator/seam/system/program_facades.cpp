@@ -117,12 +117,14 @@ ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavri
     : application_(side, host)
     , accessibility_(side)
     , defaults_(side)
+    , eventMonitors_(side)
     , events_(side)
     , hotKeys_(side)
     , keyboard_(side)
     , loginItem_(side)
     , screens_(side)
     , statusItems_(side)
+    , visibilityService_(side)
     , windowServer_(side)
     , workspace_(side)
     , updater_(side.mac.updater ? std::make_unique<ProgramUpdater>(side) : nullptr)
@@ -130,6 +132,7 @@ ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavri
                 .application = application_,
                 .accessibility = accessibility_,
                 .defaults = defaults_,
+                .eventMonitors = eventMonitors_,
                 .events = events_,
                 .hotKeys = hotKeys_,
                 .keyboard = keyboard_,
@@ -139,6 +142,7 @@ ProgramFacades::ProgramFacades(const ProgramSide& side, ProgramHost& host, tavri
                 .screens = screens_,
                 .statusItems = statusItems_,
                 .text = side.mac.text,
+                .visibilityService = visibilityService_,
                 .windowServer = windowServer_,
                 .workspace = workspace_,
                 .updater = updater_.get()} {}

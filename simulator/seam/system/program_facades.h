@@ -7,10 +7,12 @@
 #include "platform/status_items.h"
 #include "platform/updates.h"
 #include "seam/system/program_defaults.h"
+#include "seam/system/program_event_monitors.h"
 #include "seam/system/program_events.h"
 #include "seam/system/program_keys.h"
 #include "seam/system/program_login_item.h"
 #include "seam/system/program_side.h"
+#include "seam/system/program_visibility_service.h"
 #include "seam/system/program_window_server.h"
 #include "seam/system/program_workspace.h"
 #include "vocabulary/vocabulary.h"
@@ -137,12 +139,14 @@ class ProgramFacades {
     ProgramApplication application_;
     ProgramAccessibility accessibility_;
     ProgramDefaults defaults_;
+    ProgramEventMonitors eventMonitors_;
     ProgramEvents events_;
     ProgramHotKeys hotKeys_;
     ProgramKeyboard keyboard_;
     ProgramLoginItem loginItem_;
     ProgramScreens screens_;
     ProgramStatusItems statusItems_;
+    ProgramVisibilityService visibilityService_;
     ProgramWindowServer windowServer_;
     ProgramWorkspace workspace_;
     std::unique_ptr<ProgramUpdater> updater_;

@@ -4,6 +4,7 @@
 #include "applications/access_prompt.h"
 #include "applications/program_panels.h"
 #include "applications/system_settings.h"
+#include "input/devices.h"
 #include "input/hot_key_center.h"
 #include "input/keyboard_model.h"
 #include "input/synthetic_input.h"
@@ -22,6 +23,7 @@
 #include "system/program_process.h"
 #include "system/screens_model.h"
 #include "system/updater_model.h"
+#include "system/visibility_lists.h"
 #include "vocabulary/vocabulary.h"
 
 #include <memory>
@@ -51,6 +53,8 @@ struct MacServices {
     SyntheticInput& input;
     KeyboardModel& keyboard;
     HotKeyCenter& hotKeys;
+    Devices& devices;
+    VisibilityLists& visibility;
     UpdaterModel* updater; // null when none is bundled
     tavrin::Text& text;
     tavrin::Randomness& randomness;

@@ -1,18 +1,20 @@
 #pragma once
 
+#include "platform/macos/input/event_monitors.h"
+#include "platform/macos/input/events.h"
+#include "platform/macos/input/hot_keys.h"
+#include "platform/macos/input/keyboard.h"
 #include "platform/macos/presentation/presentation.h"
 #include "platform/macos/presentation/status_items.h"
 #include "platform/macos/system/accessibility.h"
 #include "platform/macos/system/application.h"
 #include "platform/macos/system/defaults.h"
-#include "platform/macos/system/events.h"
-#include "platform/macos/system/hot_keys.h"
-#include "platform/macos/system/keyboard.h"
 #include "platform/macos/system/login_item.h"
 #include "platform/macos/system/randomness.h"
 #include "platform/macos/system/scheduler.h"
 #include "platform/macos/system/screens.h"
 #include "platform/macos/system/text.h"
+#include "platform/macos/system/visibility_service.h"
 #include "platform/macos/system/window_server.h"
 #include "platform/macos/system/workspace.h"
 #include "platform/platform.h"
@@ -34,6 +36,7 @@ class MacPlatform {
     MacApplication application_{scheduler_};
     MacAccessibility accessibility_{scheduler_};
     MacDefaults defaults_;
+    MacEventMonitors eventMonitors_{scheduler_};
     MacEvents events_;
     MacHotKeys hotKeys_{scheduler_};
     MacKeyboard keyboard_{scheduler_};
@@ -43,6 +46,7 @@ class MacPlatform {
     MacScreens screens_{scheduler_};
     MacStatusItems statusItems_{scheduler_};
     MacText text_;
+    MacVisibilityService visibilityService_;
     MacWindowServer windowServer_;
     MacWorkspace workspace_{scheduler_};
 };

@@ -15,6 +15,7 @@ Platform MacPlatform::platform() {
             .application = application_,
             .accessibility = accessibility_,
             .defaults = defaults_,
+            .eventMonitors = eventMonitors_,
             .events = events_,
             .hotKeys = hotKeys_,
             .keyboard = keyboard_,
@@ -24,6 +25,7 @@ Platform MacPlatform::platform() {
             .screens = screens_,
             .statusItems = statusItems_,
             .text = text_,
+            .visibilityService = visibilityService_,
             .windowServer = windowServer_,
             .workspace = workspace_,
             .updater = nullptr};

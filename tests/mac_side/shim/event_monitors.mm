@@ -71,6 +71,22 @@ tavrin::Subscription modelledKeysFor(NSEvent* (^handler)(NSEvent*)) {
 
 @implementation NSEvent (TavrinShim)
 
+- (BOOL)hasPreciseScrollingDeltas {
+    return NO;
+}
+
+- (CGFloat)scrollingDeltaX {
+    return self.deltaX;
+}
+
+- (CGFloat)scrollingDeltaY {
+    return self.deltaY;
+}
+
+- (BOOL)isDirectionInvertedFromDevice {
+    return NO;
+}
+
 + (id)addLocalMonitorForEventsMatchingMask:(unsigned long long)mask handler:(NSEvent* (^)(NSEvent*))handler {
     TavrinEventMonitor* monitor = [[TavrinEventMonitor alloc] init];
     monitor.mask = mask;

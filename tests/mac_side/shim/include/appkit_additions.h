@@ -18,6 +18,11 @@
 #define NSEventMaskRightMouseUp NSRightMouseUpMask
 #define NSEventMaskKeyDown NSKeyDownMask
 #define NSEventTypeKeyDown NSKeyDown
+#define NSEventTypeLeftMouseDown NSLeftMouseDown
+#define NSEventTypeRightMouseDown NSRightMouseDown
+#define NSEventTypeMouseMoved NSMouseMoved
+#define NSEventTypeLeftMouseDragged NSLeftMouseDragged
+#define NSEventTypeScrollWheel NSScrollWheel
 #define NSEventTypeLeftMouseUp NSLeftMouseUp
 #define NSEventTypeRightMouseUp NSRightMouseUp
 #define NSBitmapImageFileTypePNG NSPNGFileType
@@ -105,6 +110,10 @@ typedef struct {
 
 enum { NSImageResizingModeStretch = 1 };
 @interface NSEvent (TavrinShim)
+@property(readonly) BOOL hasPreciseScrollingDeltas;
+@property(readonly) CGFloat scrollingDeltaX;
+@property(readonly) CGFloat scrollingDeltaY;
+@property(getter=isDirectionInvertedFromDevice, readonly) BOOL directionInvertedFromDevice;
 + (id)addLocalMonitorForEventsMatchingMask:(unsigned long long)mask handler:(NSEvent* (^)(NSEvent*))handler;
 + (id)addGlobalMonitorForEventsMatchingMask:(unsigned long long)mask handler:(void (^)(NSEvent*))handler;
 + (void)removeMonitor:(id)monitor;

@@ -8,7 +8,10 @@ typedef NS_ENUM(NSUInteger, NSEventType) {
     NSEventTypeLeftMouseUp = 2,
     NSEventTypeRightMouseDown = 3,
     NSEventTypeRightMouseUp = 4,
+    NSEventTypeMouseMoved = 5,
+    NSEventTypeLeftMouseDragged = 6,
     NSEventTypeKeyDown = 10,
+    NSEventTypeScrollWheel = 22,
 };
 
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
@@ -26,6 +29,16 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
     NSEventModifierFlagCommand = 1 << 20,
 };
 
+typedef NS_OPTIONS(NSUInteger, NSEventPhase) {
+    NSEventPhaseNone = 0,
+    NSEventPhaseBegan = 1,
+    NSEventPhaseStationary = 2,
+    NSEventPhaseChanged = 4,
+    NSEventPhaseEnded = 8,
+    NSEventPhaseCancelled = 16,
+    NSEventPhaseMayBegin = 32,
+};
+
 @interface NSEvent : NSObject <NSCopying, NSCoding>
 @property (readonly) NSEventType type;
 @property (readonly) NSTimeInterval timestamp;
@@ -33,6 +46,13 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
 @property (readonly) NSPoint locationInWindow;
 @property (readonly) unsigned short keyCode;
 @property (getter=isARepeat, readonly) BOOL ARepeat;
+@property (class, readonly) NSPoint mouseLocation;
+@property (readonly) BOOL hasPreciseScrollingDeltas;
+@property (readonly) CGFloat scrollingDeltaX;
+@property (readonly) CGFloat scrollingDeltaY;
+@property (readonly) NSEventPhase phase;
+@property (readonly) NSEventPhase momentumPhase;
+@property (getter=isDirectionInvertedFromDevice, readonly) BOOL directionInvertedFromDevice;
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent *event))handler;
 + (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(NSEvent * (^)(NSEvent *event))handler;
 + (void)removeMonitor:(id)monitor;

@@ -1,4 +1,4 @@
-#include "platform/macos/system/events.h"
+#include "platform/macos/input/events.h"
 
 #include "platform/macos/support/cf_reference.h"
 #include "platform/macos/support/conversions.h"

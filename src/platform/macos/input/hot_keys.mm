@@ -1,4 +1,4 @@
-#include "platform/macos/system/hot_keys.h"
+#include "platform/macos/input/hot_keys.h"
 
 #include "platform/macos/support/apple.h"
 #include "platform/macos/support/cf_reference.h"

@@ -1,4 +1,4 @@
-#include "platform/macos/system/keyboard.h"
+#include "platform/macos/input/keyboard.h"
 
 #include "base/unicode.h"
 #include "platform/macos/support/apple.h"
