@@ -45,7 +45,7 @@ std::optional<Branch::Keys> ApplicationBranch::children(const ElementKey& key) c
 }
 
 std::optional<Rect> ApplicationBranch::frame(const ElementKey& key) const {
-    const auto* screen = screens_.primary();
+    const auto* screen = screens_.active();
     if (!screen || key.kind == Kind::Application) return std::nullopt;
     if (key.kind == Kind::Title) return menuTitles(process(key).application, *screen)[key.owner].frame;
     return Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};

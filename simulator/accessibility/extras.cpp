@@ -55,7 +55,7 @@ Branch::Keys ExtrasBranch::menuOf(const ElementKey& key) const {
 }
 
 std::optional<Rect> ExtrasBranch::frame(const ElementKey& key) const {
-    const auto* screen = screens_.primary();
+    const auto* screen = screens_.active();
     if (!screen) return std::nullopt;
     if (key.kind == Kind::ExtrasBar)
         return Rect{screen->frame.x, screen->frame.y, screen->frame.width, screen->menuBarHeight};

@@ -22,7 +22,7 @@ struct PressTargets {
     ItemDrag& itemDrag;
     StatusItemSurfaces& itemSurfaces;
     ProcessTable& processes;
-    const ScreensModel& screens;
+    ScreensModel& screens;
 };
 
 } // namespace mac_model

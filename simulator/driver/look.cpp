@@ -82,6 +82,7 @@ json worldShape(Mac& mac) {
             {"visibilityService", visibilityServiceNames[std::size_t(mac.visibility().answer)]},
             {"loginItem", loginItemAnswerNames[std::size_t(mac.loginItems().answer)]},
             {"reducedMotion", mac.reducesMotion()},
+            {"activeDisplay", mac.screens().activeIndex()},
             {"menuBarHidden", mac.screens().unseen().isMenuBarHidden},
             {"screenLocked", mac.screens().unseen().isScreenLocked},
             {"displayAsleep", mac.screens().unseen().isDisplayAsleep},

@@ -246,6 +246,13 @@ Change fault(World world, const json& value, const std::string& pointer, FirstFa
     };
 }
 
+Change activeDisplay(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const auto count = world.mac.screens().screens().size();
+    const bool isIndex = value.is_number_integer() && value >= 0 && value < count;
+    if (!isIndex) faults.note(pointer, "must be the place of a display among the screens, from 0");
+    return [world, index = isIndex ? value.get<std::size_t>() : 0] { world.mac.screens().setActive(index); };
+}
+
 template <bool Unseen::* Kind>
 Change unseen(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     return [world, isOn = flagOf(value, pointer, faults)] {
@@ -332,6 +339,7 @@ constexpr std::array settings{
     WorldSetting{"preferences", preferences},
     WorldSetting{"trusted", trusted},
     WorldSetting{"screens", screens},
+    WorldSetting{"activeDisplay", activeDisplay},
     WorldSetting{"menuBarHidden", unseen<&Unseen::isMenuBarHidden>},
     WorldSetting{"screenLocked", unseen<&Unseen::isScreenLocked>},
     WorldSetting{"displayAsleep", unseen<&Unseen::isDisplayAsleep>},

@@ -48,11 +48,19 @@ void Person::press(MouseButton button, const std::vector<Modifier>& modifiers, P
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftDown);
     if (joinsPostedPress(button, by)) return;
     letGoOfAll(by);
+    makeDisplayActive();
     if (button == MouseButton::Left) handOf(by).holdsLeftButton = true;
     if (reach_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = reach_.surfaces.dismissForPressAt(at());
     if (auto* surface = reach_.surfaces.at(at())) return pressSurface(handOf(by), *surface, button);
     handOf(by).held = pressMenuBarOrDesktop(button, modifiers, closed);
+}
+
+void Person::makeDisplayActive() {
+    const auto& screens = reach_.screens.screens();
+    const auto found = std::ranges::find_if(
+        screens, [this](const ScreenSpec& screen) { return screen.frame.contains(at()); });
+    if (found != screens.end()) reach_.screens.setActive(static_cast<std::size_t>(found - screens.begin()));
 }
 
 void Person::letGoOfAll(PressedBy by) {
@@ -161,7 +169,7 @@ Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<M
                                const std::vector<StatusItemIdentifier>& closed) {
     // With Command the press belongs to macOS, which lets the person move the item.
     if (has(modifiers, Modifier::Command))
-        return HeldPlace{item.identifier, at(), onPrimary(at()).x - item.frame->x};
+        return HeldPlace{item.identifier, at(), reach_.screens.onPrimaryBar(at()).x - item.frame->x};
     if (reach_.surfaces.alertOf(item.owner)) return {};
     if (item.origin == ItemOrigin::Program)
         return HeldItem{item.identifier, has(modifiers, Modifier::Control)};
@@ -178,14 +186,6 @@ bool Person::isOnMenuBar(Point point) const {
     });
 }
 
-/// The same place of the menu bar on the primary screen: as far from the right edge.
-Point Person::onPrimary(Point point) const {
-    const auto& screens = reach_.screens.screens();
-    const auto screen = screenFor(screens, point);
-    const auto* primary = reach_.screens.primary();
-    return {(primary ? primary->frame.maxX() : 0) - (screen.frame.maxX() - point.x), point.y};
-}
-
 void Person::carry(Hand& hand, HeldPlace& place) {
     constexpr double threshold = 4; // points
     const bool hasMoved = std::hypot(at().x - place.pressedAt.x, at().y - place.pressedAt.y) > threshold;
@@ -194,7 +194,7 @@ void Person::carry(Hand& hand, HeldPlace& place) {
         if (!place.isCarried) hand.held = {};
     }
     if (std::holds_alternative<HeldPlace>(hand.held) && isCarrying(place))
-        reach_.itemDrag.carryTo(onPrimary(at()).x - place.offset);
+        reach_.itemDrag.carryTo(reach_.screens.onPrimaryBar(at()).x - place.offset);
 }
 
 /// The item's owner may have ended, and macOS puts the item down when the displays change.

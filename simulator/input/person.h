@@ -38,6 +38,7 @@ class Person {
     void press(MouseButton, const std::vector<Modifier>&, PressedBy = PressedBy::Person);
     void release(MouseButton, PressedBy = PressedBy::Person);
     /// Forgets what is held, as if it had not been pressed; the buttons stay as they are.
+    void makeDisplayActive();
     void letGoOfAll(PressedBy);
     /// The left button is up, whoever has pressed it.
     void liftLeftButton();
@@ -115,7 +116,6 @@ class Person {
     void letGo(const HeldPlace&);
     void carry(Hand&, HeldPlace&);
     bool isCarrying(const HeldPlace&) const;
-    Point onPrimary(Point) const;
     bool isOnMenuBar(Point) const;
 
     Point at() const { return devices_.pointer.at; }

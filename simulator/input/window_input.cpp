@@ -38,8 +38,8 @@ void WindowInput::press(const StatusItemRecord& item, const MouseEvent& event) {
         press_ && !isOver && press_->item == item.identifier && number != 0 && press_->number == number;
     if (isCopy) return; // which came by another way
     if (isCarrying()) reach_.itemDrag.putDown(PutDown::WhereItWas);
-    press_ = Press{item.identifier, numbers_.usable(event), event.location, event.location.x - item.frame->x,
-                   hasCommand(event)};
+    press_ = Press{item.identifier, numbers_.usable(event), event.location,
+                   reach_.screens.onPrimaryBar(event.location).x - item.frame->x, hasCommand(event)};
     if (!press_->isCommand && item.origin == ItemOrigin::DesktopFile)
         reach_.itemSurfaces.toggle(item.identifier);
 }
@@ -60,7 +60,7 @@ void WindowInput::drag(const MouseEvent& event) {
         press.isCarried = reach_.itemDrag.pickUp(press.item);
         if (!press.isCarried) return press_.reset();
     }
-    if (isCarrying()) reach_.itemDrag.carryTo(event.location.x - press.offset);
+    if (isCarrying()) reach_.itemDrag.carryTo(reach_.screens.onPrimaryBar(event.location).x - press.offset);
 }
 
 void WindowInput::release(const MouseEvent& event) {
@@ -70,7 +70,8 @@ void WindowInput::release(const MouseEvent& event) {
     if (!press.isCommand && isContinued) reach_.items.press(press.item, MouseButton::Left);
     if (!wasCarrying) return;
     const auto* primary = reach_.screens.primary();
-    const bool isOnBar = primary && event.location.y >= 0 && event.location.y < primary->menuBarHeight;
+    const double y = reach_.screens.onPrimaryBar(event.location).y;
+    const bool isOnBar = primary && y >= 0 && y < primary->menuBarHeight;
     reach_.itemDrag.putDown(isOnBar && isContinued ? PutDown::There : PutDown::WhereItWas);
 }
 

@@ -62,7 +62,7 @@ std::optional<Rect> Arrangement::frameOn(const ScreenSpec& screen, const StatusI
 }
 
 Rect Arrangement::accessibilityFrame(const StatusItemRecord& record) const {
-    auto frame = record.frame.value_or(Rect{});
+    auto frame = screens_.onActiveBar(record.frame.value_or(Rect{}));
     const bool isClamped = behaviour_.uncertainties.offscreenFrames == OffscreenFrames::Clamped;
     if (isClamped && record.why == HiddenReason::Offscreen) frame.x = -1;
     return frame;

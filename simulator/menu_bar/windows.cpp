@@ -41,7 +41,7 @@ std::vector<MenuBarWindow> MenuBarWindows::all() const {
     for (const auto* item : items_.items()) {
         if (!item->frame) continue;
         const auto report = reportOf(*item);
-        auto frame = *item->frame;
+        auto frame = screens_.onActiveBar(*item->frame);
         if (report == WindowReport::Displaced) frame.x += displacement;
         windows.push_back({numberOf(*item), frame});
         if (report == WindowReport::Doubled) windows.push_back({numberOf(*item) + 1, frame});

@@ -1,5 +1,7 @@
 #include "system/screens_model.h"
 
+#include <algorithm>
+
 namespace mac_model {
 
 namespace {
@@ -19,6 +21,22 @@ void ScreensModel::set(std::vector<ScreenSpec> screens) {
     world_.after(vanishingTime, [this, change, screens = std::move(screens)] {
         if (change == changes_) show(screens);
     });
+}
+
+/// Items keep their distance from the right edge.
+Rect ScreensModel::onActiveBar(Rect onPrimary) const {
+    if (activeIndex() == 0) return onPrimary;
+    const auto& to = active()->frame;
+    const double x = onPrimary.x + to.maxX() - primary()->frame.maxX();
+    return {x, to.y, onPrimary.width, active()->menuBarHeight};
+}
+
+Point ScreensModel::onPrimaryBar(Point point) const {
+    const auto holds = [&](const ScreenSpec& screen) { return screen.frame.contains(point); };
+    const auto found = std::ranges::find_if(screens_, holds);
+    if (found == screens_.end()) return point;
+    const auto& frame = found->frame;
+    return {point.x + primary()->frame.maxX() - frame.maxX(), point.y + primary()->frame.y - frame.y};
 }
 
 void ScreensModel::setUnseen(Unseen unseen) {

@@ -7,6 +7,7 @@
 #include "system/world_calls.h"
 #include "vocabulary/vocabulary.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -30,6 +31,21 @@ class ScreensModel {
     const std::vector<ScreenSpec>& screens() const { return screens_; }
 
     const ScreenSpec* primary() const { return screens_.empty() ? nullptr : &screens_.front(); }
+
+    /// The display where the person pressed last. Accessibility and the window server tell of its menu bar;
+    /// the windows of a program's own items stay where they were. Null without displays.
+    const ScreenSpec* active() const { return active_ < screens_.size() ? &screens_[active_] : primary(); }
+
+    /// By its place among `screens`. Nobody is told, as macOS tells nobody.
+    void setActive(std::size_t index) { active_ = index; }
+
+    std::size_t activeIndex() const { return active_ < screens_.size() ? active_ : 0; }
+
+    /// Where the frame, on the primary's menu bar, is on the active display's.
+    Rect onActiveBar(Rect onPrimary) const;
+
+    /// The place on the primary's menu bar that the point on any of them stands for.
+    Point onPrimaryBar(Point) const;
 
     /// Attaches, removes and rearranges displays. Under `screensVanishBriefly` the list is empty for 0.2 s
     /// first.
@@ -58,6 +74,7 @@ class ScreensModel {
 
     WorldCalls world_;
     std::vector<ScreenSpec> screens_;
+    std::size_t active_ = 0;
     Unseen unseen_;
     const Faults& faults_;
     std::uint64_t changes_ = 0;

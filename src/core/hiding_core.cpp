@@ -14,7 +14,7 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
     , settings(platform.defaults)
     , hiddenItems(settings, platform.application.bundleIdentifier())
     , statusItems(platform, settings, mode, std::move(dressControl))
-    , inventory(platform, permission, [this] { return statusItems.boundaryX(); })
+    , inventory(platform, permission, [this] { return statusItems.boundary(); })
     , mechanism(makeHidingMechanism(mode, platform, statusItems, inventory, hiddenItems, failure))
     , hiding(platform.scheduler, settings, activity_, *mechanism, failure)
     , movement(platform)

@@ -2,6 +2,7 @@
 
 #include "base/ascii.h"
 #include "concurrency/waits.h"
+#include "discovery/active_menu_bar.h"
 #include "discovery/menu_bar_item_scan_policy.h"
 
 #include <algorithm>
@@ -129,7 +130,7 @@ Task<bool> ItemPlacer::waitForMoveVerification(MenuBarItemSnapshot item, MenuBar
         if (co_await sleepFor(verificationInterval) == Wake::CutShort) co_return false;
         const auto frame = co_await movement_.reader().currentFrame(item);
         if (!frame) co_return false;
-        if (MenuBarItemScanPolicy::zone(*frame, ownItems_.boundaryX()) == targetZone) co_return true;
+        if (MenuBarItemScanPolicy::zone(*frame, boundaryX()) == targetZone) co_return true;
     }
     co_return false;
 }
@@ -162,16 +163,26 @@ std::optional<MenuBarMoveGeometry> ItemPlacer::currentMoveGeometry() const {
     if (!control || !glyph || !control->isFinite() || control->width <= 0 || control->height <= 0)
         return std::nullopt;
     const auto screens = screens_.screens();
+    const ActiveMenuBar bar(itemFrames(), *control, screens);
     std::vector<Rect> visible;
     for (const auto& item : inventory_.items().get()) {
         if (item.snapshot.zone == MenuBarZone::visible) visible.push_back(item.snapshot.frame);
     }
-    return MenuBarMoveGeometry{.controlFrame = *control,
+    const auto spacer = ownItems_.spacerFrame();
+    return MenuBarMoveGeometry{.controlFrame = bar.placeOf(*control),
                                .glyphWidth = glyph->width,
                                .visibleNeighborAccessibilityFrame =
-                                   MenuBarMove::visibleNeighbor(visible, *glyph, screens),
+                                   MenuBarMove::visibleNeighbor(visible, bar.placeOf(*glyph), screens),
                                .screens = screens,
-                               .spacerFrame = ownItems_.spacerFrame()};
+                               .spacerFrame = spacer ? std::optional(bar.placeOf(*spacer)) : std::nullopt};
+}
+
+double ItemPlacer::boundaryX() const { return ownItems_.boundary().xAmong(itemFrames()); }
+
+std::vector<Rect> ItemPlacer::itemFrames() const {
+    std::vector<Rect> frames;
+    for (const auto& item : inventory_.items().get()) frames.push_back(item.snapshot.frame);
+    return frames;
 }
 
 } // namespace tavrin

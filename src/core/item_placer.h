@@ -84,6 +84,8 @@ class ItemPlacer {
     /// The item in the last scan, also when its application has started anew since.
     const MenuBarItemSnapshot* detected(const MenuBarItemIdentity& identity) const;
     std::optional<MenuBarMoveGeometry> currentMoveGeometry() const;
+    double boundaryX() const;
+    std::vector<Rect> itemFrames() const;
 
     const Screens& screens_;
     const OwnStatusItems& ownItems_;

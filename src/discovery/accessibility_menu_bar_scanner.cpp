@@ -44,8 +44,8 @@ AccessibilityMenuBarScanner::AccessibilityMenuBarScanner(Scheduler& scheduler, A
     , text_(text) {}
 
 std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
-AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> applications, double boundaryX,
-                                  const AbandonFlag& abandoned) const {
+AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> applications,
+                                  const HidingBoundary& boundary, const AbandonFlag& abandoned) const {
     std::vector<MenuBarItemSnapshot> items;
     std::optional<ReadFailure> failure;
     std::optional<ProcessIdentifier> lastThatAnswered;
@@ -53,7 +53,7 @@ AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> ap
         const auto records = menuBarItemRecords(application, abandoned);
         if (records) {
             lastThatAnswered = application.processIdentifier;
-            std::ranges::move(snapshots(application, *records, boundaryX), std::back_inserter(items));
+            std::ranges::move(snapshots(application, *records), std::back_inserter(items));
         } else {
             failure = records.error();
         }
@@ -62,6 +62,7 @@ AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> ap
     // An access that was revoked in mid-scan fails from then on with everybody, at once or by time-outs,
     // while the trust flag may still tell of trust.
     if (failure && !(lastThatAnswered && answers(*lastThatAnswered))) return std::unexpected(*failure);
+    MenuBarItemScanPolicy::setZones(items, boundary);
     MenuBarItemScanPolicy::sort(items, text_);
     return items;
 }
@@ -124,7 +125,7 @@ void AccessibilityMenuBarScanner::identifyByPosition(std::vector<ItemCandidate>&
 
 std::vector<MenuBarItemSnapshot>
 AccessibilityMenuBarScanner::snapshots(const RunningApplicationSnapshot& application,
-                                       const std::vector<ItemRecord>& records, double boundaryX) const {
+                                       const std::vector<ItemRecord>& records) const {
     std::vector<std::optional<std::string>> canonical;
     for (const auto& record : records) canonical.push_back(record.canonicalIdentifier);
     const auto identifiers =
@@ -143,7 +144,6 @@ AccessibilityMenuBarScanner::snapshots(const RunningApplicationSnapshot& applica
                          .accessibilityIdentifier = canonical[i],
                          .statusItemIndex = static_cast<int>(i),
                          .frame = metadata.frame,
-                         .zone = MenuBarItemScanPolicy::zone(metadata.frame, boundaryX),
                          .isMovable = MenuBarItemScanPolicy::isMovable(canonical[i])});
     }
     return items;

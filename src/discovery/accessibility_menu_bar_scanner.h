@@ -2,6 +2,7 @@
 
 #include "accessibility/application_reader.h"
 #include "concurrency/waits.h"
+#include "discovery/hiding_boundary.h"
 #include "discovery/menu_bar_item.h"
 
 #include <expected>
@@ -48,10 +49,10 @@ class AccessibilityMenuBarScanner {
                                 const Workspace& workspace, const Text& text);
 
     /// The items of just these applications, in the order of MenuBarItemScanPolicy::sort. What lies left of
-    /// `boundaryX` is hidden. The error is that macOS refuses the messages, so that nothing is known, or that
-    /// `abandoned` was raised. One application that fails while others answer is no such error.
+    /// the boundary is hidden. The error is that macOS refuses the messages, so that nothing is known, or
+    /// that `abandoned` was raised. One application that fails while others answer is no such error.
     std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
-    scan(std::span<const RunningApplicationSnapshot> applications, double boundaryX,
+    scan(std::span<const RunningApplicationSnapshot> applications, const HidingBoundary& boundary,
          const AbandonFlag& abandoned = {}) const;
 
     /// Counts the items of the applications that are not Apple's, all at once, in the order of the
@@ -83,8 +84,7 @@ class AccessibilityMenuBarScanner {
     ItemCandidate candidate(MenuBarElement element, std::string_view bundleIdentifier) const;
     void identifyByPosition(std::vector<ItemCandidate>& candidates) const;
     std::vector<MenuBarItemSnapshot> snapshots(const RunningApplicationSnapshot& application,
-                                               const std::vector<ItemRecord>& records,
-                                               double boundaryX) const;
+                                               const std::vector<ItemRecord>& records) const;
     std::optional<ExtrasMenuBarPresence> presence(const RunningApplicationSnapshot& application,
                                                   Seconds timeout) const;
 

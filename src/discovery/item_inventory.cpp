@@ -23,10 +23,10 @@ MenuBarItemIcon iconOf(const MenuBarItemSnapshot& item) {
 } // namespace
 
 ItemInventory::ItemInventory(const Platform& platform, AccessibilityPermission& permission,
-                             std::function<double()> boundaryX)
+                             std::function<HidingBoundary()> boundary)
     : platform_(platform)
     , permission_(permission)
-    , boundaryX_(std::move(boundaryX))
+    , boundary_(std::move(boundary))
     , scanner_(platform.scheduler, platform.accessibility, platform.defaults, platform.workspace,
                platform.text)
     , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
@@ -60,8 +60,8 @@ Task<> ItemInventory::scanUntilCurrent() {
 Task<> ItemInventory::scanOnce() {
     if (isDenied()) co_return tellOfDenial();
     auto found = co_await runOn(*queue_, [&scanner = scanner_, applications = applicationsToScan(),
-                                          boundaryX = boundaryX_()](const AbandonFlag& abandoned) {
-        return scanner.scan(applications, boundaryX, abandoned);
+                                          boundary = boundary_()](const AbandonFlag& abandoned) {
+        return scanner.scan(applications, boundary, abandoned);
     });
     if (!found) co_return;
     // A reading during which the trust was lost may have missed items.

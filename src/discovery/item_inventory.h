@@ -18,10 +18,9 @@ namespace tavrin {
 /// void once Accessibility trust is lost.
 class ItemInventory {
   public:
-    /// `boundaryX` gives the x left of which an item counts as hidden, in screen coordinates; it is asked as
-    /// each scan begins.
+    /// `boundary` tells which items count as hidden; it is asked as each scan begins.
     ItemInventory(const Platform& platform, AccessibilityPermission& permission,
-                  std::function<double()> boundaryX);
+                  std::function<HidingBoundary()> boundary);
     ItemInventory(const ItemInventory&) = delete;
     ItemInventory& operator=(const ItemInventory&) = delete;
 
@@ -53,7 +52,7 @@ class ItemInventory {
 
     const Platform& platform_;
     AccessibilityPermission& permission_;
-    std::function<double()> boundaryX_;
+    std::function<HidingBoundary()> boundary_;
     AccessibilityMenuBarScanner scanner_;
     Published<std::vector<MenuBarItem>> items_;
     Published<bool> isScanning_{false};

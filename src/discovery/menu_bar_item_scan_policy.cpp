@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <compare>
+#include <iterator>
 #include <ranges>
 #include <set>
 #include <utility>
@@ -187,6 +188,13 @@ std::string itemName(std::string_view applicationName, const std::optional<std::
 
 MenuBarZone zone(const Rect& frame, double boundaryX) {
     return frame.midX() < boundaryX ? MenuBarZone::hidden : MenuBarZone::visible;
+}
+
+void setZones(std::span<MenuBarItemSnapshot> items, const HidingBoundary& boundary) {
+    std::vector<Rect> frames;
+    std::ranges::transform(items, std::back_inserter(frames), &MenuBarItemSnapshot::frame);
+    const double boundaryX = boundary.xAmong(frames);
+    for (auto& item : items) item.zone = zone(item.frame, boundaryX);
 }
 
 bool isMovable(const std::optional<std::string>& canonicalIdentifier) {

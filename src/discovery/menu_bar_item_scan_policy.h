@@ -1,5 +1,6 @@
 #pragma once
 
+#include "discovery/hiding_boundary.h"
 #include "discovery/menu_bar_item.h"
 
 #include <optional>
@@ -51,6 +52,9 @@ std::string itemName(std::string_view applicationName, const std::optional<std::
 
 /// Hidden when the middle of the frame lies left of `boundaryX`.
 MenuBarZone zone(const Rect& frame, double boundaryX);
+
+/// The zones of all items that one scan has found.
+void setZones(std::span<MenuBarItemSnapshot> items, const HidingBoundary& boundary);
 
 bool isMovable(const std::optional<std::string>& canonicalIdentifier);
 

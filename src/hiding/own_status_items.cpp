@@ -167,6 +167,11 @@ bool OwnStatusItems::isSpacerLeftOfControl() const {
     return spacer && control && StatusItemGeometryPolicy::isLeftOf(*spacer, *control);
 }
 
+HidingBoundary OwnStatusItems::boundary() const {
+    const auto control = controlFrame();
+    return control ? HidingBoundary(boundaryX(), *control, platform_.screens.screens()) : boundaryX();
+}
+
 double OwnStatusItems::boundaryX() const {
     if (const auto spacer = spacerFrame()) return spacer->maxX();
     if (const auto control = controlFrame()) return control->minX();

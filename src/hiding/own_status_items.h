@@ -2,6 +2,7 @@
 
 #include "concurrency/signal.h"
 #include "concurrency/task.h"
+#include "discovery/hiding_boundary.h"
 #include "hiding/menu_bar_runtime_mode.h"
 #include "hiding/menu_bar_sight.h"
 #include "platform/platform.h"
@@ -91,8 +92,8 @@ class OwnStatusItems {
     /// Whether the spacer ends where the control begins, or before; a point of overlap is allowed.
     bool isSpacerLeftOfControl() const;
 
-    /// Items left of this x are hidden: the spacer ends there.
-    double boundaryX() const;
+    /// Items left of it are hidden: the spacer ends there.
+    HidingBoundary boundary() const;
 
   private:
     static constexpr Seconds placementWaitMax{6}; // macOS 26 was seen to need about one
@@ -102,6 +103,7 @@ class OwnStatusItems {
     void forgetHidingFlags();
     void removePositions(const std::string& autosaveName);
     void decorate();
+    double boundaryX() const;
 
     const Platform& platform_;
     Settings& settings_;

@@ -21,4 +21,8 @@ export const uncertainties = [
         answers: [["declined", "it is declined"], ["granted", "granted at once"], ["late", "granted 0.5 s later"]] },
     { name: "placement", question: "When does macOS 26 give a new item its place?",
         answers: [["slow", "after 1.2 s"], ["prompt", "at once"], ["verySlow", "after 4 s"]] },
+    { name: "hiddenAnchor", question: "What becomes of a popover at an item that isn’t drawn?",
+        answers: [["claims", "no window, but it is said to be shown"], ["refuses", "it isn’t shown"]] },
+    { name: "othersActivation", question: "May Tavrin bring another application to the front?",
+        answers: [["declined", "only while it is active"], ["granted", "yes"]] },
 ];
