@@ -46,6 +46,7 @@ void ConfigurePresentation::showConfiguration(ErrorMessage errorMessage) {
     comingBackTask_.cancel();
     core_.applier.cancelPendingConfiguration();
     core_.hiding.cancelRequests();
+    core_.activity.isConfigureOpen.set(true);
     core_.hiding.expand(Persist::No);
     if (errorMessage == ErrorMessage::Clear) core_.failure.clear();
     openingTask_ = start(platform_.scheduler, open(core_.statusItems.controlFrame().has_value()));
@@ -61,7 +62,8 @@ Task<> ConfigurePresentation::open(bool hadControl) {
     if (co_await sleepFor(settleWait) == Wake::CutShort) co_return;
     const auto isSettled = [this] { return !core_.statusItems.isAwaitingPlacement(); };
     (void)co_await waitUntil(platform_.scheduler, isSettled, placementPollInterval, placementWaitMax);
-    if (co_await isCancelled() || core_.activity.isCollapsed.get() || isShown()) co_return;
+    if (co_await isCancelled() || isShown()) co_return;
+    if (core_.activity.isCollapsed.get()) co_return noteClosed();
     if (hadControl && !core_.statusItems.controlFrame())
         core_.failure.tell("The menu bar control moved while Configure was opening. Try again.");
     present();
@@ -98,12 +100,16 @@ void ConfigurePresentation::close() {
     pendingPopoverRestoreTask_.cancel();
     isCollapseOwed_ = false;
     surface_.close();
+    noteClosed();
 }
+
+void ConfigurePresentation::noteClosed() { core_.activity.isConfigureOpen.set(false); }
 
 void ConfigurePresentation::surfaceDidClose(ConfigureSurface::Kind kind) {
     if (!core_.activity.isApplyingConfiguration.get()) return restoreIfOwed();
     // Nobody closes the popover of an apply: its control has gone from under it.
-    if (kind == ConfigureSurface::Kind::Popover) comingBackTask_ = start(platform_.scheduler, comeBack());
+    if (kind != ConfigureSurface::Kind::Popover) return noteClosed();
+    comingBackTask_ = start(platform_.scheduler, comeBack());
 }
 
 /// A repair makes a new control, and displays that have gone for a moment bring the old one back.
@@ -117,6 +123,7 @@ Task<> ConfigurePresentation::comeBack() {
 }
 
 void ConfigurePresentation::restoreIfOwed() {
+    noteClosed();
     if (isCollapseOwed_) pendingPopoverRestoreTask_ = start(platform_.scheduler, restoreCollapsedState());
 }
 
@@ -125,6 +132,7 @@ void ConfigurePresentation::cancelPendingRestore() {
     pendingPopoverRestoreTask_.cancel();
     comingBackTask_.cancel();
     isCollapseOwed_ = false;
+    noteClosed();
 }
 
 Task<> ConfigurePresentation::restoreCollapsedState() {

@@ -63,6 +63,7 @@ class ConfigurePresentation {
     void applyDidEnd(ApplyOutcome outcome);
     void surfaceDidClose(ConfigureSurface::Kind kind);
     Task<> comeBack();
+    void noteClosed();
     void restoreIfOwed();
     Task<> restoreCollapsedState();
     Task<> render();

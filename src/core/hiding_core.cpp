@@ -15,13 +15,18 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
     , hiddenItems(settings, platform.application.bundleIdentifier())
     , statusItems(platform, settings, mode, std::move(dressControl))
     , inventory(platform, permission, [this] { return statusItems.boundary(); })
-    , mechanism(makeHidingMechanism(mode, platform, statusItems, inventory, hiddenItems, failure))
-    , hiding(platform.scheduler, settings, activity_, *mechanism, failure)
+    , mechanism(makeHidingMechanism(mode, {.platform = platform,
+                                           .activity = activity,
+                                           .items = statusItems,
+                                           .inventory = inventory,
+                                           .hiddenItems = hiddenItems,
+                                           .failure = failure}))
+    , hiding(platform.scheduler, settings, activity, *mechanism, failure)
     , movement(platform)
     , placer(platform.screens, statusItems, inventory, hiddenItems, movement)
     , applier({.scheduler = platform.scheduler,
                .permission = permission,
-               .activity = activity_,
+               .activity = activity,
                .failure = failure,
                .mechanism = *mechanism,
                .hiding = hiding,
@@ -35,6 +40,12 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
                .applyProgress = applier.progress(),
                .errorMessage = failure.published()} {
     settings.remove(Settings::legacyRescuedItemIdentifiersKey);
+}
+
+void HidingCore::setHidden(std::span<const std::string> itemIdentifiers, bool hidden) {
+    hiddenItems.set(itemIdentifiers, hidden, [this](const auto& identifier, bool hides, const auto& set) {
+        return mechanism->setting(identifier, hides, set);
+    });
 }
 
 } // namespace tavrin

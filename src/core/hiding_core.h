@@ -18,6 +18,8 @@
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <string>
 
 namespace tavrin {
 
@@ -30,11 +32,15 @@ struct HidingCore {
     HidingCore(const HidingCore&) = delete;
     HidingCore& operator=(const HidingCore&) = delete;
 
-  private:
-    BarActivity activity_; // written by hiding and by the applier, by nobody else
+    /// Changes whether the items are wanted hidden, with all that hides together with them.
+    void setHidden(std::span<const std::string> itemIdentifiers, bool hidden);
 
-  public:
-    const BarActivity& activity = activity_;
+    /// Whether the user wants the item hidden.
+    bool isHidden(const MenuBarItemSnapshot& item) const {
+        return mechanism->isHidden(item, hiddenItems.identifiers().get());
+    }
+
+    BarActivity activity; // each flag is for the writer alone that is named there
     const MenuBarRuntimeMode mode;
     Settings settings;
     FailureMessage failure;

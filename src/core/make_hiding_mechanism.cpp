@@ -1,16 +1,19 @@
 #include "core/make_hiding_mechanism.h"
 
 #include "hiding/spacer_hiding.h"
-#include "hiding/unavailable_hiding.h"
+#include "native/restriction_hiding.h"
 
 namespace tavrin {
 
-std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, const Platform& platform,
-                                                     OwnStatusItems& items, ItemInventory& inventory,
-                                                     const HiddenItems& hiddenItems,
-                                                     FailureMessage& failure) {
-    if (mode == MenuBarRuntimeMode::nativeVisibility) return std::make_unique<UnavailableHiding>();
-    return std::make_unique<SpacerHiding>(platform, items, inventory, hiddenItems, failure);
+std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, const HidingParts& parts) {
+    if (mode == MenuBarRuntimeMode::divider)
+        return std::make_unique<SpacerHiding>(parts.platform, parts.items, parts.inventory, parts.hiddenItems,
+                                              parts.failure);
+    return std::make_unique<RestrictionHiding>(RestrictionHiding::Uses{.platform = parts.platform,
+                                                                       .activity = parts.activity,
+                                                                       .items = parts.items,
+                                                                       .inventory = parts.inventory,
+                                                                       .hiddenItems = parts.hiddenItems});
 }
 
 } // namespace tavrin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "discovery/item_inventory.h"
+#include "hiding/bar_activity.h"
 #include "hiding/failure_message.h"
 #include "hiding/hidden_items.h"
 #include "hiding/hiding_mechanism.h"
@@ -12,9 +13,17 @@
 
 namespace tavrin {
 
-/// Makes the mechanism that hides for the life of the process. All arguments outlive it.
-std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, const Platform& platform,
-                                                     OwnStatusItems& items, ItemInventory& inventory,
-                                                     const HiddenItems& hiddenItems, FailureMessage& failure);
+/// What the mechanisms are made of; each takes what it needs.
+struct HidingParts {
+    const Platform& platform;
+    BarActivity& activity;
+    OwnStatusItems& items;
+    ItemInventory& inventory;
+    const HiddenItems& hiddenItems;
+    FailureMessage& failure;
+};
+
+/// Makes the mechanism that hides for the life of the process. All parts outlive it.
+std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, const HidingParts& parts);
 
 } // namespace tavrin

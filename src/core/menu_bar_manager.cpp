@@ -72,8 +72,7 @@ Task<> MenuBarManager::prepareForTermination() {
     cancelPendingConfiguration();
     pinnedActions_.cancel();
     configure_.close();
-    core_.hiding.restoreForTermination();
-    co_return;
+    co_await core_.hiding.restoreForTermination();
 }
 
 std::vector<MenuBarItem> MenuBarManager::visibleItems() const { return itemsConfigured(false); }
@@ -82,17 +81,20 @@ std::vector<MenuBarItem> MenuBarManager::hiddenItems() const { return itemsConfi
 
 std::vector<MenuBarItem> MenuBarManager::itemsConfigured(bool hidden) const {
     std::vector<MenuBarItem> items;
-    std::ranges::copy_if(core_.inventory.items().get(), std::back_inserter(items),
-                         [&](const auto& item) { return isConfiguredHidden(item) == hidden; });
+    for (auto item : core_.inventory.items().get()) {
+        if (isConfiguredHidden(item) != hidden) continue;
+        item.snapshot.isMovable = core_.mechanism->canHide(item.snapshot);
+        items.push_back(std::move(item));
+    }
     return items;
 }
 
 bool MenuBarManager::isConfiguredHidden(const MenuBarItem& item) const {
-    return core_.hiddenItems.contains(item.snapshot);
+    return core_.isHidden(item.snapshot);
 }
 
 void MenuBarManager::setItems(const std::vector<std::string>& identifiers, bool hidden) {
-    core_.hiddenItems.set(identifiers, hidden);
+    core_.setHidden(identifiers, hidden);
 }
 
 } // namespace tavrin

@@ -59,6 +59,7 @@ Task<> StartUp::perform() {
 }
 
 Task<> StartUp::showInitialState() {
+    core_.activity.isAwaitingInitialState.set(false);
     if (firstRun_.isFreshInstall()) {
         isAwaitingFirstRunDefault_ = true;
         applyFirstRunDefaultIfReady();
@@ -102,7 +103,7 @@ void StartUp::hideWhatCanBeHidden() {
     for (const auto& item :
          FirstRunState::itemsToHide(core_.inventory.items().get(), platform_.application.bundleIdentifier()))
         identifiers.push_back(item.snapshot.id);
-    core_.hiddenItems.set(identifiers, true);
+    core_.setHidden(identifiers, true);
     firstRun_.recordDefaultLayout();
 }
 

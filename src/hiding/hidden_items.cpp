@@ -1,8 +1,5 @@
 #include "hiding/hidden_items.h"
 
-#include "discovery/item_identifier.h"
-
-#include <set>
 #include <utility>
 
 namespace tavrin {
@@ -12,13 +9,9 @@ HiddenItems::HiddenItems(Settings& settings, std::string ownBundleIdentifier)
     , ownBundleIdentifier_(std::move(ownBundleIdentifier))
     , identifiers_(settings.strings(Settings::hiddenItemIdentifiersKey)) {}
 
-void HiddenItems::set(std::span<const std::string> identifiers, bool hidden) {
+void HiddenItems::set(std::span<const std::string> identifiers, bool hidden, const Setting& setting) {
     auto chosen = identifiers_.get();
-    for (const auto& identifier : identifiers) {
-        const auto key = comparableItemIdentifier(identifier);
-        std::erase_if(chosen, [&](const auto& stored) { return comparableItemIdentifier(stored) == key; });
-        if (hidden) chosen.insert(identifier);
-    }
+    for (const auto& identifier : identifiers) chosen = setting(identifier, hidden, chosen);
     identifiers_.set(chosen);
     settings_.setStrings(Settings::hiddenItemIdentifiersKey, chosen);
 }

@@ -5,6 +5,7 @@
 #include "hiding/skerrow_policy.h"
 #include "settings/settings.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -23,8 +24,11 @@ class HiddenItems {
         return isConfiguredHidden(item, identifiers_.get());
     }
 
-    /// Changes whether these items are wanted hidden, and leaves all others as they are.
-    void set(std::span<const std::string> identifiers, bool hidden);
+    using Setting = std::function<HiddenSet(const std::string& identifier, bool hidden, const HiddenSet&)>;
+
+    /// Changes whether these items are wanted hidden. `setting` gives the set after the change of one: others
+    /// that can't but go with it change as well.
+    void set(std::span<const std::string> identifiers, bool hidden, const Setting& setting = settingItem);
 
     /// Compares where `items` are with where the user wants them.
     SkerrowPolicy policyFor(std::span<const MenuBarItem> items) const {

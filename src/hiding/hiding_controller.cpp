@@ -49,6 +49,7 @@ void HidingController::expand(Persist persist) {
     ++generation_;
     mechanism_.reveal();
     activity_.isCollapsed.set(false);
+    activity_.isCollapsePending.set(false);
     remember(persist, false);
 }
 
@@ -64,6 +65,7 @@ void HidingController::restoreFullMenuBar(const std::string& sentence) {
 
 void HidingController::requestCollapse(Persist persist, OnFailure onFailure) {
     requested_.emit();
+    activity_.isCollapsePending.set(true);
     // In place of an older request, which is cancelled by that.
     requestTask_ = start(scheduler_, performRequest(persist, onFailure));
 }
@@ -73,16 +75,24 @@ Task<> HidingController::performRequest(Persist persist, OnFailure onFailure) {
     if (co_await isCancelled()) co_return;
     auto outcome = CollapseOutcome::failed;
     if (isPrepared) outcome = co_await collapse(persist);
+    if (co_await isCancelled()) co_return;
+    activity_.isCollapsePending.set(false);
     if (outcome == CollapseOutcome::failed && onFailure == OnFailure::ShowConfiguration) failed_.emit();
+}
+
+void HidingController::cancelRequests() {
+    requestTask_.cancel();
+    activity_.isCollapsePending.set(false);
 }
 
 void HidingController::adaptToScreens() {
     if (activity_.isCollapsed.get()) mechanism_.adaptToScreens();
 }
 
-void HidingController::restoreForTermination() {
+Task<> HidingController::restoreForTermination() {
     cancelRequests();
     mechanism_.reveal();
+    co_await mechanism_.settled();
 }
 
 } // namespace tavrin

@@ -41,7 +41,7 @@ class HidingController {
     /// Prepares, and then collapses, unless a newer request or `cancelRequests` came in between.
     void requestCollapse(Persist persist, OnFailure onFailure);
 
-    void cancelRequests() { requestTask_.cancel(); }
+    void cancelRequests();
 
     /// Fires when a request begins; anything else that rearranges the bar ends then.
     Subscription onRequest(std::function<void()> handler) { return requested_.subscribe(std::move(handler)); }
@@ -52,8 +52,9 @@ class HidingController {
     /// Adapts the hiding to the present screens.
     void adaptToScreens();
 
-    /// Puts every hidden item back on the screen without touching the stored choice, and stops all work.
-    void restoreForTermination();
+    /// Puts every hidden item back on the screen without touching the stored choice, and stops all work. Then
+    /// waits until nothing can be hidden any longer.
+    Task<> restoreForTermination();
 
   private:
     Task<> performRequest(Persist persist, OnFailure onFailure);

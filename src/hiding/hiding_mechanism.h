@@ -2,6 +2,8 @@
 
 #include "concurrency/signal.h"
 #include "concurrency/task.h"
+#include "discovery/menu_bar_item.h"
+#include "hiding/skerrow_policy.h"
 
 #include <expected>
 #include <optional>
@@ -48,6 +50,18 @@ class HidingMechanism {
 
     /// Whether the side of the control that an item lies on decides if it is hidden.
     virtual bool placesByPosition() const = 0;
+
+    /// The hidden set after the user has hidden or shown the item: what hides together goes together.
+    virtual HiddenSet setting(const std::string& itemIdentifier, bool hidden, const HiddenSet& set) const;
+
+    /// Whether a hide with this set takes the item away.
+    virtual bool isHidden(const MenuBarItemSnapshot& item, const HiddenSet& set) const;
+
+    /// Whether the item can be hidden at all.
+    virtual bool canHide(const MenuBarItemSnapshot& item) const { return item.isMovable; }
+
+    /// Returns when nothing that was asked of macOS can still take effect. Asked when the program ends.
+    virtual Task<> settled();
 
     /// Fires when a hide has turned out to do harm: everything must be shown again and the user told this
     /// sentence.

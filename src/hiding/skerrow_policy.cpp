@@ -50,6 +50,13 @@ bool isConfiguredHidden(const MenuBarItemSnapshot& item, const HiddenSet& hidden
     return comparable(hiddenItemIdentifiers).contains(comparableItemIdentifier(item.id));
 }
 
+HiddenSet settingItem(const std::string& itemIdentifier, bool hidden, HiddenSet set) {
+    const auto key = comparableItemIdentifier(itemIdentifier);
+    std::erase_if(set, [&](const auto& stored) { return comparableItemIdentifier(stored) == key; });
+    if (hidden) set.insert(itemIdentifier);
+    return set;
+}
+
 double collapsedSpacerLength(std::span<const Screen> screens) {
     constexpr double withoutScreens = 3456; // twice the width of the widest built-in display
     if (screens.empty()) return withoutScreens;

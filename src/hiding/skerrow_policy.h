@@ -38,6 +38,9 @@ class SkerrowPolicy {
 /// Whether the user wants the item hidden.
 bool isConfiguredHidden(const MenuBarItemSnapshot& item, const HiddenSet& hiddenItemIdentifiers);
 
+/// The hidden set after the user has hidden or shown this one item.
+HiddenSet settingItem(const std::string& itemIdentifier, bool hidden, HiddenSet set);
+
 /// The spacer's length in points that pushes everything left of it off every screen.
 double collapsedSpacerLength(std::span<const Screen> screens);
 

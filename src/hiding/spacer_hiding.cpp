@@ -32,7 +32,8 @@ SpacerHiding::SpacerHiding(const Platform& platform, OwnStatusItems& items, Item
     , items_(items)
     , inventory_(inventory)
     , hiddenItems_(hiddenItems)
-    , geometry_(platform, items, failure) {}
+    , geometry_(platform, items, failure)
+    , controlCheck_(platform.scheduler, items) {}
 
 Task<bool> SpacerHiding::prepare() {
     if (!co_await ensureLayout()) co_return false;
@@ -63,12 +64,11 @@ Task<std::expected<void, std::string>> SpacerHiding::confirmHidden() {
 }
 
 void SpacerHiding::didHide() {
-    geometry_.verifyOwnControlRemainsVisible(
-        [this](const std::string& message) { mustReveal.emit(message); });
+    controlCheck_.verify([this](const std::string& message) { mustReveal.emit(message); });
 }
 
 void SpacerHiding::reveal() {
-    geometry_.abandonVerification();
+    controlCheck_.abandon();
     items_.setSpacerLength(0);
 }
 

@@ -4,6 +4,7 @@
 #include "hiding/failure_message.h"
 #include "hiding/hidden_items.h"
 #include "hiding/hiding_mechanism.h"
+#include "hiding/own_control_check.h"
 #include "hiding/own_status_items.h"
 #include "hiding/status_item_geometry_keeper.h"
 #include "platform/platform.h"
@@ -42,6 +43,7 @@ class SpacerHiding final : public HidingMechanism {
     ItemInventory& inventory_;
     const HiddenItems& hiddenItems_;
     StatusItemGeometryKeeper geometry_;
+    OwnControlCheck controlCheck_;
 };
 
 } // namespace tavrin

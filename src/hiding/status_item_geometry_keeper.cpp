@@ -11,8 +11,7 @@ StatusItemGeometryKeeper::StatusItemGeometryKeeper(const Platform& platform, Own
                                                    FailureMessage& failure)
     : platform_(platform)
     , items_(items)
-    , failure_(failure)
-    , sightObservation_(items.onSightChanged([this] { verifyIfPostponed(); })) {}
+    , failure_(failure) {}
 
 Task<bool> StatusItemGeometryKeeper::ensureExpandedStatusItemGeometry() {
     if (!pendingStatusItemGeometryTask_.isRunning()) {
@@ -89,36 +88,6 @@ void StatusItemGeometryKeeper::reportFailure() {
               "app to retry the layout repair."
             : "Tavrin couldn’t restore its menu bar control to the right side of the notch. Quit and "
               "reopen the app to retry the layout repair.");
-}
-
-void StatusItemGeometryKeeper::verifyOwnControlRemainsVisible(Restore restore) {
-    restore_ = std::move(restore);
-    isVerificationPostponed_ = false;
-    verificationTask_ = start(platform_.scheduler, verify());
-}
-
-void StatusItemGeometryKeeper::abandonVerification() {
-    isVerificationPostponed_ = false;
-    verificationTask_.cancel();
-}
-
-void StatusItemGeometryKeeper::verifyIfPostponed() {
-    if (isVerificationPostponed_ && items_.controlSight() != ControlSight::barNotVisible)
-        verifyOwnControlRemainsVisible(std::move(restore_));
-}
-
-Task<> StatusItemGeometryKeeper::verify() {
-    // macOS takes an item off the screen for moments while it arranges the bar: only a second look counts.
-    for (int look = 0; look < 2; ++look) {
-        if (co_await sleepFor(verificationDelay) == Wake::CutShort) co_return;
-        const auto sight = items_.controlSight();
-        if (sight == ControlSight::drawn) co_return;
-        isVerificationPostponed_ = sight == ControlSight::barNotVisible;
-        if (isVerificationPostponed_) co_return;
-    }
-    restore_("macOS removed Tavrin’s own control while hiding items, so the full menu bar was restored. Move "
-             "the app to "
-             "the Applications folder, relaunch it, and try again.");
 }
 
 } // namespace tavrin

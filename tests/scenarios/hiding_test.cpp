@@ -18,6 +18,7 @@ struct Model {
 std::vector<Model> allModels() {
     std::vector<Model> models;
     for (const auto& desktop : shippedDesktops) {
+        if (desktop == "macos-27") continue; // has no spacer; see native_hiding_test.cpp
         models.push_back({desktop, "", ""});
         for (const auto& setting : uncertaintySettings) {
             for (const auto value : setting.values.subspan(1))
@@ -36,13 +37,6 @@ TEST_P(HidingOnEveryMac, hidesRevealsAndLeavesNothingBehind) {
     TavrinMac mac(options);
     const auto before = othersItems(mac);
     mac.wait(8);
-    if (model.desktop == "macos-27") {
-        EXPECT_TRUE(mac.shows(
-            "This macOS build does not expose the menu bar visibility interface Tavrin relies on."));
-        EXPECT_TRUE(spacer(mac).is_null());
-        EXPECT_FALSE(isCollapsed(mac));
-        return;
-    }
     ASSERT_TRUE(isCollapsed(mac)) << "a fresh install hides everything that can be moved";
     EXPECT_EQ(spacer(mac)["enabled"], false) << "the long spacer must not light up under a click";
     for (const auto& item : mac.look()["menuBar"]) {
