@@ -40,6 +40,7 @@ void ControlItemController::updateControlIcon(StatusItem& control) {
 }
 
 void ControlItemController::handleControlClick(StatusItemPress press) {
+    if (actions_.takesPress()) return;
     actions_.cancelConfigurationRestore();
     if (hint_.wasJustClosedByControlPress()) return;
     const bool wasShowingFirstRunHint = hint_.isShowingOrPending();

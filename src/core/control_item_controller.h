@@ -18,6 +18,7 @@ class ControlItemController {
   public:
     /// The actions that the control can ask for.
     struct Actions {
+        std::function<bool()> takesPress; // one that isn't the user's
         std::function<void()> toggleCollapse;
         std::function<void()> showConfiguration;
         std::function<void()> cancelConfigurationRestore;

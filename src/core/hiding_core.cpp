@@ -20,6 +20,7 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
                                            .items = statusItems,
                                            .inventory = inventory,
                                            .hiddenItems = hiddenItems,
+                                           .settings = settings,
                                            .failure = failure}))
     , hiding(platform.scheduler, settings, activity, *mechanism, failure)
     , movement(platform)

@@ -13,7 +13,8 @@ std::unique_ptr<HidingMechanism> makeHidingMechanism(MenuBarRuntimeMode mode, co
                                                                        .activity = parts.activity,
                                                                        .items = parts.items,
                                                                        .inventory = parts.inventory,
-                                                                       .hiddenItems = parts.hiddenItems});
+                                                                       .hiddenItems = parts.hiddenItems,
+                                                                       .settings = parts.settings});
 }
 
 } // namespace tavrin

@@ -8,6 +8,7 @@
 #include "hiding/menu_bar_runtime_mode.h"
 #include "hiding/own_status_items.h"
 #include "platform/platform.h"
+#include "settings/settings.h"
 
 #include <memory>
 
@@ -20,6 +21,7 @@ struct HidingParts {
     OwnStatusItems& items;
     ItemInventory& inventory;
     const HiddenItems& hiddenItems;
+    Settings& settings;
     FailureMessage& failure;
 };
 

@@ -39,7 +39,8 @@ MenuBarManager::MenuBarManager(const Platform& platform, AccessibilityPermission
                       .noticeAnchor = [this] { return core_.statusItems.validControlGlyphFrame(); },
                       .editPin = [this](const Uuid&) { showConfiguration(); }})
     , control_(platform, core_.activity, core_.statusItems, hint_, updates,
-               {.toggleCollapse = [this] { toggleCollapse(); },
+               {.takesPress = [this] { return core_.mechanism->takesControlPress(); },
+                .toggleCollapse = [this] { toggleCollapse(); },
                 .showConfiguration = [this] { showConfiguration(); },
                 .cancelConfigurationRestore = [this] { configure_.cancelPendingRestore(); },
                 .cancelPendingConfiguration = [this] { cancelPendingConfiguration(); },

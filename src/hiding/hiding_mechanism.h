@@ -60,6 +60,10 @@ class HidingMechanism {
     /// Whether the item can be hidden at all.
     virtual bool canHide(const MenuBarItemSnapshot& item) const { return item.isMovable; }
 
+    /// Whether a press on the control is the effect of a gesture of ours, and no wish of the user. Asked once
+    /// for each press.
+    virtual bool takesControlPress() { return false; }
+
     /// Returns when nothing that was asked of macOS can still take effect. Asked when the program ends.
     virtual Task<> settled();
 

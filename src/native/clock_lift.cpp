@@ -1,8 +1,8 @@
 #include "native/clock_lift.h"
 
 #include "concurrency/waits.h"
-#include "native/clock_place.h"
 #include "native/notification_center.h"
+#include "native/policy/clock_place.h"
 #include "platform/event_monitors.h"
 #include "platform/screens.h"
 

@@ -2,7 +2,7 @@
 
 #include "concurrency/answer.h"
 #include "concurrency/job.h"
-#include "native/native_visibility_plan.h"
+#include "native/policy/native_visibility_plan.h"
 #include "platform/visibility_service.h"
 
 #include <expected>

@@ -1,6 +1,6 @@
 #include "native/native_plans.h"
 
-#include "native/native_visibility_policy.h"
+#include "native/policy/native_visibility_policy.h"
 #include "platform/application.h"
 #include "platform/screens.h"
 #include "platform/workspace.h"
@@ -14,12 +14,11 @@ NativeVisibilityPlan NativePlans::currentNativePlan() const {
                                         platform_.application.bundleIdentifier());
 }
 
-std::optional<NativeVisibilityPlan>
-NativePlans::expandedNativePlan(HiddenSet rescued, std::optional<std::string> revealed) const {
+std::optional<NativeVisibilityPlan> NativePlans::expandedNativePlan(HiddenSet rescued) const {
     const auto screens = platform_.screens.screens();
-    return NativeVisibilityPolicy::expandedPlan(
-        {.screens = screens, .rescued = std::move(rescued), .temporarilyAllowed = std::move(revealed)},
-        runningBundleIdentifiers(), platform_.application.bundleIdentifier());
+    return NativeVisibilityPolicy::expandedPlan({.screens = screens, .rescued = std::move(rescued)},
+                                                runningBundleIdentifiers(),
+                                                platform_.application.bundleIdentifier());
 }
 
 std::vector<std::string> NativePlans::runningBundleIdentifiers() const {

@@ -2,7 +2,7 @@
 
 #include "hiding/hidden_items.h"
 #include "hiding/skerrow_policy.h"
-#include "native/native_visibility_plan.h"
+#include "native/policy/native_visibility_plan.h"
 #include "platform/platform.h"
 
 #include <optional>
@@ -21,10 +21,8 @@ class NativePlans {
     /// The plan while items are hidden.
     NativeVisibilityPlan currentNativePlan() const;
 
-    /// The plan of the revealed menu bar, which withholds these units but lets `revealed` through; none when
-    /// nothing has to be withheld.
-    std::optional<NativeVisibilityPlan> expandedNativePlan(HiddenSet rescued,
-                                                           std::optional<std::string> revealed) const;
+    /// The plan of the revealed menu bar, which withholds these units; none when nothing has to be withheld.
+    std::optional<NativeVisibilityPlan> expandedNativePlan(HiddenSet rescued) const;
 
   private:
     std::vector<std::string> runningBundleIdentifiers() const;

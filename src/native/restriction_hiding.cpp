@@ -1,6 +1,8 @@
 #include "native/restriction_hiding.h"
 
-#include "native/native_visibility_policy.h"
+#include "concurrency/waits.h"
+#include "native/policy/native_visibility_policy.h"
+#include "platform/screens.h"
 
 #include <utility>
 
@@ -12,17 +14,47 @@ RestrictionHiding::RestrictionHiding(const Uses& uses)
     , keeper_(uses.platform.scheduler, restriction_)
     , plans_(uses.platform, uses.hiddenItems)
     , controlCheck_(uses.platform.scheduler, uses.items)
+    , expanded_(uses.platform.scheduler, uses.activity, uses.items, plans_, latch_, keeper_)
+    , rescue_({.platform = uses.platform,
+               .activity = uses.activity,
+               .items = uses.items,
+               .inventory = uses.inventory,
+               .settings = uses.settings,
+               .keeper = keeper_,
+               .restriction = expanded_,
+               .latch = latch_})
     , clock_(uses.platform, uses.activity, keeper_, [this] { restrictForState(); })
+    , pinner_(uses.platform, uses.activity, uses.items, uses.inventory)
     , launches_(uses.platform.workspace, {.launched = [this] { applicationsLaunched(); },
-                                          .ended = [] {},
-                                          .menuBarRestarted = [this] { keeper_.renew(); }}) {}
+                                          .ended = [this] { applicationsEnded(); },
+                                          .menuBarRestarted = [this] { keeper_.renew(); }})
+    , observations_(observe()) {}
+
+/// The tray isn't among them: whoever puts it away says whether the bar is revealed afterwards.
+std::vector<Subscription> RestrictionHiding::observe() {
+    std::vector<Subscription> observations;
+    const auto& activity = uses_.activity;
+    for (const auto* suppresses : {&activity.isAwaitingInitialState, &activity.isCollapsePending,
+                                   &activity.isConfigureOpen, &activity.isApplyingConfiguration})
+        observations.push_back(suppresses->subscribe([this](const bool&) { expanded_.sync(); }));
+    observations.push_back(uses_.platform.screens.onChanged([this] { screensChanged(); }));
+    observations.push_back(uses_.inventory.onScanCompleted([this](const ScanResult&) { noteScan(); }));
+    return observations;
+}
 
 std::optional<std::string> RestrictionHiding::refusal() const {
     if (restriction_.isAvailable()) return std::nullopt;
     return MenuBarVisibilityRestriction::Failure{}.description();
 }
 
-void RestrictionHiding::hideNow() { clock_.forget(); }
+void RestrictionHiding::hideNow() { forgetPassingThings(); }
+
+void RestrictionHiding::forgetPassingThings() {
+    clock_.forget();
+    rescue_.suspend();
+    pinner_.cancel();
+    revealedScanTask_.cancel();
+}
 
 /// A plan that another one of ours has overtaken is as good: that one rests on the newer state.
 Task<std::expected<void, std::string>> RestrictionHiding::confirmHidden() {
@@ -31,37 +63,62 @@ Task<std::expected<void, std::string>> RestrictionHiding::confirmHidden() {
     --confirmationsAwaited_;
     if (co_await isCancelled()) co_return std::unexpected(std::string());
     if (!outcome) co_return std::unexpected(outcome.error());
-    applicationsLaunched(); // those that have come meanwhile
+    letNewcomersIn(); // those that have come meanwhile
     co_return std::expected<void, std::string>();
 }
 
 void RestrictionHiding::didHide() {
+    expanded_.trustAgain();
     controlCheck_.verify([this](const std::string& message) { mustReveal.emit(message); });
+    pinner_.pinLater();
 }
 
 void RestrictionHiding::reveal() {
     controlCheck_.abandon();
-    clock_.forget();
+    forgetPassingThings();
     keeper_.wantNothing();
+    if (!isLastScanOfWholeBar_) revealedScanTask_ = start(uses_.platform.scheduler, scanRevealed());
 }
 
+/// A scan of a hidden bar has missed what was hidden.
+Task<> RestrictionHiding::scanRevealed() {
+    constexpr Seconds returnTime{0.3}; // in which items come back to the bar
+    if (co_await sleepFor(returnTime) == Wake::CutShort) co_return;
+    co_await uses_.inventory.refreshItemsNow();
+}
+
+void RestrictionHiding::noteScan() { isLastScanOfWholeBar_ = !keeper_.isRestricted(); }
+
 void RestrictionHiding::adaptToScreens() {
+    controlCheck_.verify([this](const std::string& message) { mustReveal.emit(message); });
+}
+
+void RestrictionHiding::screensChanged() {
     clock_.setClockRects({});
-    didHide();
+    expanded_.sync();
 }
 
 void RestrictionHiding::restrictForState() {
-    if (uses_.activity.isCollapsed.get())
-        keeper_.wish(plans_.currentNativePlan());
-    else
-        keeper_.wantNothing();
+    isCollapsed() ? keeper_.wish(plans_.currentNativePlan()) : expanded_.sync();
+}
+
+void RestrictionHiding::applicationsLaunched() {
+    letNewcomersIn();
+    rescue_.applicationsLaunched();
+}
+
+/// An end takes nothing away from a list that still holds for the others.
+void RestrictionHiding::applicationsEnded() {
+    if (isCollapsed()) return;
+    rescue_.applicationsEnded();
+    expanded_.sync();
 }
 
 /// A list that was made before an application ran withholds its items. The answer to a hide in progress is
 /// waited for first.
-void RestrictionHiding::applicationsLaunched() {
-    if (isLifted() || confirmationsAwaited_ > 0) return;
-    if (uses_.activity.isCollapsed.get() && keeper_.isRestricted()) restrictForState();
+void RestrictionHiding::letNewcomersIn() {
+    if (uses_.activity.isLiftedForClock.get() || confirmationsAwaited_ > 0) return;
+    if (!isCollapsed() || keeper_.isRestricted()) restrictForState();
 }
 
 HiddenSet RestrictionHiding::setting(const std::string& itemIdentifier, bool hidden,

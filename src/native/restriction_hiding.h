@@ -7,15 +7,21 @@
 #include "hiding/own_control_check.h"
 #include "hiding/own_status_items.h"
 #include "native/clock_lift.h"
+#include "native/control_pinner.h"
+#include "native/expanded_rescue.h"
+#include "native/expanded_restriction.h"
 #include "native/launch_follower.h"
 #include "native/menu_bar_visibility_restriction.h"
 #include "native/native_plans.h"
+#include "native/policy/native_expanded_rescue_latch.h"
 #include "native/restriction_keeper.h"
 #include "platform/platform.h"
+#include "settings/settings.h"
 
 #include <expected>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavrin {
 
@@ -29,6 +35,7 @@ class RestrictionHiding final : public HidingMechanism {
         OwnStatusItems& items;
         ItemInventory& inventory;
         const HiddenItems& hiddenItems;
+        Settings& settings;
     };
 
     explicit RestrictionHiding(const Uses& uses);
@@ -44,7 +51,7 @@ class RestrictionHiding final : public HidingMechanism {
     void reveal() override;
     void adaptToScreens() override;
 
-    Task<bool> arrangeForApply() override { co_return false; }
+    Task<bool> arrangeForApply() override { return pinner_.pin(); }
 
     std::optional<std::string> obstacleToPlacing() const override { return std::nullopt; }
 
@@ -54,22 +61,38 @@ class RestrictionHiding final : public HidingMechanism {
     bool isHidden(const MenuBarItemSnapshot& item, const HiddenSet& set) const override;
     bool canHide(const MenuBarItemSnapshot& item) const override;
 
+    bool takesControlPress() override { return pinner_.takesPress(); }
+
     Task<> settled() override { return keeper_.inFlightEnded(); }
 
   private:
-    bool isLifted() const { return uses_.activity.isLiftedForClock.get(); }
+    bool isCollapsed() const { return uses_.activity.isCollapsed.get(); }
 
+    std::vector<Subscription> observe();
+    void forgetPassingThings();
     void restrictForState();
     void applicationsLaunched();
+    void applicationsEnded();
+    void letNewcomersIn();
+    void screensChanged();
+    void noteScan();
+    Task<> scanRevealed();
 
     Uses uses_;
     MenuBarVisibilityRestriction restriction_;
     RestrictionKeeper keeper_;
     NativePlans plans_;
     OwnControlCheck controlCheck_;
+    NativeExpandedRescueLatch latch_;
+    ExpandedRestriction expanded_;
+    ExpandedRescue rescue_;
     ClockLift clock_;
+    ControlPinner pinner_;
     LaunchFollower launches_;
     int confirmationsAwaited_ = 0; // more than one while an older one hasn't heard of its end
+    bool isLastScanOfWholeBar_ = true;
+    std::vector<Subscription> observations_;
+    Job<> revealedScanTask_;
 };
 
 } // namespace tavrin

@@ -20,6 +20,7 @@ class Settings {
     static constexpr std::string_view shouldStartCollapsedKey = "Skerrow.shouldStartCollapsed";
     static constexpr std::string_view pendingFirstRunHintKey = "Skerrow.pendingFirstRunHint";
     static constexpr std::string_view statusItemAutosaveVersionKey = "Skerrow.statusItemAutosaveVersion";
+    static constexpr std::string_view rescuedItemIdentifiersKey = "Skerrow.rescuedItemIdentifiers.v2";
     static constexpr std::string_view legacyRescuedItemIdentifiersKey = "Skerrow.rescuedItemIdentifiers";
 
     explicit Settings(Defaults& defaults) : defaults_(defaults), domain_(defaults.ownDomain()) {}

@@ -1,5 +1,5 @@
-#include "native/clock_place.h"
-#include "native/native_visibility_policy.h"
+#include "native/policy/clock_place.h"
+#include "native/policy/native_visibility_policy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hiding/skerrow_policy.h"
-#include "native/native_visibility_plan.h"
+#include "native/policy/native_visibility_plan.h"
 #include "platform/screens.h"
 
 #include <optional>

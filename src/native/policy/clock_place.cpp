@@ -1,4 +1,4 @@
-#include "native/clock_place.h"
+#include "native/policy/clock_place.h"
 
 #include <algorithm>
 

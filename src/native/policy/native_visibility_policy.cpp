@@ -1,8 +1,8 @@
-#include "native/native_visibility_policy.h"
+#include "native/policy/native_visibility_policy.h"
 
 #include "base/ascii.h"
 #include "discovery/menu_bar_screen_geometry.h"
-#include "native/menu_bar_system_item.h"
+#include "native/policy/menu_bar_system_item.h"
 
 #include <algorithm>
 #include <array>
