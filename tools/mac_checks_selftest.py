@@ -98,6 +98,8 @@ FAULTS = [
     ("it needs a private framework", lambda c: swap(c.program, b"/Library/Frameworks/Carbon.", b"/Library/PrivateWorks/Carb."),
      "isn't a library of the system"),
     ("a private function is linked", lambda c: swap(c.program, b"\0_CFGetTypeID\0", b"\0_CGSGetTypeI\0"), "is private, but linked"),
+    ("a private class is linked", lambda c: swap(c.sdk / "allow.txt", b"MBAssessmentModeAssertion #", b"NSStatusBar #"),
+     "_OBJC_CLASS_$_NSStatusBar is private, but linked"),
     ("a function is linked that no stub has", lambda c: swap(c.program, b"\0_CFGetTypeID\0", b"\0_CFGetTypeIE\0"),
      "_CFGetTypeIE is taken from"),
     ("symbols are searched everywhere", bind_to_any_library, "comes from whatever is loaded"),

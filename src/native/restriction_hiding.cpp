@@ -77,7 +77,8 @@ void RestrictionHiding::reveal() {
     controlCheck_.abandon();
     forgetPassingThings();
     keeper_.wantNothing();
-    if (!isLastScanOfWholeBar_) revealedScanTask_ = start(uses_.platform.scheduler, scanRevealed());
+    if (!isLastScanOfWholeBar_ || uses_.inventory.isScanning().get())
+        revealedScanTask_ = start(uses_.platform.scheduler, scanRevealed());
 }
 
 /// A scan of a hidden bar has missed what was hidden.

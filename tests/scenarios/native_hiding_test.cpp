@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace mac_model {
 namespace {
@@ -152,6 +153,83 @@ TEST(NativeHiding, restrictsNothingOnceTavrinHasEnded) {
                 mac.wait(3);
                 EXPECT_FALSE(isRestricted(mac)) << delay << " " << since;
             }
+}
+
+/// What a person and the Mac may do to a hide in the middle of it.
+using Act = void (*)(TavrinMac&);
+
+TEST(NativeHiding, endsCleanlyInTheMiddleOfAnything) {
+    const Act acts[]{[](TavrinMac& mac) { clickControl(mac); }, // reveals
+                     [](TavrinMac& mac) { mac.set("launch", launched("org.example.new")); },
+                     [](TavrinMac& mac) { restOnClock(mac); },
+                     [](TavrinMac& mac) {
+                         restOnClock(mac);
+                         mac.wait(0.1);
+                         leaveClock(mac);
+                     }};
+    for (const auto act : acts)
+        for (const double delay : {0.25, 2.9, 5.0})
+            for (const bool isCrash : {false, true}) {
+                auto mac = started(mac27());
+                clickControlAndWait(mac);
+                const auto stored = mac.defaults();
+                answerWith(mac, VisibilityService::Accepts, delay);
+                act(mac);
+                mac.wait(0.2);
+                isCrash ? mac.crash() : mac.terminate();
+                mac.wait(3.5);
+                EXPECT_FALSE(isRestricted(mac)) << delay << isCrash;
+                answerWith(mac, VisibilityService::Accepts, 0.25);
+                leaveClock(mac);
+                mac.start();
+                mac.wait(4);
+                EXPECT_EQ(withholds(mac, radio), isCollapsed(mac)) << delay << isCrash;
+                EXPECT_EQ(mac.defaults()["Skerrow.hiddenItemIdentifiers"],
+                          stored["Skerrow.hiddenItemIdentifiers"]);
+            }
+}
+
+/// Ten seconds of this and that, in an order that the seed decides.
+void storm(TavrinMac& mac, std::mt19937& random) {
+    for (int step = 0; step < 30; ++step) {
+        switch (random() % 6) {
+        case 0:
+        case 1:
+            clickControl(mac);
+            break;
+        case 2:
+            mac.set("launch", launched("org.example.s" + std::to_string(random())));
+            break;
+        case 3:
+            restOnClock(mac);
+            break;
+        case 4:
+            leaveClock(mac);
+            break;
+        case 5:
+            answerWith(mac, static_cast<VisibilityService>(random() % 3), double(random() % 40) / 10);
+            break;
+        }
+        mac.wait(double(random() % 10) / 10);
+    }
+}
+
+TEST(NativeHiding, shownStateAndListAgreeAfterAnyStorm) {
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        std::mt19937 random(seed);
+        auto mac = started(mac27());
+        storm(mac, random);
+        answerWith(mac, VisibilityService::Accepts, 0.25);
+        leaveClock(mac);
+        mac.wait(8);
+        EXPECT_EQ(isCollapsed(mac), withholds(mac, radio)) << seed;
+        EXPECT_EQ(isCollapsed(mac), isRestricted(mac)) << seed;
+        EXPECT_EQ(mac.stats()["timers"], 0) << seed;
+        if (isCollapsed(mac)) clickControlAndWait(mac);
+        clickControlAndWait(mac);
+        EXPECT_TRUE(withholds(mac, radio)) << seed;
+        EXPECT_EQ(storedText(mac, "Skerrow.hiddenItemIdentifiers"), "[\"org.example.radio\"]");
+    }
 }
 
 TEST(NativeHiding, doesNotHideWhileConfigureOpensAtTheStart) {
