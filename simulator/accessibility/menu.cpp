@@ -47,18 +47,20 @@ bool MenuBranch::existsUnderItem(const ElementKey& key) const {
     return item(key).spec.opens == Opens::Menu && (key.path.empty() || entry(key));
 }
 
-/// The entries of the outermost menu of `key`.
-std::vector<MenuItemSpec> MenuBranch::entriesOfMenu(const ElementKey& key) const {
-    if (isUnderTitle(key)) return menuUnderTitle(processes_.find(key.process)->application, key.owner);
+/// The entries of the outermost menu of `key`: the item's own, which may be hundreds, or `made` for the menu
+/// of a title.
+const std::vector<MenuItemSpec>& MenuBranch::entriesOfMenu(const ElementKey& key,
+                                                           std::vector<MenuItemSpec>& made) const {
+    if (isUnderTitle(key)) return made = menuUnderTitle(processes_.find(key.process)->application, key.owner);
     const auto& record = item(key);
     const bool isUnbuilt = uncertainties_.closedMenus == ClosedMenus::Empty && !record.isOpen;
-    return isUnbuilt || record.spec.opens != Opens::Menu ? std::vector<MenuItemSpec>{} : record.spec.menu;
+    return isUnbuilt || record.spec.opens != Opens::Menu ? made : record.spec.menu;
 }
 
 /// The entry at the key's path.
 std::optional<MenuItemSpec> MenuBranch::entry(const ElementKey& key) const {
-    const auto outermost = entriesOfMenu(key);
-    const auto* entries = &outermost;
+    std::vector<MenuItemSpec> made;
+    const auto* entries = &entriesOfMenu(key, made);
     const MenuItemSpec* found = nullptr;
     for (const auto step : key.path) {
         if (step >= entries->size()) return std::nullopt;
@@ -85,7 +87,8 @@ std::optional<Branch::Keys> MenuBranch::children(const ElementKey& key) const {
 Branch::Keys MenuBranch::entriesIn(const ElementKey& menu) const {
     Keys found;
     if (!menus_.areListed(menu)) return found;
-    const auto count = menu.path.empty() ? entriesOfMenu(menu).size() : entry(menu)->items.size();
+    std::vector<MenuItemSpec> made;
+    const auto count = menu.path.empty() ? entriesOfMenu(menu, made).size() : entry(menu)->items.size();
     for (std::uint32_t n = 0; n < count; ++n) found.push_back(inPath(menu, entryKind(menu), n));
     return found;
 }

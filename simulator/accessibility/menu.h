@@ -43,7 +43,8 @@ class MenuBranch final : public Branch {
 
     bool existsUnderItem(const ElementKey&) const;
     bool isDisabledBehind(const ElementKey&) const;
-    std::vector<MenuItemSpec> entriesOfMenu(const ElementKey& menu) const;
+    const std::vector<MenuItemSpec>& entriesOfMenu(const ElementKey& menu,
+                                                   std::vector<MenuItemSpec>& made) const;
     std::optional<MenuItemSpec> entry(const ElementKey&) const;
     Keys entriesIn(const ElementKey& menu) const;
 

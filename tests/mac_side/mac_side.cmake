@@ -39,11 +39,9 @@ file(GLOB RUNTIME_SOURCES CONFIGURE_DEPENDS tests/mac_side/shim/counted/*.mm)
 file(GLOB SHIM_SOURCES CONFIGURE_DEPENDS tests/mac_side/shim/*.mm)
 file(GLOB_RECURSE MAC_PLATFORM_SOURCES CONFIGURE_DEPENDS src/platform/macos/*.mm)
 file(GLOB MAC_SIDE_TESTS CONFIGURE_DEPENDS tests/mac_side/*.mm)
-# Scenarios that run once more, on the Mac side over the modelled Mac. Not yet those of pins, one of which doesn't end,
-# and those that nobody has looked at so.
-foreach(area apply_window applying hidden_bar hiding interrupted_apply lifetime onboarding)
-  list(APPEND SCENARIOS tests/scenarios/${area}_test.cpp)
-endforeach()
+# The scenarios and the seam check run once more, on the Mac side over the modelled Mac.
+file(GLOB SCENARIOS CONFIGURE_DEPENDS tests/scenarios/*_test.cpp)
+list(APPEND SCENARIOS tests/seam/seam_contract_test.cpp)
 list(APPEND SCENARIOS tests/support/tavrin_mac.cpp tests/support/temporary_folder.cpp)
 
 # Without ARC: it is these that count references.

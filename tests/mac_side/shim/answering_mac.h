@@ -19,5 +19,5 @@ class AnswersFrom {
 
   private:
     const tavrin::Platform& mac_;
-    tavrin::Subscription trustNotices_;
+    tavrin::Subscription notices_;
 };

@@ -1,6 +1,7 @@
 // Notices of other processes: all of them are posted in this one, so no helper of GNUstep's has to run.
+#include "replaced.h"
+
 #import <Foundation/Foundation.h>
-#include <objc/runtime.h>
 
 // In place of an NSDistributedNotificationCenter, which none but its own class may make.
 @interface TavrinDistributedCenter : NSNotificationCenter
@@ -40,9 +41,9 @@ id localCenter(id, SEL, ...) {
 @implementation TavrinDistributedStart
 
 + (void)load {
-    const Method method =
-        class_getClassMethod(objc_getClass("NSDistributedNotificationCenter"), @selector(defaultCenter));
-    method_setImplementation(method, reinterpret_cast<IMP>(localCenter));
+    tavrinReplaced(
+        class_getClassMethod(objc_getClass("NSDistributedNotificationCenter"), @selector(defaultCenter)),
+        localCenter);
 }
 
 @end

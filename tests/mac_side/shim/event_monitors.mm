@@ -1,20 +1,60 @@
-// Monitors of the events that the application sends to its windows; of keys while a modelled Mac answers,
-// those that its program gets.
+// Monitors of the events that the application sends to its windows. While a modelled Mac answers: of the keys
+// that its program gets, and copies of what its person does elsewhere.
 #include "answering_mac.h"
+#include "platform/event_monitors.h"
 #include "platform/keyboard.h"
+#include "replaced.h"
 
 #import <AppKit/AppKit.h>
-#include <objc/runtime.h>
 
 @interface TavrinEventMonitor : NSObject {
   @public
-    tavrin::Subscription modelledKeys_;
+    tavrin::Subscription modelled_;
 }
 @property unsigned long long mask;
 @property(copy) NSEvent* (^handler)(NSEvent*);
 @end
 
 @implementation TavrinEventMonitor
+@end
+
+/// In place of an NSEvent, which can't be made with all of this.
+@interface TavrinWatchedEvent : NSObject {
+  @public
+    tavrin::WatchedEvent event_;
+}
+@end
+
+@implementation TavrinWatchedEvent
+
+- (NSEventType)type {
+    return static_cast<NSEventType>(event_.type);
+}
+
+- (NSUInteger)phase {
+    return event_.scroll->isMomentum ? 0 : static_cast<NSUInteger>(event_.scroll->phase);
+}
+
+- (NSUInteger)momentumPhase {
+    return event_.scroll->isMomentum ? static_cast<NSUInteger>(tavrin::ScrollPhase::Changed) : 0;
+}
+
+- (BOOL)hasPreciseScrollingDeltas {
+    return event_.scroll->isPrecise;
+}
+
+- (CGFloat)scrollingDeltaX {
+    return event_.scroll->deltaX;
+}
+
+- (CGFloat)scrollingDeltaY {
+    return event_.scroll->deltaY;
+}
+
+- (BOOL)isDirectionInvertedFromDevice {
+    return event_.scroll->isDirectionInverted;
+}
+
 @end
 
 namespace {
@@ -53,6 +93,23 @@ tavrin::Subscription modelledKeysFor(NSEvent* (^handler)(NSEvent*)) {
     });
 }
 
+tavrin::Subscription modelledCopiesFor(unsigned long long mask, void (^handler)(NSEvent*)) {
+    return answeringMac()->eventMonitors.watch(mask, [handler](const tavrin::WatchedEvent& event) {
+        TavrinWatchedEvent* copy = [[TavrinWatchedEvent alloc] init];
+        copy->event_ = event;
+        handler((NSEvent*)(id)copy);
+    });
+}
+
+NSPoint (*mouseLocationBefore)(id, SEL);
+
+NSPoint mouseLocation(id self, SEL selector) {
+    if (!answeringMac()) return mouseLocationBefore(self, selector);
+    const auto place = answeringMac()->eventMonitors.pointerLocation();
+    NSScreen* primary = NSScreen.screens.firstObject;
+    return NSMakePoint(place.x, NSMaxY(primary.frame) - place.y);
+}
+
 } // namespace
 
 @interface TavrinEventMonitors : NSObject
@@ -61,10 +118,10 @@ tavrin::Subscription modelledKeysFor(NSEvent* (^handler)(NSEvent*)) {
 @implementation TavrinEventMonitors
 
 + (void)load {
-    const Method method = class_getInstanceMethod(objc_getClass("NSApplication"), @selector(sendEvent:));
-    const IMP before =
-        method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void*>(sendEvent)));
-    sendEventBefore = reinterpret_cast<void (*)(id, SEL, NSEvent*)>(reinterpret_cast<void*>(before));
+    sendEventBefore = tavrinReplaced(
+        class_getInstanceMethod(objc_getClass("NSApplication"), @selector(sendEvent:)), sendEvent);
+    mouseLocationBefore =
+        tavrinReplaced(class_getClassMethod(objc_getClass("NSEvent"), @selector(mouseLocation)), mouseLocation);
 }
 
 @end
@@ -92,19 +149,21 @@ tavrin::Subscription modelledKeysFor(NSEvent* (^handler)(NSEvent*)) {
     monitor.mask = mask;
     monitor.handler = handler;
     if (answeringMac())
-        monitor->modelledKeys_ = modelledKeysFor(monitor.handler);
+        monitor->modelled_ = modelledKeysFor(monitor.handler);
     else
         [monitors() addObject:monitor];
     return monitor;
 }
 
 + (id)addGlobalMonitorForEventsMatchingMask:(unsigned long long)mask handler:(void (^)(NSEvent*))handler {
-    return [[NSObject alloc] init];
+    TavrinEventMonitor* monitor = [[TavrinEventMonitor alloc] init];
+    if (answeringMac()) monitor->modelled_ = modelledCopiesFor(mask, handler);
+    return monitor;
 }
 
 + (void)removeMonitor:(id)monitor {
     if ([monitor isKindOfClass:TavrinEventMonitor.class])
-        static_cast<TavrinEventMonitor*>(monitor)->modelledKeys_.cancel();
+        static_cast<TavrinEventMonitor*>(monitor)->modelled_.cancel();
     [monitors() removeObject:monitor];
 }
 

@@ -1,7 +1,11 @@
-// What Foundation and the workspace have and GNUstep lacks.
+// What Foundation has and GNUstep lacks.
+#include "answering_mac.h"
+#include "platform/text.h"
+
 #import <AppKit/AppKit.h>
 
 #undef alphanumericCharacterSet
+#undef localizedCaseInsensitiveCompare
 @implementation NSCharacterSet (TavrinShim)
 
 + (NSCharacterSet*)tavrinAlphanumeric {
@@ -9,9 +13,30 @@
 }
 
 @end
+
+namespace {
+
+/// Folds and compares as the Mac that answers.
+NSString* modelledFolding(NSString* text, NSUInteger options) {
+    const auto& modelled = answeringMac()->text;
+    const auto folded = options & NSWidthInsensitiveSearch
+                            ? modelled.foldingCaseDiacriticsAndWidth(text.UTF8String)
+                            : modelled.foldingCaseAndDiacritics(text.UTF8String);
+    return [NSString stringWithUTF8String:folded.c_str()];
+}
+
+} // namespace
+
 @implementation NSString (TavrinShim)
 
+- (NSComparisonResult)tavrinCompare:(NSString*)other {
+    if (!answeringMac()) return [self localizedCaseInsensitiveCompare:other];
+    const auto order = answeringMac()->text.compareIgnoringCase(self.UTF8String, other.UTF8String);
+    return order < 0 ? NSOrderedAscending : order > 0 ? NSOrderedDescending : NSOrderedSame;
+}
+
 - (NSString*)stringByFoldingWithOptions:(NSUInteger)options locale:(NSLocale*)locale {
+    if (answeringMac()) return modelledFolding(self, options);
     // GNUstep folds nothing; decomposing and leaving the marks out comes near enough.
     NSMutableString* folded = [NSMutableString string];
     NSString* apart = options & 128 ? [self decomposedStringWithCompatibilityMapping] : self;
@@ -20,44 +45,6 @@
         if (unit < 0x300 || unit > 0x36F) [folded appendFormat:@"%C", unit];
     }
     return folded.lowercaseString;
-}
-
-@end
-@implementation NSProcessInfo (TavrinShim)
-
-- (NSTimeInterval)tavrinUptime {
-    return static_cast<double>(clock_gettime_nsec_np(CLOCK_UPTIME_RAW)) / 1e9;
-}
-
-- (NSOperatingSystemVersion)operatingSystemVersion {
-    return {15, 5, 0};
-}
-
-- (id<NSObject>)beginActivityWithOptions:(unsigned long long)options reason:(NSString*)reason {
-    return self;
-}
-
-@end
-@implementation NSWorkspace (TavrinShim)
-
-- (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier {
-    return nil;
-}
-
-- (BOOL)accessibilityDisplayShouldReduceMotion {
-    return NO;
-}
-
-- (NSRunningApplication*)menuBarOwningApplication {
-    return NSRunningApplication.currentApplication;
-}
-
-@end
-#undef runningApplicationWithProcessIdentifier
-@implementation NSRunningApplication (TavrinShim)
-
-+ (NSRunningApplication*)tavrinRunningWithProcess:(pid_t)process {
-    return [self runningApplicationWithProcessIdentifier:process];
 }
 
 @end

@@ -160,12 +160,6 @@ bool CGPreflightPostEventAccess(void) { return answeringMac() && answeringMac()-
 
 CGDirectDisplayID CGMainDisplayID(void) { return 1; }
 
-CFDictionaryRef CGSessionCopyCurrentDictionary(void) {
-    return nullptr;
-} // as for a process that nobody logged in
-
-boolean_t CGDisplayIsAsleep(CGDirectDisplayID) { return NO; }
-
 CGError CGDisplayHideCursor(CGDirectDisplayID) {
     if (answeringMac()) answeringMac()->events.hideCursor();
     return kCGErrorSuccess;

@@ -1,7 +1,7 @@
 // Status items: each a small window at the upper right, the newest leftmost.
+#include "answering_mac.h"
 #include "hung.h"
-
-#import <AppKit/AppKit.h>
+#include "modelled_items.h"
 
 static NSMutableArray* itemsShown() {
     static NSMutableArray* all = [NSMutableArray array];
@@ -59,6 +59,7 @@ HUNG(NSString*, autosaveName, setAutosaveName)
 }
 
 - (NSStatusItem*)statusItemWithLength:(CGFloat)length {
+    if (answeringMac()) return tavrinModelledItem(length);
     NSStatusItem* item = [[NSStatusItem alloc] init];
     NSWindow* window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 28, 24)
                                                    styleMask:NSBorderlessWindowMask
@@ -79,6 +80,7 @@ HUNG(NSString*, autosaveName, setAutosaveName)
 }
 
 - (void)removeStatusItem:(NSStatusItem*)item {
+    if (tavrinRemovedModelled(item)) return;
     [(NSWindow*)tavrinHung(item, "window") orderOut:nil];
     [itemsShown() removeObject:item];
     arrange();

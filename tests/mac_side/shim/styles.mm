@@ -1,5 +1,6 @@
 // Fonts, colours, symbols and pictures that AppKit has and GNUstep lacks. A symbol is drawn as a box with the
 // first letter of its name.
+#include "answering_mac.h"
 #include "hung.h"
 
 #import <AppKit/AppKit.h>
@@ -60,8 +61,11 @@ const NSFontTextStyle NSFontTextStyleSubheadline = @"subheadline";
 
 @end
 
+// GNUstep draws on a screen, and those of the Mac that answers aren't its own.
 static NSImage* drawn(NSString* name, CGFloat side) {
     NSImage* image = [[NSImage alloc] initWithSize:NSMakeSize(side, side)];
+    tavrinHang(image, "symbol", name);
+    if (answeringMac()) return image;
     [image lockFocus];
     [[NSColor colorWithCalibratedRed:0.3 green:0.3 blue:0.5 alpha:1] set];
     [[NSBezierPath bezierPathWithRoundedRect:NSMakeRect(1, 1, side - 2, side - 2) xRadius:3
@@ -70,7 +74,6 @@ static NSImage* drawn(NSString* name, CGFloat side) {
     [letter drawAtPoint:NSMakePoint(side / 2 - side / 4, 0)
          withAttributes:@{NSFontAttributeName : [NSFont systemFontOfSize:side * 0.7]}];
     [image unlockFocus];
-    tavrinHang(image, "symbol", name);
     return image;
 }
 @implementation NSImage (TavrinShim)

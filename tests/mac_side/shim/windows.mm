@@ -1,9 +1,9 @@
-// What the application, windows, screens and menus of AppKit have and GNUstep lacks.
+// What windows, screens and menus of AppKit have and GNUstep lacks.
 #include "hung.h"
+#include "replaced.h"
 
 #import <AppKit/AppKit.h>
 #include <CoreFoundation/CoreFoundation.h>
-#include <objc/runtime.h>
 
 NSString* const NSWorkspaceActiveSpaceDidChangeNotification = @"NSWorkspaceActiveSpaceDidChangeNotification";
 NSString* const NSWorkspaceScreensDidWakeNotification = @"NSWorkspaceScreensDidWakeNotification";
@@ -40,29 +40,12 @@ void stopModal(id self, SEL selector, NSInteger code) {
 @implementation TavrinModalSessions
 
 + (void)load {
-    const Method method =
-        class_getInstanceMethod(objc_getClass("NSApplication"), @selector(stopModalWithCode:));
-    const IMP before =
-        method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void*>(stopModal)));
-    stopModalBefore = reinterpret_cast<void (*)(id, SEL, NSInteger)>(reinterpret_cast<void*>(before));
+    stopModalBefore = tavrinReplaced(
+        class_getInstanceMethod(objc_getClass("NSApplication"), @selector(stopModalWithCode:)), stopModal);
 }
 
 @end
 
-@implementation NSApplication (TavrinShim)
-
-- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy {
-    return YES;
-}
-
-- (void)yieldActivationToApplication:(NSRunningApplication*)application {
-}
-
-- (void)activate {
-    [self activateIgnoringOtherApps:YES];
-}
-
-@end
 @implementation NSWindow (TavrinShim)
 HUNG_BOOL(isRestorable, setRestorable)
 

@@ -52,7 +52,9 @@ void tavrinBeep(void);
 @interface NSCharacterSet (TavrinShim)
 + (NSCharacterSet*)tavrinAlphanumeric;
 @end
+#define localizedCaseInsensitiveCompare tavrinCompare
 @interface NSString (TavrinShim)
+- (NSComparisonResult)tavrinCompare:(NSString*)other;
 - (NSString*)stringByFoldingWithOptions:(NSUInteger)options locale:(NSLocale*)locale;
 @property(readonly, getter=isAbsolutePath) BOOL absolutePath;
 @end
@@ -67,6 +69,12 @@ typedef struct {
 @property(readonly) NSTimeInterval tavrinUptime;
 @property(readonly) NSOperatingSystemVersion operatingSystemVersion;
 - (id<NSObject>)beginActivityWithOptions:(unsigned long long)options reason:(NSString*)reason;
+@end
+#define mainBundle tavrinMainBundle
+#define bundleWithPath tavrinBundleWithPath
+@interface NSBundle (TavrinShim)
++ (NSBundle*)tavrinMainBundle;
++ (NSBundle*)tavrinBundleWithPath:(NSString*)path;
 @end
 @interface NSWorkspace (TavrinShim)
 - (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier;

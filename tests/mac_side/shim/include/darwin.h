@@ -12,6 +12,10 @@ extern "C" {
 
 static inline int pthread_main_np(void) { return getpid() == gettid(); }
 
+// The program's own process, which the Mac that answers may know by another number.
+pid_t tavrinProcess(void);
+#define getpid tavrinProcess
+
 #define CLOCK_UPTIME_RAW 8
 
 static inline uint64_t clock_gettime_nsec_np(int clock) {
@@ -24,6 +28,9 @@ static inline uint64_t clock_gettime_nsec_np(int clock) {
 #ifdef __cplusplus
 }
 #endif
+
+// Frameworks of Apple's that are looked up by their path are never there, but stood in for.
+#define dlopen tavrinOpened
 
 // Before the stand-ins for the C frameworks, which take their base types from it here.
 #ifdef __OBJC__
