@@ -51,7 +51,6 @@ target_link_libraries(mac-side-runtime PRIVATE gnustep tavrin_program)
 add_library(mac-side-platform OBJECT ${MAC_PLATFORM_SOURCES} ${SHIM_SOURCES})
 target_link_libraries(mac-side-platform PRIVATE gnustep tavrin_program)
 
-# As in tavrin-tests, whose objects ccache then has.
 add_library(mac-side-scenarios OBJECT ${SCENARIOS})
 target_include_directories(mac-side-scenarios PRIVATE tests)
 target_link_libraries(mac-side-scenarios PRIVATE mac_model GTest::gtest GTest::gtest_main)
@@ -70,6 +69,12 @@ target_link_options(mac-side-tests PRIVATE -no-pie -rdynamic
 foreach(target mac-side-platform mac-side-tests)
   target_compile_options(${target} PRIVATE -fplugin=$<TARGET_FILE:arc-plugin>)
 endforeach()
+# The sanitizers watch what only runs here: the rest has them in ./test, and would take four times as long.
+foreach(target mac-side-runtime mac-side-platform mac-side-tests)
+  target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+endforeach()
+target_link_options(mac-side-tests PRIVATE -fsanitize=address,undefined)
 # The plugin has to be there before, and another plugin makes other objects.
 set_source_files_properties(${MAC_PLATFORM_SOURCES} ${SHIM_SOURCES} ${MAC_SIDE_TESTS} PROPERTIES
   OBJECT_DEPENDS ${CMAKE_BINARY_DIR}/libarc-plugin.so)
