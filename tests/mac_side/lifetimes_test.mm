@@ -4,6 +4,8 @@
 #include "platform/application.h"
 #include "platform/keyboard.h"
 #include "platform/macos/presentation/status_items.h"
+#include "platform/macos/support/callback_gate.h"
+#include "platform/macos/support/menu.h"
 #include "platform/presentation.h"
 #include "platform/screens.h"
 #include "platform/status_items.h"
@@ -122,6 +124,41 @@ TEST_F(LifetimesTest, aStatusItemThatHasGoneTellsOfNoPress) {
     [button performClick:nil];
     turnFor(0.1);
     EXPECT_EQ(presses, 0);
+}
+
+TEST_F(LifetimesTest, aMenuThatOutlivesItsOwnerTellsOfNoChoice) {
+    int choices = 0;
+    NSMenu* menu = nil;
+    pooled([&] {
+        const macos::CallbackGate owner(platform.scheduler);
+        MenuItem entry;
+        entry.title = "Choose";
+        entry.action = [&] { ++choices; };
+        menu = macos::makeMenu({{entry}}, owner.deliver());
+        [menu performActionForItemAtIndex:0]; // chosen, and waits for its turn
+    });
+    [menu performActionForItemAtIndex:0];
+    turnFor(0.1);
+    EXPECT_EQ(choices, 0);
+}
+
+TEST_F(LifetimesTest, aMonitorOfKeysMayGoWhileItIsToldOfOne) {
+    const auto window = platform.presentation.makeWindow("Keys", [] {});
+    window->makeKeyAndOrderFront();
+    int keys = 0;
+    Subscription monitor;
+    const auto witness = std::make_shared<int>(0);
+    monitor = platform.keyboard.monitorKeyDown([&, witness](const KeyPress&) {
+        monitor.cancel();
+        ++keys;
+        return *witness == 0 ? KeyHandling::Consumed : KeyHandling::PassedOn;
+    });
+    for (int n = 0; n < 2; ++n) {
+        NSEvent* event = keyEvent(windowTitled("Keys"), spaceKey);
+        pooled([event] { [NSApp sendEvent:event]; });
+    }
+    EXPECT_EQ(keys, 1);
+    EXPECT_EQ(witness.use_count(), 1);
 }
 
 TEST_F(LifetimesTest, anObserverHearsNothingAfterItsSubscription) {

@@ -68,6 +68,8 @@ inline const Key returnKey{36, @"\r"};
 inline const Key escapeKey{53, @"\u001b"};
 inline const Key deleteKey{51, @"\u007f"};
 
+NSEvent* keyEvent(NSWindow* window, const Key& key);
+
 /// Gives the key to the window, as AppKit does.
 void press(NSWindow* window, const Key& key);
 

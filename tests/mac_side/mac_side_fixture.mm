@@ -80,17 +80,21 @@ std::string focusedName(NSWindow* window) {
     return [node shownView].accessibilityLabel;
 }
 
+NSEvent* keyEvent(NSWindow* window, const Key& key) {
+    return [NSEvent keyEventWithType:NSKeyDown
+                            location:NSZeroPoint
+                       modifierFlags:key.modifiers
+                           timestamp:0
+                        windowNumber:window.windowNumber
+                             context:nil
+                          characters:key.characters
+         charactersIgnoringModifiers:key.characters
+                           isARepeat:key.isRepeat
+                             keyCode:key.code];
+}
+
 void press(NSWindow* window, const Key& key) {
-    NSEvent* event = [NSEvent keyEventWithType:NSKeyDown
-                                      location:NSZeroPoint
-                                 modifierFlags:key.modifiers
-                                     timestamp:0
-                                  windowNumber:window.windowNumber
-                                       context:nil
-                                    characters:key.characters
-                   charactersIgnoringModifiers:key.characters
-                                     isARepeat:key.isRepeat
-                                       keyCode:key.code];
+    NSEvent* event = keyEvent(window, key);
     if (![window performKeyEquivalent:event]) [window sendEvent:event];
 }
 

@@ -18,6 +18,29 @@
 
 @end
 
+/// A drag that is over a view, with what it carries: GNUstep's own needs a server of pasteboards and a real
+/// mouse.
+@interface FakeDrag : NSObject
+@property(strong) id draggingSource;
+@property(copy) NSString* carried;
+@end
+
+@implementation FakeDrag
+
+- (FakeDrag*)draggingPasteboard {
+    return self;
+}
+
+- (NSString*)stringForType:(NSString*)type {
+    return self.carried;
+}
+
+- (NSPoint)draggingLocation {
+    return NSZeroPoint;
+}
+
+@end
+
 namespace mac_side {
 
 namespace {
@@ -163,6 +186,24 @@ TEST_F(ViewsTest, aContextMenuNamesTheActionsAndPerformsThem) {
     [menu performActionForItemAtIndex:1];
     EXPECT_TRUE(log.pressed.empty());
     EXPECT_TRUE(wasPressed("show Row 4"));
+}
+
+TEST_F(ViewsTest, aRowTakesWhatThisProgramDropsOnIt) {
+    TavrinViewNode* row = nodeNamed(window, "Row 1");
+    EXPECT_EQ(row.registeredDraggedTypes.count, 1u);
+    FakeDrag* drag = [[FakeDrag alloc] init];
+    drag.carried = @"Row 3";
+    const auto info = (id<NSDraggingInfo>)drag;
+    EXPECT_EQ([row draggingEntered:info], NSDragOperationNone) << "from another program";
+    EXPECT_FALSE([row performDragOperation:info]);
+    drag.draggingSource = surfaceIn(window);
+    EXPECT_EQ([row draggingEntered:info], NSDragOperationMove);
+    EXPECT_EQ([row draggingUpdated:info], NSDragOperationMove);
+    EXPECT_TRUE([row performDragOperation:info]);
+    EXPECT_TRUE(log.dropped.empty()) << "not within the drag";
+    EXPECT_TRUE(until([this] { return !log.dropped.empty(); }));
+    EXPECT_EQ(log.dropped, std::vector<std::string>{"Row 3 on Row 1"});
+    EXPECT_EQ(nodeOf<kinds::Button>(window).registeredDraggedTypes.count, 0u);
 }
 
 TEST_F(ViewsTest, theWindowAloneSetsTheFrameOfItsContentView) {

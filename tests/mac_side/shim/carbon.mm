@@ -1,6 +1,7 @@
 // Carbon's hot keys and keyboard layouts, those of the modelled Mac.
 #include "answering_mac.h"
 #include "platform/hot_keys.h"
+#include "told.h"
 
 #import <AppKit/AppKit.h>
 #include <Carbon/Carbon.h>
@@ -54,6 +55,7 @@ EventTargetRef GetApplicationEventTarget(void) { return nullptr; }
 
 OSStatus InstallEventHandler(EventTargetRef, EventHandlerUPP handler, ItemCount, const EventTypeSpec*,
                              void* userData, EventHandlerRef* installed) {
+    if (const auto* told = toldFor(__func__)) return told->status;
     auto made = std::make_unique<OpaqueEventHandlerRef>();
     if (answeringMac()) made->installed = install(handler, userData);
     if (answeringMac() && !made->installed) return parameterError;
@@ -68,6 +70,7 @@ OSStatus RemoveEventHandler(EventHandlerRef handler) {
 
 OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType wanted, EventParamType*,
                            ByteCount capacity, ByteCount*, void* data) {
+    if (const auto* told = toldFor(__func__)) return told->status;
     if (name != kEventParamDirectObject || wanted != typeEventHotKeyID || capacity < sizeof(EventHotKeyID))
         return parameterError;
     *static_cast<EventHotKeyID*>(data) = event->identifier;
@@ -76,6 +79,7 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType w
 
 OSStatus RegisterEventHotKey(UInt32 key, UInt32 modifiers, EventHotKeyID identifier, EventTargetRef,
                              OptionBits, EventHotKeyRef* registered) {
+    if (const auto* told = toldFor(__func__)) return told->status;
     auto made = std::make_unique<OpaqueEventHotKeyRef>();
     if (answeringMac()) {
         auto result =
@@ -93,6 +97,7 @@ OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey) {
 }
 
 OSStatus CopySymbolicHotKeys(CFArrayRef* hotKeys) {
+    if (const auto* told = toldFor(__func__)) return told->give(hotKeys);
     NSMutableArray* list = [NSMutableArray array];
     if (answeringMac())
         for (const auto& hotKey : answeringMac()->hotKeys.symbolicHotKeys())
@@ -107,14 +112,19 @@ const CFStringRef kTISPropertyUnicodeKeyLayoutData =
     (__bridge CFStringRef) @"TISPropertyUnicodeKeyLayoutData";
 
 TISInputSourceRef TISCopyCurrentKeyboardLayoutInputSource(void) {
+    if (const auto* told = toldFor(__func__)) return (TISInputSourceRef)told->retained();
     if (!answeringMac()) return nullptr;
     return (TISInputSourceRef)(__bridge_retained void*)[[NSObject alloc] init];
 }
 
-void* TISGetInputSourceProperty(TISInputSourceRef, CFStringRef) { return (__bridge void*)layoutData(); }
+void* TISGetInputSourceProperty(TISInputSourceRef, CFStringRef) {
+    if (const auto* told = toldFor(__func__)) return (__bridge void*)told->value;
+    return (__bridge void*)layoutData();
+}
 
 OSStatus UCKeyTranslate(const UCKeyboardLayout*, UInt16 key, UInt16, UInt32, UInt32, UInt32, UInt32*,
                         UniCharCount capacity, UniCharCount* count, UniChar* units) {
+    if (const auto* told = toldFor(__func__)) return told->status;
     if (!answeringMac()) return parameterError;
     NSString* character = [NSString stringWithUTF8String:answeringMac()->keyboard.character(key).c_str()];
     *count = std::min<UniCharCount>(character.length, capacity);

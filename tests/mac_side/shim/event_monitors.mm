@@ -1,7 +1,8 @@
 // Monitors of the events that the application sends to its windows. While a modelled Mac answers: of the keys
 // that its program gets, and copies of what its person does elsewhere.
-#include "answering_mac.h"
 #include "platform/event_monitors.h"
+
+#include "answering_mac.h"
 #include "platform/keyboard.h"
 #include "replaced.h"
 
@@ -120,8 +121,8 @@ NSPoint mouseLocation(id self, SEL selector) {
 + (void)load {
     sendEventBefore = tavrinReplaced(
         class_getInstanceMethod(objc_getClass("NSApplication"), @selector(sendEvent:)), sendEvent);
-    mouseLocationBefore =
-        tavrinReplaced(class_getClassMethod(objc_getClass("NSEvent"), @selector(mouseLocation)), mouseLocation);
+    mouseLocationBefore = tavrinReplaced(
+        class_getClassMethod(objc_getClass("NSEvent"), @selector(mouseLocation)), mouseLocation);
 }
 
 @end

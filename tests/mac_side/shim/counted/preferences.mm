@@ -1,6 +1,7 @@
 // CFPreferences over those of the modelled Mac, or over GNUstep's user defaults, whose domains have no host.
 #include "../answering_mac.h"
 #include "../cf_types.h"
+#include "../told.h"
 #include "platform/defaults.h"
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -114,6 +115,7 @@ extern "C" {
 
 CFPropertyListRef CFPreferencesCopyValue(CFStringRef key, CFStringRef application, CFStringRef,
                                          CFStringRef host) {
+    if (const auto* told = toldFor(__func__)) return (CFPropertyListRef)told->retained();
     if (modelled()) {
         const auto stored = modelled()->value(modelledDomain(application, host), [(NSString*)key UTF8String]);
         return stored ? [listFor(*stored) retain] : nullptr;
@@ -138,6 +140,7 @@ void CFPreferencesSetValue(CFStringRef key, CFPropertyListRef value, CFStringRef
 }
 
 CFArrayRef CFPreferencesCopyKeyList(CFStringRef application, CFStringRef, CFStringRef host) {
+    if (const auto* told = toldFor(__func__)) return (CFArrayRef)told->retained();
     if (modelled()) {
         NSMutableArray* keys = [NSMutableArray array];
         for (const auto& key : modelled()->keys(modelledDomain(application, host)))
