@@ -4,6 +4,7 @@
 #include "platform/macos/support/apple.h"
 
 #include <memory>
+#include <unistd.h>
 
 @interface TavrinApplicationDelegate : NSObject <NSApplicationDelegate>
 - (instancetype)initWithDelegate:(tavrin::ApplicationDelegate*)delegate;
@@ -48,6 +49,17 @@
 
 namespace {
 
+/// Whether this user has a running copy, from another place or by "open -n": two would drag each other's
+/// items. What Info.plist can say of that would keep out the Mac's other users, too.
+bool isAlreadyRunning() {
+    NSString* bundle = NSBundle.mainBundle.bundleIdentifier;
+    if (!bundle) return false;
+    for (NSRunningApplication* running in
+         [NSRunningApplication runningApplicationsWithBundleIdentifier:bundle])
+        if (running.processIdentifier != getpid() && running.finishedLaunching) return true;
+    return false;
+}
+
 /// The program is in the background when it drags an item, and counts on waits of hundredths of a second:
 /// macOS must not put it to sleep meanwhile. An idle program costs nothing by this, and the computer may
 /// still sleep.
@@ -62,6 +74,7 @@ id<NSObject> keepTimersPunctual() {
 /// removed would lose its place in the menu bar.
 int main() {
     @autoreleasepool {
+        if (isAlreadyRunning()) return 0;
         NSApplication* application = NSApplication.sharedApplication;
         application.mainMenu = tavrin::macos::makeMainMenu();
         tavrin::macos::MacPlatform mac;

@@ -73,7 +73,10 @@ void PinnedActionsController::run(const Uuid& id) {
     const auto pin = store_.pin(id);
     if (!pin || !accepts(id)) return;
     if (runningPinID_.get()) return tellThatAnotherRuns(*pin);
-    if (confirmation_) return confirmation_->bringToFront();
+    if (confirmation_) {
+        platform_.application.activate();
+        return confirmation_->bringToFront();
+    }
     permission_.refresh();
     if (!permission_.isTrusted())
         return report(*pin, PinnedRunFailure{PinnedRunFailure::AccessibilityDenied{}});

@@ -48,6 +48,7 @@ void stopModal(id self, SEL selector, NSInteger code) {
 
 @implementation NSWindow (TavrinShim)
 HUNG_BOOL(isRestorable, setRestorable)
+HUNG_BOOL(preventsApplicationTerminationWhenModal, setPreventsApplicationTerminationWhenModal)
 
 - (NSUInteger)occlusionState {
     return self.isVisible ? NSWindowOcclusionStateVisible : 0;

@@ -20,7 +20,8 @@ NSAlert* makeAlert(const AlertQuestion& question) {
     alert.messageText = localized(question.messageText);
     alert.informativeText = localized(question.informativeText);
     for (const auto& button : question.buttons) [alert addButtonWithTitle:localized(button)];
-    if (question.icon) alert.icon = imageOf(*question.icon); // nil means the program's own
+    if (question.icon) alert.icon = imageOf(*question.icon);   // nil means the program's own
+    alert.window.preventsApplicationTerminationWhenModal = NO; // it would hold up the user's logout
     return alert;
 }
 
@@ -55,6 +56,9 @@ MacAlert::~MacAlert() {
     if (NSApp.modalWindow == alert_.window) [NSApp abortModal];
 }
 
-void MacAlert::bringToFront() { [alert_.window makeKeyAndOrderFront:nil]; }
+void MacAlert::bringToFront() {
+    [alert_.window orderFrontRegardless]; // also when macOS declines to make this program active
+    [alert_.window makeKeyAndOrderFront:nil];
+}
 
 } // namespace tavrin::macos

@@ -42,7 +42,6 @@ class MacPopover final : public Popover {
     Subscription activations_;
     id outsidePresses_ = nil; // the monitor's token while it is shown
     __weak NSStatusBarButton* litButton_ = nil;
-    NSScreen* screen_ = nil;          // that of the item; nil before it is first shown
     NSStatusBarButton* button_ = nil; // of the item
     NSRect areaInButton_{};
     Rect areaOnScreen_; // where that was when the popover was last at its item

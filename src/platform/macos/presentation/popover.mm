@@ -80,7 +80,8 @@ void MacPopover::setContent(View content) {
 }
 
 void MacPopover::layOut() {
-    NSScreen* screen = screen_ ? screen_ : NSScreen.mainScreen;
+    NSScreen* screen = button_.window.screen;
+    if (!screen) screen = NSScreen.mainScreen;
     const double heightMax = screen ? NSHeight(screen.visibleFrame) - edgeMargin : heightUnlimited;
     const NSSize size = renderer_.layOut(popoverWidthMax, heightMax);
     if (!renderer_.surface().window) [renderer_.surface() setFrameSize:size]; // later the popover does
@@ -106,10 +107,9 @@ void MacPopover::takePlace() {
 bool MacPopover::show(StatusItem& item, Rect area) {
     NSStatusBarButton* button = buttonOf(item);
     if (!button.window) return false;
-    screen_ = button.window.screen;
+    button_ = button;
     layOut();
     popover_.animates = !isMotionReduced();
-    button_ = button;
     areaOnScreen_ = area;
     areaInButton_ = rectInButton(button, area);
     [popover_ showRelativeToRect:areaInButton_ ofView:button preferredEdge:NSRectEdgeMinY];

@@ -51,11 +51,14 @@ void MacPresentation::popUp(Menu menu, StatusItem& item, Rect area) {
     assertMainThread();
     NSStatusBarButton* button = buttonOf(item);
     NSMenu* shown = makeMenu(menu, menuGate_.deliver());
-    [NSTimer scheduledTimerWithTimeInterval:0
-                                    repeats:NO
-                                      block:^(NSTimer*) {
-                                          track(shown, button, area);
-                                      }];
+    NSTimer* timer = [NSTimer timerWithTimeInterval:0
+                                            repeats:NO
+                                              block:^(NSTimer*) {
+                                                  track(shown, button, area);
+                                              }];
+    // Also while an alert is open, and not while another menu is.
+    for (NSRunLoopMode mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode ])
+        [NSRunLoop.mainRunLoop addTimer:timer forMode:mode];
 }
 
 } // namespace tavrin::macos

@@ -11,7 +11,7 @@ using tavrin::macos::Deliver;
 
 namespace {
 
-constexpr NSTimeInterval eventAgeMax = 0.5;
+constexpr NSTimeInterval eventAgeMax = 2; // the main thread may be late
 
 /// The right button, or the left one while Control is held. A press through Accessibility comes without an
 /// event and is a left one: the event is then whatever the user did last.

@@ -1,6 +1,7 @@
 #include "platform/macos/system/application.h"
 
 #include "platform/macos/support/conversions.h"
+#include "platform/macos/support/key_window.h"
 #include "platform/macos/support/main_thread.h"
 #include "platform/macos/support/notices.h"
 
@@ -74,7 +75,7 @@ Subscription MacApplication::onDidBecomeActive(std::function<void()> handler) {
 /// While a menu is open the main run loop is in the mode that is named for tracking events.
 bool MacApplication::takesKeys() const {
     assertMainThread();
-    return NSApp.keyWindow || hasWindowForKeys() ||
+    return !areKeysFree() || hasWindowForKeys() ||
            [NSRunLoop.mainRunLoop.currentMode isEqualToString:NSEventTrackingRunLoopMode];
 }
 

@@ -76,7 +76,8 @@ bool MacWorkspace::activate(ProcessIdentifier process) {
     if (!running) return false;
     // Since macOS 14 the active application has to agree that another takes its place.
     if (@available(macOS 14.0, *)) [NSApp yieldActivationToApplication:running];
-    return [running activateWithOptions:NSApplicationActivateAllWindows];
+    // Its main and its key window come forward. All of them would change the order that the user has made.
+    return [running activateWithOptions:static_cast<NSApplicationActivationOptions>(0)];
 }
 
 bool MacWorkspace::openUrl(std::string_view url) {

@@ -92,10 +92,10 @@ NSView* makeControl(const View& view, id target) {
         view, [](const kinds::Text&) -> NSView* { return makeLabel(); },
         [](const OneOf<kinds::Symbol, kinds::Icon> auto&) -> NSView* { return makePicture(); },
         [=](const kinds::Button&) -> NSView* {
-            return [NSButton buttonWithTitle:@"" target:target action:press];
+            return [TavrinPushButton buttonWithTitle:@"" target:target action:press];
         },
         [=](const kinds::Checkbox&) -> NSView* {
-            return [NSButton checkboxWithTitle:@"" target:target action:press];
+            return [TavrinPushButton checkboxWithTitle:@"" target:target action:press];
         },
         [=](const kinds::ShortcutRecorder&) -> NSView* {
             return [TavrinRecorderButton buttonWithTitle:@"" target:target action:press];

@@ -50,6 +50,8 @@ using tavrin::macos::ShownView;
 }
 
 - (void)showView:(ShownView)view {
+    // A press that has begun doesn't drag what has taken its place.
+    if (view_ && view_->dragValue != view->dragValue) self.pressedAt = std::nullopt;
     view_ = std::move(view);
     [self showChildViews];
     if (self.innerControl) tavrin::macos::dressControl(self.innerControl, *view_);

@@ -9,6 +9,28 @@
 using tavrin::macos::Deliver;
 using tavrin::macos::ShownView;
 
+namespace {
+
+/// Set while trees are being taken up. A fault that ends that drops the trees that wait.
+class TakingUp {
+  public:
+    TakingUp(BOOL& isTakingUp, ShownView& next) : isTakingUp_(isTakingUp), next_(next) { isTakingUp_ = YES; }
+
+    TakingUp(const TakingUp&) = delete;
+    TakingUp& operator=(const TakingUp&) = delete;
+
+    ~TakingUp() {
+        isTakingUp_ = NO;
+        next_ = nullptr;
+    }
+
+  private:
+    BOOL& isTakingUp_;
+    ShownView& next_;
+};
+
+} // namespace
+
 TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
     while (view && ![view isKindOfClass:TavrinSurfaceView.class]) view = view.superview;
     return static_cast<TavrinSurfaceView*>(view);
@@ -43,9 +65,8 @@ TavrinSurfaceView* tavrin::macos::surfaceAround(NSView* view) {
 - (void)showView:(ShownView)view {
     next_ = std::move(view);
     if (_isTakingUp) return;
-    _isTakingUp = YES;
+    const TakingUp sign(_isTakingUp, next_);
     while (next_) [self takeUp:std::exchange(next_, nullptr)];
-    _isTakingUp = NO;
 }
 
 - (void)takeUp:(ShownView)view {

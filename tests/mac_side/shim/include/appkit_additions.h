@@ -180,6 +180,7 @@ typedef NSString* NSAccessibilityRole;
 @end
 @interface NSWindow (TavrinShim)
 @property(getter=isRestorable) BOOL restorable;
+@property BOOL preventsApplicationTerminationWhenModal;
 @property(strong) __kindof NSView* contentView;
 @property(readonly, getter=isVisible) BOOL visible;
 @property(readonly) NSUInteger occlusionState;

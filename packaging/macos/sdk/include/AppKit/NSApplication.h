@@ -15,6 +15,7 @@ typedef NS_ENUM(NSUInteger, NSApplicationTerminateReply) {
 
 APPKIT_EXTERN NSApplication *NSApp;
 APPKIT_EXTERN const NSRunLoopMode NSEventTrackingRunLoopMode;
+APPKIT_EXTERN const NSRunLoopMode NSModalPanelRunLoopMode;
 APPKIT_EXTERN const NSNotificationName NSApplicationDidBecomeActiveNotification;
 APPKIT_EXTERN const NSNotificationName NSApplicationDidChangeScreenParametersNotification;
 

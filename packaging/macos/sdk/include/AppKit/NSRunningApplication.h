@@ -20,6 +20,8 @@ typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions) {
 @property (readonly, strong) NSImage *icon;
 @property (readonly) NSApplicationActivationPolicy activationPolicy;
 @property (readonly) pid_t processIdentifier;
+@property (readonly, getter=isFinishedLaunching) BOOL finishedLaunching;
 + (instancetype)runningApplicationWithProcessIdentifier:(pid_t)process;
++ (NSArray<NSRunningApplication *> *)runningApplicationsWithBundleIdentifier:(NSString *)identifier;
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
 @end

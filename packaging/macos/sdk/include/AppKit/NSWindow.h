@@ -38,6 +38,7 @@ APPKIT_EXTERN const NSNotificationName NSWindowDidResignKeyNotification;
 @interface NSWindow : NSResponder
 @property BOOL autorecalculatesKeyViewLoop;
 @property (copy) NSColor *backgroundColor;
+@property BOOL preventsApplicationTerminationWhenModal;
 @property NSWindowCollectionBehavior collectionBehavior;
 @property (strong) NSView *contentView;
 @property (weak) id<NSWindowDelegate> delegate;
