@@ -20,8 +20,8 @@ std::vector<Check> allChecks(const Surroundings& surroundings) {
     append(all, defaultsChecks(surroundings));
     append(all, eventsChecks());
     append(all, hotKeysChecks(surroundings));
-    for (auto* family : {keyboardChecks, loginItemChecks, statusItemsChecks, itemOrderChecks,
-                         itemAccessChecks, presentationChecks, guidedChecks})
+    for (auto* family : {visibilityChecks, keyboardChecks, loginItemChecks, statusItemsChecks,
+                         itemOrderChecks, itemAccessChecks, presentationChecks, guidedChecks})
         append(all, family());
     return all;
 }

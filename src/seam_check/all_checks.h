@@ -19,6 +19,7 @@ std::vector<Check> defaultsChecks(const Surroundings&);
 std::vector<Check> eventsChecks();
 std::vector<Check> hotKeysChecks(const Surroundings&);
 std::vector<Check> keyboardChecks();
+std::vector<Check> visibilityChecks();
 std::vector<Check> loginItemChecks();
 std::vector<Check> statusItemsChecks();
 std::vector<Check> itemOrderChecks();

@@ -83,6 +83,7 @@ class MacVisibilityAssertion final : public VisibilityAssertion {
                             completionHandler:^(NSError* error) {
                                 answer(error ? std::optional(toString(error.description)) : std::nullopt);
                             }];
+        isActivated_ = true;
         configuration_ = nil;
     }
 
@@ -91,13 +92,14 @@ class MacVisibilityAssertion final : public VisibilityAssertion {
   private:
     void end() {
         assertMainThread();
-        [assertion_ invalidate];
+        if (isActivated_) [assertion_ invalidate];
         assertion_ = nil;
         configuration_ = nil;
     }
 
     id configuration_;
     id<TavrinAssessmentAssertion> assertion_;
+    bool isActivated_ = false; // nobody has said what the end of another one does
 };
 
 } // namespace
