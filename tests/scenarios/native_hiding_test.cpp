@@ -232,6 +232,18 @@ TEST(NativeHiding, shownStateAndListAgreeAfterAnyStorm) {
     }
 }
 
+TEST(NativeHiding, staysAtItsEndUntilTheAnswerThatIsDue) {
+    auto mac = started(mac27());
+    answerWith(mac, VisibilityService::Accepts, 2);
+    clickControl(mac);
+    mac.wait(0.1);
+    mac.terminate();
+    mac.wait(1.5);
+    EXPECT_TRUE(mac.look()["world"]["running"]) << "nobody would lift a list that comes into force later";
+    mac.wait(0.5);
+    EXPECT_FALSE(mac.look()["world"]["running"]);
+}
+
 TEST(NativeHiding, doesNotHideWhileConfigureOpensAtTheStart) {
     auto mac = started(mac27(setUp({radio}, {{"Skerrow.shouldStartCollapsed", true}})), 0.3);
     mac.rightClickItem(tavrinBundle);
