@@ -6,7 +6,8 @@ void AccessibilityActions::perform(const ElementKey& key, std::string_view actio
     using Kind = ElementKey::Kind;
     const bool isEntry = key.kind == Kind::StatusEntry || key.kind == Kind::TitleEntry;
     const bool isPress = action != "AXCancel";
-    if (key.kind == Kind::StatusItem) return actOn(StatusItemIdentifier{key.owner}, action);
+    if (key.kind == Kind::StatusItem || key.kind == Kind::HostedItem)
+        return actOn(StatusItemIdentifier{key.owner}, action);
     if (key.kind == Kind::Title && isPress) return pressTitle(key.process, key.owner);
     if (isEntry && isPress) return pressEntry(key);
     cancelMenuOf(key);

@@ -33,6 +33,7 @@ std::optional<ElementKey> ApplicationBranch::parent(const ElementKey& key) const
 std::optional<Branch::Keys> ApplicationBranch::children(const ElementKey& key) const {
     Keys found;
     if (key.kind == Kind::Application) {
+        found = agent_.windowsOf(key.process);
         if (hasMenuBar(key)) found.push_back(childOf(key, Kind::MenuBar, 0));
         if (!extras_.itemsOf(key.process).empty()) found.push_back(childOf(key, Kind::ExtrasBar, 0));
     } else if (key.kind == Kind::MenuBar) {
@@ -60,6 +61,7 @@ AttributeResult ApplicationBranch::attribute(const ElementKey& key, std::string_
 AttributeResult ApplicationBranch::ofApplication(const ElementKey& key, std::string_view name) const {
     if (name == "AXTitle") return process(key).application.name;
     if (name == "AXRoleDescription") return std::string("application");
+    if (name == "AXWindows") return windows(key);
     if (name == "AXFrontmost") return processes_.frontmost() == &process(key);
     if (name == "AXMenuBar")
         return hasMenuBar(key) ? AttributeResult(elementFor(withKind(key, Kind::MenuBar))) : noValue();
@@ -71,6 +73,12 @@ AttributeResult ApplicationBranch::extrasBar(const ElementKey& key) const {
     if (isThereWhenEmpty || !extras_.itemsOf(key.process).empty())
         return elementFor(withKind(key, Kind::ExtrasBar));
     return uncertainties_.emptyExtras == EmptyExtras::NoValue ? noValue() : unsupported();
+}
+
+/// Those of others aren't modelled.
+AttributeResult ApplicationBranch::windows(const ElementKey& key) const {
+    const auto keys = agent_.windowsOf(key.process);
+    return keys.empty() ? unsupported() : elements(keys);
 }
 
 AttributeResult ApplicationBranch::ofTitle(const ElementKey& key, std::string_view name) const {

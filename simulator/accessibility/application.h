@@ -1,5 +1,6 @@
 #pragma once
 
+#include "accessibility/agent.h"
 #include "accessibility/branch.h"
 #include "accessibility/extras.h"
 #include "accessibility/menu_contents.h"
@@ -15,10 +16,11 @@ namespace mac_model {
 class ApplicationBranch final : public Branch {
   public:
     ApplicationBranch(const ProcessTable& processes, const ScreensModel& screens, const ExtrasBranch& extras,
-                      const MenuContents& menus, const Uncertainties& uncertainties)
+                      const AgentBranch& agent, const MenuContents& menus, const Uncertainties& uncertainties)
         : processes_(processes)
         , screens_(screens)
         , extras_(extras)
+        , agent_(agent)
         , menus_(menus)
         , uncertainties_(uncertainties) {}
 
@@ -37,11 +39,13 @@ class ApplicationBranch final : public Branch {
     std::uint64_t titleCount(const ElementKey&) const;
     AttributeResult ofApplication(const ElementKey&, std::string_view name) const;
     AttributeResult extrasBar(const ElementKey&) const;
+    AttributeResult windows(const ElementKey&) const;
     AttributeResult ofTitle(const ElementKey&, std::string_view name) const;
 
     const ProcessTable& processes_;
     const ScreensModel& screens_;
     const ExtrasBranch& extras_;
+    const AgentBranch& agent_;
     const MenuContents& menus_;
     const Uncertainties& uncertainties_;
 };

@@ -31,6 +31,12 @@ AttributeResult unsupported() { return std::unexpected(Error::AttributeUnsupport
 
 AttributeResult noValue() { return std::unexpected(Error::NoValue); }
 
+AttributeResult elements(const Branch::Keys& keys) {
+    std::vector<AccessibilityElement> list;
+    for (const auto& key : keys) list.push_back(elementFor(key));
+    return AttributeValue(std::move(list));
+}
+
 AttributeResult textOrNone(const std::string& text) {
     return text.empty() ? noValue() : AttributeResult(text);
 }

@@ -49,6 +49,7 @@ ElementKey outOfPath(ElementKey, ElementKey::Kind);
 
 AttributeResult unsupported();
 AttributeResult noValue();
+AttributeResult elements(const Branch::Keys&);
 /// For attributes that an element always knows, but which may be empty.
 AttributeResult textOrNone(const std::string&);
 

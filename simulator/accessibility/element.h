@@ -23,6 +23,12 @@ struct ElementKey {
         Title, // number `owner` in the menu bar
         TitleMenu,
         TitleEntry,
+        AgentWindow, // of the agent of macOS 27: that of display number `owner`. Below it `path` has that
+                     // number
+        AgentGroup,
+        AgentProxy,
+        HostedItem,     // status item `owner` once more
+        OverflowButton, // of those that find no room
     };
 
     ProcessIdentifier process = 0;

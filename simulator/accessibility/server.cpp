@@ -55,7 +55,7 @@ AccessibilityServer::performOn(const ElementReference& reference, std::string_vi
     using Kind = ElementKey::Kind;
     const auto& key = reference.key();
     const auto faults = menus_.faultsOf(key.process);
-    const bool isItem = key.kind == Kind::StatusItem;
+    const bool isItem = key.kind == Kind::StatusItem || key.kind == Kind::HostedItem;
     const bool isEntry = key.kind == Kind::StatusEntry || key.kind == Kind::TitleEntry;
     if (isItem && faults.ignoresPress) return {};
     if (isEntry && faults.refusesChoices) return std::unexpected(Error::Failure);

@@ -4,16 +4,6 @@ namespace mac_model {
 
 using Kind = ElementKey::Kind;
 
-namespace {
-
-AttributeResult elements(const Branch::Keys& keys) {
-    std::vector<AccessibilityElement> list;
-    for (const auto& key : keys) list.push_back(elementFor(key));
-    return AttributeValue(std::move(list));
-}
-
-} // namespace
-
 const Branch& AccessibilityTree::branchOf(const ElementKey& key) const {
     switch (key.kind) {
     case Kind::Application:
@@ -29,6 +19,12 @@ const Branch& AccessibilityTree::branchOf(const ElementKey& key) const {
     case Kind::TitleMenu:
     case Kind::TitleEntry:
         return menu_;
+    case Kind::AgentWindow:
+    case Kind::AgentGroup:
+    case Kind::AgentProxy:
+    case Kind::HostedItem:
+    case Kind::OverflowButton:
+        return agent_;
     }
     return application_;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "accessibility/agent.h"
 #include "accessibility/application.h"
 #include "accessibility/branch.h"
 #include "accessibility/extras.h"
@@ -17,8 +18,10 @@ namespace mac_model {
 ///     application ─ menu bar ─ titles ─ menu ─ entries ─ menu …            (regular applications)
 ///                 └ extras bar ─ groups … ─ status item ─ menu ─ entries …
 ///
-/// Windows, popovers and the like are not in the tree. Ask `exists` first; the other queries hold for living
-/// elements.
+/// and, since macOS 27, the agent's ─ windows ─ items once more (see `AgentBranch`).
+///
+/// Windows of others, popovers and the like are not in the tree. Ask `exists` first; the other queries hold
+/// for living elements.
 class AccessibilityTree {
   public:
     AccessibilityTree(const ProcessTable& processes, const StatusItemTable& items,
@@ -26,7 +29,8 @@ class AccessibilityTree {
                       const Uncertainties& uncertainties, const MenuContents& menus)
         : processes_(processes)
         , extras_(items, arrangement, screens, menus)
-        , application_(processes, screens, extras_, menus, uncertainties)
+        , agent_(items, arrangement, screens, processes, uncertainties)
+        , application_(processes, screens, extras_, agent_, menus, uncertainties)
         , menu_(processes, items, extras_, application_, menus, uncertainties) {}
 
     bool exists(const ElementKey&) const;
@@ -40,6 +44,7 @@ class AccessibilityTree {
 
     const ProcessTable& processes_;
     ExtrasBranch extras_;
+    AgentBranch agent_;
     ApplicationBranch application_;
     MenuBranch menu_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applications/application_menus.h"
+#include "applications/overflow_menu.h"
 #include "applications/status_item_surfaces.h"
 #include "menu_bar/arrangement.h"
 #include "menu_bar/item_drag.h"
@@ -21,6 +22,7 @@ struct PressTargets {
     Arrangement& arrangement;
     ItemDrag& itemDrag;
     StatusItemSurfaces& itemSurfaces;
+    OverflowMenu& overflow;
     ProcessTable& processes;
     ScreensModel& screens;
 };

@@ -50,6 +50,7 @@ SurfaceIdentifier StatusItemSurfaces::openSurfaceOf(StatusItemIdentifier item) c
 void StatusItemSurfaces::toggle(StatusItemIdentifier identifier) {
     const auto* item = items_.find(identifier);
     if (!item || !canAct(*item)) return;
+    if (notifications_.isOpenedBy(*item)) return notifications_.toggle(*item);
     if (menus_.anchor() == MenuAnchor{.item = identifier, .title = std::nullopt}) return menus_.close();
     if (const auto open = openSurfaceOf(identifier); open != SurfaceIdentifier::None)
         return stack_.dismiss(open);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applications/chosen_entries.h"
+#include "applications/notification_center.h"
 #include "menu_bar/status_item_table.h"
 #include "screen/menu_tracking.h"
 #include "screen/surface_stack.h"
@@ -15,17 +16,26 @@ namespace mac_model {
 /// A person's name for a status item: its description, its title, or the name of its application.
 std::string displayName(const StatusItemRecord&, const ProcessTable&);
 
+/// Where the surfaces of status items open.
+struct ItemStage {
+    SurfaceStack& stack;
+    MenuTracking& menus;
+    ChosenEntries& chosen;
+    NotificationCenter& notifications;
+};
+
 /// The menus, popovers and panels that status items of other applications open.
 class StatusItemSurfaces {
   public:
     StatusItemSurfaces(StatusItemTable& items, const ProcessTable& processes, const ScreensModel& screens,
-                       SurfaceStack& stack, MenuTracking& menus, ChosenEntries& chosen)
+                       const ItemStage& stage)
         : items_(items)
         , processes_(processes)
         , screens_(screens)
-        , stack_(stack)
-        , menus_(menus)
-        , chosen_(chosen) {}
+        , stack_(stage.stack)
+        , menus_(stage.menus)
+        , chosen_(stage.chosen)
+        , notifications_(stage.notifications) {}
 
     /// Opens what the item opens, or closes it again. Nothing happens for a disabled item, and for one whose
     /// process doesn't respond.
@@ -48,6 +58,7 @@ class StatusItemSurfaces {
     SurfaceStack& stack_;
     MenuTracking& menus_;
     ChosenEntries& chosen_;
+    NotificationCenter& notifications_;
 };
 
 } // namespace mac_model

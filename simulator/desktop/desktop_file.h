@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "concurrency/scheduler.h"
 #include "desktop/keyboard_layout.h"
 #include "desktop/uncertainties.h"
 #include "platform/hot_keys.h"
@@ -162,6 +163,8 @@ struct DesktopFile {
     PreferenceDomains byHostDefaults{};
     std::map<std::string, std::string> bundles{}; ///< path of a bundle on disk to its identifier
     VisibilityService visibilityService = VisibilityService::Absent;
+    Seconds visibilityDelay{0.25}; // from a request to that service to its answer
+    Seconds assertionOutlives{0};  // from the end of a process to that of what it has the service hide
     UpdaterSetting updater = UpdaterSetting::Absent;
     LoginItemAnswer loginItem = LoginItemAnswer::Accepts;
     KeyboardLayout keyboardLayout = KeyboardLayout::Us;

@@ -91,6 +91,11 @@ void readDefaults(ObjectReader& file, DesktopFile& desktop) {
     desktop.byHostDefaults = std::move(preferences.byHost);
 }
 
+Seconds readSeconds(ObjectReader& file, std::string_view key, Seconds otherwise) {
+    constexpr NumberRange range{0, 3600};
+    return Seconds{file.number(key, range).value_or(otherwise.count())};
+}
+
 void readKeys(ObjectReader& file, DesktopFile& desktop) {
     desktop.keyboardLayout = file.choice("keyboardLayout", keyboardLayoutNames, desktop.keyboardLayout);
     const auto place = file.at("hotKeysTaken");
@@ -114,6 +119,8 @@ DesktopFile readDesktop(const json& value, FirstFault& faults) {
     desktop.bundles = readBundles(file);
     desktop.visibilityService =
         file.choice("visibilityService", visibilityServiceNames, desktop.visibilityService);
+    desktop.visibilityDelay = readSeconds(file, "visibilityDelay", desktop.visibilityDelay);
+    desktop.assertionOutlives = readSeconds(file, "assertionOutlives", desktop.assertionOutlives);
     desktop.updater = file.choice("updater", updaterNames, desktop.updater);
     desktop.loginItem = file.choice("loginItem", loginItemAnswerNames, desktop.loginItem);
     readKeys(file, desktop);

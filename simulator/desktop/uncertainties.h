@@ -59,6 +59,30 @@ enum class HiddenAnchor { Claims, Refuses };
 /// program isn't active itself: it is declined without a word, or granted.
 enum class OthersActivation { Declined, Granted };
 
+// The settings below have a meaning since macOS 27, where one agent draws the status items of all processes.
+
+/// Where the agent's window has the items in its Accessibility tree: right below it; in a group for each
+/// owner; or in one group together with an element that stands for all of them.
+enum class AgentTree { Flat, Grouped, Proxied };
+
+/// Whose elements those are: each its owner's, who answers for it; or the agent's own, which then know no
+/// identifiers but those of the system's extras.
+enum class AgentOwners { Owner, Agent };
+
+/// Where those elements have what an item says of itself: nowhere, as title, or as description.
+enum class AgentLabels { None, Title, Description };
+
+/// The frame that Accessibility reports for an item that the agent doesn't draw: an empty one, one left of
+/// the screen, or the one that the item had when it was drawn last. In the last case the agent's tree hasn't
+/// the item.
+enum class OverflowFrame { Zero, Parked, Stale };
+
+/// Whether positions that a program stores for its items before it makes them count for the agent.
+enum class HostedPositions { Ignored, Seeded };
+
+/// What becomes of a posted Command-drag of an item: the owner gets a click, or the item moves.
+enum class HostedDrags { Click, Work };
+
 struct Uncertainties {
     ZeroPosition zeroPosition = ZeroPosition::Rightmost;
     LongItem longItem = LongItem::Pushes;
@@ -72,6 +96,12 @@ struct Uncertainties {
     Placement placement = Placement::Slow;
     HiddenAnchor hiddenAnchor = HiddenAnchor::Claims;
     OthersActivation othersActivation = OthersActivation::Declined;
+    AgentTree agentTree = AgentTree::Flat;
+    AgentOwners agentOwners = AgentOwners::Owner;
+    AgentLabels agentLabels = AgentLabels::None;
+    OverflowFrame overflowFrame = OverflowFrame::Zero;
+    HostedPositions hostedPositions = HostedPositions::Ignored;
+    HostedDrags hostedDrags = HostedDrags::Click;
 
     bool operator==(const Uncertainties&) const = default;
 };
@@ -122,6 +152,12 @@ inline constexpr std::string_view activationNames[]{"declined", "granted", "late
 inline constexpr std::string_view placementNames[]{"slow", "prompt", "verySlow"};
 inline constexpr std::string_view hiddenAnchorNames[]{"claims", "refuses"};
 inline constexpr std::string_view othersActivationNames[]{"declined", "granted"};
+inline constexpr std::string_view agentTreeNames[]{"flat", "grouped", "proxied"};
+inline constexpr std::string_view agentOwnersNames[]{"owner", "agent"};
+inline constexpr std::string_view agentLabelsNames[]{"none", "title", "description"};
+inline constexpr std::string_view overflowFrameNames[]{"zero", "parked", "stale"};
+inline constexpr std::string_view hostedPositionsNames[]{"ignored", "seeded"};
+inline constexpr std::string_view hostedDragsNames[]{"click", "work"};
 
 } // namespace detail
 
@@ -138,6 +174,12 @@ inline constexpr std::array uncertaintySettings{
     detail::settingOf<&Uncertainties::placement>("placement", detail::placementNames),
     detail::settingOf<&Uncertainties::hiddenAnchor>("hiddenAnchor", detail::hiddenAnchorNames),
     detail::settingOf<&Uncertainties::othersActivation>("othersActivation", detail::othersActivationNames),
+    detail::settingOf<&Uncertainties::agentTree>("agentTree", detail::agentTreeNames),
+    detail::settingOf<&Uncertainties::agentOwners>("agentOwners", detail::agentOwnersNames),
+    detail::settingOf<&Uncertainties::agentLabels>("agentLabels", detail::agentLabelsNames),
+    detail::settingOf<&Uncertainties::overflowFrame>("overflowFrame", detail::overflowFrameNames),
+    detail::settingOf<&Uncertainties::hostedPositions>("hostedPositions", detail::hostedPositionsNames),
+    detail::settingOf<&Uncertainties::hostedDrags>("hostedDrags", detail::hostedDragsNames),
 };
 
 /// Null when there is no setting of that name.

@@ -74,12 +74,33 @@ void putMenuTitles(json& look, Mac& mac, const ScreenContent& content) {
     if (anchor && anchor->title) look["openMenu"] = *anchor->title;
 }
 
+json drawnItems(const HostedBar& bar) {
+    json items = json::array();
+    for (const auto& place : bar.items)
+        if (place.isDrawn)
+            items.push_back({{"id", std::uint64_t(place.identifier)}, {"frame", frameShape(place.frame)}});
+    return items;
+}
+
+/// What the agent draws on each screen: where the others show other items than the primary, and the button
+/// for those that find no room.
+void putHostedBars(json& look, Mac& mac) {
+    const auto& bars = mac.arrangement().hostedBars();
+    const bool isShown = mac.screens().isMenuBarShown();
+    for (std::size_t i = 0; i < bars.size() && i < look["screens"].size(); ++i) {
+        if (i > 0) look["screens"][i]["items"] = isShown ? drawnItems(bars[i]) : json::array();
+        if (isShown && bars[i].overflow) look["screens"][i]["overflow"] = frameShape(*bars[i].overflow);
+    }
+}
+
 json worldShape(Mac& mac) {
     json model = json::object();
     for (const auto& setting : uncertaintySettings)
         model[std::string(setting.name)] = setting.valueIn(mac.uncertainties());
     return {{"trusted", mac.permission().isTrusted()},
             {"visibilityService", visibilityServiceNames[std::size_t(mac.visibility().answer)]},
+            {"visibilityDelay", mac.visibility().delay.count()},
+            {"assertionOutlives", mac.visibility().outlives.count()},
             {"loginItem", loginItemAnswerNames[std::size_t(mac.loginItems().answer)]},
             {"reducedMotion", mac.reducesMotion()},
             {"activeDisplay", mac.screens().activeIndex()},
@@ -98,6 +119,7 @@ json lookAt(Mac& mac, const ScreenContent& content) {
     for (const auto& screen : mac.screens().screens()) look["screens"].push_back(shapeOf(screen));
     look["pointer"] = shapeOf(content.pointer);
     putMenuTitles(look, mac, content);
+    putHostedBars(look, mac);
     for (const auto* item : mac.statusItems().fromLeftToRight())
         look["menuBar"].push_back(shapeOf(*item, mac.processes()));
     const auto* key = content.stack.key();

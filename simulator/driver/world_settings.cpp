@@ -278,6 +278,24 @@ Change visibilityService(World world, const json& value, const std::string& poin
     };
 }
 
+template <Seconds VisibilityLists::* Time>
+Change visibilityTime(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    constexpr double longest = 3600;
+    const bool isTime = value.is_number() && value >= 0 && value <= longest;
+    if (!isTime) faults.note(pointer, "must be a number from 0 to 3600");
+    return [world, seconds = Seconds{isTime ? value.get<double>() : 0}] {
+        world.mac.visibility().*Time = seconds;
+    };
+}
+
+Change notificationCenter(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    const bool isOpen = flagOf(value, pointer, faults);
+    auto& center = world.mac.content().notificationCenter;
+    if (isOpen && !center.canOpen())
+        faults.note(pointer, "needs com.apple.notificationcenterui, which isn’t running");
+    return [&center, isOpen] { isOpen ? center.open(nullptr) : center.close(); };
+}
+
 Change loginItem(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     const auto index =
         indexIn(loginItemAnswerNames.data(), loginItemAnswerNames.size(), value, pointer, faults);
@@ -331,6 +349,9 @@ constexpr std::array settings{
     WorldSetting{"misreportedWindow", misreportedWindow},
     WorldSetting{"menus", menus},
     WorldSetting{"visibilityService", visibilityService},
+    WorldSetting{"visibilityDelay", visibilityTime<&VisibilityLists::delay>},
+    WorldSetting{"assertionOutlives", visibilityTime<&VisibilityLists::outlives>},
+    WorldSetting{"notificationCenter", notificationCenter},
     WorldSetting{"loginItem", loginItem},
     WorldSetting{"reducedMotion", reducedMotion},
     WorldSetting{"keyboardLayout", keyboardLayout},

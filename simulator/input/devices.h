@@ -3,6 +3,7 @@
 #include "concurrency/signal.h"
 #include "input/event_log.h"
 #include "input/pointer.h"
+#include "platform/accessibility.h"
 #include "platform/event_monitors.h"
 #include "platform/events.h"
 #include "vocabulary/vocabulary.h"
@@ -26,13 +27,19 @@ class EventCounts {
     std::map<MouseEventType, std::uint32_t> counts_;
 };
 
+/// An event of the pointer, and the process that it goes to; 0 is none that anyone asks about.
+struct DeliveredEvent {
+    tavrin::WatchedEvent event;
+    ProcessIdentifier receiver = 0;
+};
+
 /// The one pointer of this Mac, and what happened to it.
 struct Devices {
     Pointer pointer{};
     EventLog events{};
     Cursor cursor{pointer, events};
     EventCounts counts{};
-    Signal<tavrin::WatchedEvent> onWatched{}; // events for others than the program
+    Signal<DeliveredEvent> onWatched{};
 
     Devices() = default;
     Devices(const Devices&) = delete;

@@ -11,6 +11,8 @@
 
 namespace mac_model {
 
+using tavrin::WatchedEventType;
+
 namespace {
 
 bool has(const std::vector<Modifier>& modifiers, Modifier modifier) {
@@ -23,8 +25,7 @@ void Person::moveTo(Point point, PressedBy by) {
     const bool isDrag = devices_.pointer.buttons.contains(MouseButton::Left);
     devices_.counts.note(isDrag ? MouseEventType::LeftDragged : MouseEventType::Moved);
     devices_.pointer.at = point;
-    devices_.onWatched.emit(
-        {isDrag ? tavrin::WatchedEventType::LeftDragged : tavrin::WatchedEventType::Moved, point, {}});
+    tell(isDrag ? WatchedEventType::LeftDragged : WatchedEventType::Moved);
     auto& hand = handOf(by);
     hand.viewDrag.pointerMoved();
     if (hand.viewDrag.isUnderway()) {
@@ -43,8 +44,22 @@ void Person::moveOverMenu(Point point) {
     reach_.menus.pointerMovedTo(point);
 }
 
+/// A drag goes to where its press went.
+void Person::tell(WatchedEventType type, std::optional<tavrin::ScrollSample> scroll) {
+    if (type != WatchedEventType::LeftDragged) receiver_ = receiverHere();
+    devices_.onWatched.emit({{type, at(), scroll}, receiver_});
+}
+
+ProcessIdentifier Person::receiverHere() const {
+    if (reach_.menus.isOpen()) return reach_.menus.owner();
+    if (const auto* surface = reach_.surfaces.at(at())) return surface->owner;
+    const auto* item = reach_.applicationMenus.titleAt(at()) ? nullptr : reach_.arrangement.itemAt(at());
+    return item ? item->owner : 0;
+}
+
 void Person::press(MouseButton button, const std::vector<Modifier>& modifiers, PressedBy by) {
     devices_.pointer.buttons.insert(button);
+    tell(button == MouseButton::Left ? WatchedEventType::LeftDown : WatchedEventType::RightDown);
     if (button == MouseButton::Left) devices_.counts.note(MouseEventType::LeftDown);
     if (joinsPostedPress(button, by)) return;
     letGoOfAll(by);
@@ -53,7 +68,7 @@ void Person::press(MouseButton button, const std::vector<Modifier>& modifiers, P
     if (reach_.menus.isOpen() && pressWithOpenMenu() == MenuPress::Taken) return;
     const auto closed = reach_.surfaces.dismissForPressAt(at());
     if (auto* surface = reach_.surfaces.at(at())) return pressSurface(handOf(by), *surface, button);
-    handOf(by).held = pressMenuBarOrDesktop(button, modifiers, closed);
+    handOf(by).held = pressMenuBarOrDesktop(button, modifiers, closed, by);
 }
 
 void Person::makeDisplayActive() {
@@ -151,7 +166,7 @@ void Person::openContextMenu(const Surface& surface) {
 }
 
 Person::Held Person::pressMenuBarOrDesktop(MouseButton button, const std::vector<Modifier>& modifiers,
-                                           const std::vector<StatusItemIdentifier>& closed) {
+                                           const std::vector<StatusItemIdentifier>& closed, PressedBy by) {
     // Menus win over the status items that reach so far left.
     if (const auto title = reach_.applicationMenus.titleAt(at())) {
         const auto* owner = reach_.processes.menuBarOwner();
@@ -159,17 +174,17 @@ Person::Held Person::pressMenuBarOrDesktop(MouseButton button, const std::vector
         if (button == MouseButton::Left && !isKept) reach_.applicationMenus.toggle(*title, at());
         return {};
     }
-    if (const auto* item = reach_.arrangement.itemAt(at())) return pressItem(*item, modifiers, closed);
+    if (const auto* item = reach_.arrangement.itemAt(at())) return pressItem(*item, modifiers, closed, by);
+    if (button == MouseButton::Left && reach_.overflow.openAt(at())) return {};
     const auto finder = reach_.processes.withBundle("com.apple.finder");
     if (!isOnMenuBar(at()) && !finder.empty()) reach_.processes.activate(finder.front());
     return {};
 }
 
 Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<Modifier>& modifiers,
-                               const std::vector<StatusItemIdentifier>& closed) {
+                               const std::vector<StatusItemIdentifier>& closed, PressedBy by) {
     // With Command the press belongs to macOS, which lets the person move the item.
-    if (has(modifiers, Modifier::Command))
-        return HeldPlace{item.identifier, at(), reach_.screens.onPrimaryBar(at()).x - item.frame->x};
+    if (has(modifiers, Modifier::Command)) return pressPlace(item, by);
     if (reach_.surfaces.alertOf(item.owner)) return {};
     if (item.origin == ItemOrigin::Program)
         return HeldItem{item.identifier, has(modifiers, Modifier::Control)};
@@ -178,6 +193,13 @@ Person::Held Person::pressItem(const StatusItemRecord& item, const std::vector<M
     reach_.items.notePress(item.identifier, at());
     reach_.itemSurfaces.toggle(item.identifier);
     return {};
+}
+
+Person::Held Person::pressPlace(const StatusItemRecord& item, PressedBy by) {
+    if (by == PressedBy::Person || reach_.itemDrag.followsPostedEvents())
+        return HeldPlace{item.identifier, at(), reach_.screens.onPrimaryBar(at()).x - item.frame->x};
+    if (item.origin == ItemOrigin::DesktopFile) reach_.itemSurfaces.toggle(item.identifier);
+    return HeldItem{.item = item.identifier, .isBlindClick = true};
 }
 
 bool Person::isOnMenuBar(Point point) const {
@@ -243,8 +265,9 @@ void Person::letGo(const HeldCloseButton& held) {
 
 void Person::letGo(const HeldItem& held, MouseButton button) {
     const auto* item = reach_.arrangement.itemAt(at());
-    if (!item || item->identifier != held.item) return;
-    reach_.items.notePress(held.item, at());
+    const bool isOnItem = item && item->identifier == held.item;
+    if (!isOnItem && !held.isBlindClick) return;
+    if (isOnItem) reach_.items.notePress(held.item, at());
     reach_.items.press(held.item, held.withControl ? MouseButton::Right : button);
 }
 
@@ -252,7 +275,9 @@ bool Person::pressKey(std::string_view key, const std::vector<Modifier>& modifie
     return (key == "escape" && person_.viewDrag.cancel()) || typing_.pressKey(key, modifiers);
 }
 
-bool Person::scroll(double dy) {
+bool Person::scroll(const tavrin::ScrollSample& sample) {
+    const double dy = sample.deltaY;
+    tell(WatchedEventType::Scroll, sample);
     if (reach_.menus.isOpen()) return reach_.menus.scroll(at(), dy);
     auto* surface = reach_.surfaces.at(at());
     const bool takesInput = surface && !reach_.surfaces.alertBefore(*surface);

@@ -4,10 +4,12 @@
 #include "input/devices.h"
 #include "input/typing.h"
 #include "input/view_drag.h"
+#include "platform/event_monitors.h"
 #include "views/view_queries.h"
 #include "vocabulary/vocabulary.h"
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <variant>
 #include <vector>
@@ -46,8 +48,8 @@ class Person {
     /// See `Typing`; Escape first ends the drag of a view.
     bool pressKey(std::string_view key, const std::vector<Modifier>&);
 
-    /// Points; positive shows what lies further up. False when nothing under the pointer scrolls.
-    bool scroll(double dy);
+    /// Positive shows what lies further up. False when nothing under the pointer scrolls.
+    bool scroll(const tavrin::ScrollSample&);
 
   private:
     struct HeldControl {
@@ -67,7 +69,8 @@ class Person {
 
     struct HeldItem {
         StatusItemIdentifier item;
-        bool withControl = false; // which makes a left press a right one
+        bool withControl = false;  // which makes a left press a right one
+        bool isBlindClick = false; // it reaches the owner wherever the pointer is by then
     };
 
     /// An item pressed with Command, which moves once the pointer has.
@@ -99,15 +102,18 @@ class Person {
 
     Hand& handOf(PressedBy by) { return by == PressedBy::Person ? person_ : postedEvents_; }
 
+    void tell(tavrin::WatchedEventType, std::optional<tavrin::ScrollSample> = std::nullopt);
+    ProcessIdentifier receiverHere() const;
     void moveOverMenu(Point);
     MenuPress pressWithOpenMenu();
     void pressSurface(Hand&, Surface&, MouseButton);
     void bringForward(const Surface& alert);
     Held pressControl(const Surface&, const ViewPath&);
     Held pressMenuBarOrDesktop(MouseButton, const std::vector<Modifier>&,
-                               const std::vector<StatusItemIdentifier>&);
+                               const std::vector<StatusItemIdentifier>&, PressedBy);
     Held pressItem(const StatusItemRecord&, const std::vector<Modifier>&,
-                   const std::vector<StatusItemIdentifier>&);
+                   const std::vector<StatusItemIdentifier>&, PressedBy);
+    Held pressPlace(const StatusItemRecord&, PressedBy);
     void openContextMenu(const Surface&);
     void moveWindow(const HeldTitleBar&);
     void letGo(const HeldControl&);
@@ -125,6 +131,7 @@ class Person {
     Typing& typing_;
     Hand person_;
     Hand postedEvents_;
+    ProcessIdentifier receiver_ = 0; // of the last event
 };
 
 } // namespace mac_model

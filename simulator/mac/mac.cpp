@@ -3,6 +3,8 @@
 #include "seam/system/seeded_randomness.h"
 #include "seam/system/text_icu.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace mac_model {
@@ -12,6 +14,21 @@ namespace {
 std::unique_ptr<UpdaterModel> makeUpdater(UpdaterSetting setting) {
     if (setting == UpdaterSetting::Absent) return nullptr;
     return std::make_unique<UpdaterModel>(setting == UpdaterSetting::Automatic);
+}
+
+/// macOS 27 has no menu bar without its agent, and starts it itself.
+DesktopFile withAgent(DesktopFile desktop) {
+    constexpr std::string_view bundle = "com.apple.MenuBarAgent";
+    const bool needsAgent = Behaviour{desktop.macOS, {}, {}}.hasHostedBar();
+    const auto& listed = desktop.applications;
+    if (!needsAgent || std::ranges::find(listed, bundle, &ApplicationSpec::bundleIdentifier) != listed.end())
+        return desktop;
+    ApplicationSpec agent;
+    agent.bundleIdentifier = bundle;
+    agent.name = "MenuBarAgent";
+    agent.policy = Policy::Accessory;
+    desktop.applications.push_back(std::move(agent));
+    return desktop;
 }
 
 Permission::AtFirst permissionAtFirst(const DesktopFile& desktop) {
@@ -31,7 +48,7 @@ std::expected<std::unique_ptr<Mac>, std::string> Mac::create(VirtualScheduler& s
 
 Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<PreferencesStore> preferences)
     : scheduler_(scheduler)
-    , desktop_(std::move(options.desktop))
+    , desktop_(withAgent(std::move(options.desktop)))
     , behaviour_{desktop_.macOS, desktop_.model, {}}
     , preferences_(std::move(preferences))
     , screens_(scheduler, desktop_.screens, behaviour_.faults)
@@ -41,12 +58,14 @@ Mac::Mac(VirtualScheduler& scheduler, MacOptions options, std::unique_ptr<Prefer
     , permission_(scheduler, *preferences_, behaviour_.uncertainties, programProcess_.info().bundleIdentifier,
                   permissionAtFirst(desktop_))
     , loginItems_(*preferences_, programProcess_.info().bundleIdentifier, desktop_.loginItem)
-    , visibility_(scheduler, desktop_.visibilityService)
+    , visibility_(scheduler, desktop_)
     , statusItems_(processes_, *preferences_, behaviour_)
-    , arrangement_(scheduler, statusItems_, processes_, screens_, behaviour_)
+    , arrangement_(scheduler, statusItems_, processes_, screens_, visibility_, behaviour_)
+    , flashes_(statusItems_, visibility_)
     , itemDrag_(statusItems_, arrangement_, processes_, screens_, behaviour_)
     , menuBarWindows_(statusItems_, processes_, screens_, behaviour_)
-    , content_(scheduler, processes_, screens_, statusItems_)
+    , content_(scheduler, {processes_, screens_, statusItems_, visibility_, behaviour_})
+    , overflowMenu_(arrangement_, statusItems_, processes_, screens_, content_.menus, content_.statusItems)
     , settings_(scheduler, processes_, screens_, permission_, programProcess_.info(), content_.stack)
     , accessPrompt_(scheduler, processes_, screens_, programProcess_.info(), content_.stack,
                     [this] { (void)settings_.open(SystemSettings::accessibilityLink); })
@@ -85,6 +104,7 @@ PressTargets Mac::pressTargets() {
             .arrangement = arrangement_,
             .itemDrag = itemDrag_,
             .itemSurfaces = content_.statusItems,
+            .overflow = overflowMenu_,
             .processes = processes_,
             .screens = screens_};
 }
@@ -121,8 +141,8 @@ MacServices Mac::services() {
 /// Passes on the news between parts that don't know each other.
 void Mac::connectParts() {
     followFrontProcess();
-    subscriptions_.push_back(processes_.onEnded.subscribe(
-        [this](ProcessIdentifier ended) { content_.stack.dismissAllOf(ended); }));
+    subscriptions_.push_back(
+        processes_.onEnded.subscribe([this](ProcessIdentifier ended) { processEnded(ended); }));
     subscriptions_.push_back(processes_.onFrontChanged.subscribe([this] { followFrontProcess(); }));
     subscriptions_.push_back(keyboard_.onBeep.subscribe([this] { note("beep"); }));
     subscriptions_.push_back(programProcess_.onAnnounced.subscribe(
@@ -134,10 +154,13 @@ void Mac::connectParts() {
     subscriptions_.push_back(permission_.onChanged.subscribe([this] {
         if (!permission_.isTrusted()) input_.permissionLost();
     }));
-    subscriptions_.push_back(programProcess_.onDisconnected.subscribe([this] {
-        input_.senderEnded();
-        visibility_.invalidateAll();
-    }));
+    subscriptions_.push_back(programProcess_.onDisconnected.subscribe([this] { input_.senderEnded(); }));
+}
+
+void Mac::processEnded(ProcessIdentifier ended) {
+    content_.stack.dismissAllOf(ended);
+    visibility_.processEnded(ended);
+    if (behaviour_.hasHostedBar() && !arrangement_.agent()) visibility_.agentEnded();
 }
 
 void Mac::followFrontProcess() {
@@ -161,7 +184,8 @@ void Mac::setUncertainties(const Uncertainties& uncertainties) {
 }
 
 MacStatistics Mac::statistics() const {
-    return {messages_.messages(), scheduler_.timersPending(), scheduler_.tasksAlive(), scheduler_.now()};
+    return {messages_.messages(), scheduler_.timersPending(), scheduler_.tasksAlive(),
+            flashes_.count(),     visibility_.activations(),  scheduler_.now()};
 }
 
 } // namespace mac_model

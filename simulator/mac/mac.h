@@ -19,6 +19,7 @@
 #include "input/window_input.h"
 #include "mac/screen_content.h"
 #include "menu_bar/arrangement.h"
+#include "menu_bar/flash_count.h"
 #include "menu_bar/item_drag.h"
 #include "menu_bar/windows.h"
 #include "preferences/preferences_store.h"
@@ -54,6 +55,8 @@ struct MacStatistics {
     std::map<std::string, std::uint64_t> messages; // Accessibility messages, by receiver
     std::size_t timersPending = 0;                 // the program's, on its main thread
     std::size_t tasksAlive = 0;
+    std::size_t flashes = 0;       // see `FlashCount`
+    std::uint64_t activations = 0; // of lists of what the menu bar may show
     Seconds virtualTime{0};
 };
 
@@ -134,6 +137,7 @@ class Mac {
     PressTargets pressTargets();
     MacServices services();
     void connectParts();
+    void processEnded(ProcessIdentifier);
     void followFrontProcess();
     void note(std::string type, std::string text = {});
 
@@ -150,9 +154,11 @@ class Mac {
     VisibilityLists visibility_;
     StatusItemTable statusItems_;
     Arrangement arrangement_;
+    FlashCount flashes_;
     ItemDrag itemDrag_;
     MenuBarWindows menuBarWindows_;
     ScreenContent content_;
+    OverflowMenu overflowMenu_;
     SystemSettings settings_;
     AccessPrompt accessPrompt_;
     ProgramPanels panels_;

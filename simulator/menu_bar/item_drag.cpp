@@ -32,6 +32,10 @@ bool ItemDrag::isMovable(const StatusItemRecord& record) const {
     return record.frame && record.spec.movable && !record.spec.fixed && !isRefused;
 }
 
+bool ItemDrag::followsPostedEvents() const {
+    return !behaviour_.hasHostedBar() || behaviour_.uncertainties.hostedDrags == HostedDrags::Work;
+}
+
 bool ItemDrag::pickUp(StatusItemIdentifier identifier) {
     auto* record = items_.change(identifier);
     if (!record || !isMovable(*record) || isDragLost()) return false;

@@ -21,6 +21,10 @@ class ItemDrag {
     ItemDrag(const ItemDrag&) = delete;
     ItemDrag& operator=(const ItemDrag&) = delete;
 
+    /// Whether posted events can move items. Since macOS 27 that is uncertain: their press may reach the
+    /// owner instead, as a click.
+    bool followsPostedEvents() const;
+
     /// Takes an item to move it; false when macOS doesn't let it be moved. From then on it follows `carryTo`,
     /// and items make room for it.
     bool pickUp(StatusItemIdentifier);

@@ -56,6 +56,9 @@ struct StatusItemRecord {
     std::optional<Rect> frame;
     bool isDrawn = false;
     std::optional<HiddenReason> why;
+    std::optional<Rect> lastDrawnFrame; // where it was when it was drawn last
+
+    bool isClock() const { return spec.identifier == "com.apple.menuextra.clock" || name == "Clock"; }
 };
 
 } // namespace mac_model

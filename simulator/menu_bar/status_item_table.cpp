@@ -19,7 +19,7 @@ StatusItemTable::StatusItemTable(ProcessTable& processes, PreferencesStore& pref
                                  const Behaviour& behaviour)
     : processes_(processes)
     , stored_(preferences, behaviour.version)
-    , uncertainties_(behaviour.uncertainties) {
+    , behaviour_(behaviour) {
     for (const auto* process : processes.processes()) addItemsOf(process->identifier);
     subscriptions_.push_back(processes.onLaunched.subscribe([this](auto process) { addItemsOf(process); }));
     subscriptions_.push_back(processes.onEnded.subscribe([this](auto process) { removeItemsOf(process); }));
@@ -139,7 +139,8 @@ std::expected<void, std::string> StatusItemTable::setAllowed(std::string_view bu
 
 void StatusItemTable::readStored(StatusItemRecord& record) const {
     const auto domain = domainOf(record);
-    stored_.read(record, domain);
+    if (const auto position = stored_.position(placeOf(record))) record.preferredPosition = position;
+    stored_.readVisibility(record, domain);
     record.isRestricted = record.isRestricted || disallowed_.contains(domain.name);
 }
 
@@ -187,6 +188,15 @@ DefaultsDomain StatusItemTable::domainOf(const StatusItemRecord& record) const {
     return {process ? process->application.bundleIdentifier : std::string{}};
 }
 
+/// The agent keeps a table of its own, which nobody else's preferences reach.
+StoredPlaces::Place StatusItemTable::placeOf(const StatusItemRecord& record) const {
+    auto domain = domainOf(record);
+    const bool isSeeded = behaviour_.uncertainties.hostedPositions == HostedPositions::Seeded;
+    if (!behaviour_.hasHostedBar() || isSeeded || record.name.empty())
+        return {std::move(domain), record.name};
+    return {{"com.apple.MenuBarAgent"}, domain.name + ' ' + record.name};
+}
+
 void StatusItemTable::hide(StatusItemRecord& record) {
     onLeaving.emit(record.identifier);
     record.isVisible = false;
@@ -196,13 +206,13 @@ void StatusItemTable::hide(StatusItemRecord& record) {
 }
 
 void StatusItemTable::forgetPosition(StatusItemRecord& record) {
-    if (uncertainties_.removal == Removal::KeepsPosition) return;
+    if (behaviour_.uncertainties.removal == Removal::KeepsPosition) return;
     record.preferredPosition.reset();
-    stored_.removePosition(record, domainOf(record));
+    stored_.removePosition(placeOf(record));
 }
 
 void StatusItemTable::storePosition(const StatusItemRecord& record, double position) {
-    stored_.setPosition(record, domainOf(record), position);
+    stored_.setPosition(placeOf(record), position);
 }
 
 StatusItemIdentifier StatusItemTable::add(std::shared_ptr<ProgramConnection> connection,

@@ -96,10 +96,11 @@ class StatusItemTable {
     void hide(StatusItemRecord&);
     void forgetPosition(StatusItemRecord&);
     DefaultsDomain domainOf(const StatusItemRecord&) const;
+    StoredPlaces::Place placeOf(const StatusItemRecord&) const;
 
     ProcessTable& processes_;
     StoredPlaces stored_;
-    const Uncertainties& uncertainties_;
+    const Behaviour& behaviour_;
     std::map<StatusItemIdentifier, StatusItemRecord> records_; // identifiers ascend with creation
     std::map<StatusItemIdentifier, ProgramItem> programItems_;
     std::set<std::string, std::less<>> behindNotch_; // bundles

@@ -12,12 +12,6 @@ namespace {
 constexpr double itemHeight = 24;
 constexpr double narrowestSliver = 1; // of an item beside the notch that still counts as drawn
 constexpr double veryWideScreen = 2560;
-constexpr int firstVersionWithAgent = 27;
-
-Rect inBar(const ScreenSpec& screen, double x, double width) {
-    const double height = std::min(itemHeight, screen.menuBarHeight);
-    return {x, screen.frame.y + (screen.menuBarHeight - height) / 2, width, height};
-}
 
 /// The sort key of a run: smaller is further right. Identifiers ascend with creation.
 auto orderOf(const LayoutItem& item, ZeroPosition zero) {
@@ -27,35 +21,23 @@ auto orderOf(const LayoutItem& item, ZeroPosition zero) {
     return std::tuple(!item.isFixed, !(item.isFixed && item.isClock), position, item.identifier);
 }
 
+bool isUnderNotch(const LayoutItem& item, const ScreenSpec& screen) {
+    return item.isForcedBehindNotch && screen.hasNotch();
+}
+
 struct Layout {
     std::span<const LayoutItem> items;
     const ScreenSpec& screen;
     const LayoutRules& rules;
     std::optional<Rect> notch = notchOf(screen);
 
-    bool isHostedByAgent() const { return rules.version.major >= firstVersionWithAgent; }
-
     bool isLong(const LayoutItem& item) const { return isLongOn(screen, item.width); }
-
-    bool isUnderNotch(const LayoutItem& item) const { return item.isForcedBehindNotch && notch; }
-
-    std::vector<const LayoutItem*> run() const {
-        std::vector<const LayoutItem*> ordered;
-        for (const auto& item : items)
-            if (!item.isRestricted && !isUnderNotch(item)) ordered.push_back(&item);
-        const auto order = [this](const LayoutItem* item) {
-            return orderOf(*item, rules.uncertainties.zeroPosition);
-        };
-        std::ranges::sort(ordered, {}, order);
-        return ordered;
-    }
 
     /// The width of the run's n-th item in the run. On a very wide screen a long item may leave its left
     /// neighbours the room beside the menus.
     double widthInRun(const std::vector<const LayoutItem*>& ordered, std::size_t n, double rightEdge) const {
         const auto& item = *ordered[n];
         if (!isLong(item)) return item.width;
-        if (isHostedByAgent()) return 0;
         const bool stops = rules.uncertainties.longItem == LongItem::StopsAtMenus;
         if (!stops || screen.frame.width < veryWideScreen) return item.width;
         double neighbours = 0;
@@ -73,7 +55,6 @@ struct Layout {
     }
 
     std::optional<HiddenReason> reasonToHide(const LayoutItem& item, const Rect& frame) const {
-        if (isLong(item) && isHostedByAgent()) return HiddenReason::Dropped;
         if (frame.width <= 0) return std::nullopt;
         if (frame.maxX() <= screen.frame.x) return HiddenReason::Offscreen;
         if (frame.x < rules.menusEnd && !isLong(item) && !item.isFixed) return HiddenReason::Dropped;
@@ -88,28 +69,14 @@ struct Layout {
 
     std::vector<PlacedItem> placeRun() const {
         std::vector<PlacedItem> result;
-        const auto ordered = run();
+        const auto ordered = runOf(items, screen, rules);
         double edge = screen.frame.maxX();
         for (std::size_t n = 0; n < ordered.size(); ++n) {
             const double width = widthInRun(ordered, n, edge);
             edge -= width;
-            result.push_back(placed(*ordered[n], inBar(screen, edge, width)));
+            result.push_back(placed(*ordered[n], placeInBar(screen, edge, width)));
         }
         return result;
-    }
-
-    void placeOthers(std::vector<PlacedItem>& result) const {
-        double underNotch = notch ? notch->maxX() : 0;
-        for (const auto& item : items) {
-            if (item.isRestricted) {
-                // Where such windows are seen to wait.
-                const Rect waiting{screen.frame.x - 1, screen.frame.maxY() - 1, 38, itemHeight};
-                result.push_back({item.identifier, waiting, false, HiddenReason::Restricted});
-            } else if (isUnderNotch(item)) {
-                underNotch -= item.width;
-                result.push_back(placed(item, inBar(screen, underNotch, item.width)));
-            }
-        }
     }
 
     void dropNeighboursOfLongItems(std::vector<PlacedItem>& result) const {
@@ -130,11 +97,44 @@ struct Layout {
 
 } // namespace
 
+std::vector<const LayoutItem*> runOf(std::span<const LayoutItem> items, const ScreenSpec& screen,
+                                     const LayoutRules& rules) {
+    std::vector<const LayoutItem*> run;
+    for (const auto& item : items)
+        if (!item.isRestricted && !isUnderNotch(item, screen)) run.push_back(&item);
+    const auto order = [&](const LayoutItem* item) {
+        return orderOf(*item, rules.uncertainties.zeroPosition);
+    };
+    std::ranges::sort(run, {}, order);
+    return run;
+}
+
+void placeOutsideRun(std::span<const LayoutItem> items, const ScreenSpec& screen, const LayoutRules& rules,
+                     std::vector<PlacedItem>& result) {
+    const Layout layout{items, screen, rules};
+    double underNotch = layout.notch ? layout.notch->maxX() : 0;
+    for (const auto& item : items) {
+        if (item.isRestricted) {
+            // Where such windows are seen to wait.
+            const Rect waiting{screen.frame.x - 1, screen.frame.maxY() - 1, 38, itemHeight};
+            result.push_back({item.identifier, waiting, false, HiddenReason::Restricted});
+        } else if (isUnderNotch(item, screen)) {
+            underNotch -= item.width;
+            result.push_back(layout.placed(item, placeInBar(screen, underNotch, item.width)));
+        }
+    }
+}
+
+Rect placeInBar(const ScreenSpec& screen, double x, double width) {
+    const double height = std::min(itemHeight, screen.menuBarHeight);
+    return {x, screen.frame.y + (screen.menuBarHeight - height) / 2, width, height};
+}
+
 std::vector<PlacedItem> layOutStatusItems(std::span<const LayoutItem> items, const ScreenSpec& screen,
                                           const LayoutRules& rules) {
     const Layout layout{items, screen, rules};
     auto result = layout.placeRun();
-    layout.placeOthers(result);
+    placeOutsideRun(items, screen, rules, result);
     if (rules.dropsOwnersOfLongItems) layout.dropNeighboursOfLongItems(result);
     return result;
 }
@@ -149,7 +149,7 @@ std::optional<Rect> notchOf(const ScreenSpec& screen) {
 
 Rect frameOnScreen(Rect frame, const ScreenSpec& primary, const ScreenSpec& other) {
     const double fromRight = primary.frame.maxX() - frame.x;
-    return inBar(other, other.frame.maxX() - fromRight, frame.width);
+    return placeInBar(other, other.frame.maxX() - fromRight, frame.width);
 }
 
 } // namespace mac_model

@@ -38,9 +38,11 @@ std::optional<DefaultsValue> StoredPlaces::value(std::string_view prefix, const 
     return preferences_.value(globalOfThisHost(), key(prefix, byHostName(name)));
 }
 
-void StoredPlaces::read(StatusItemRecord& record, const DefaultsDomain& domain) const {
-    if (const auto position = tavrin::numberIn(value(positionKey, record.name, domain)))
-        record.preferredPosition = position;
+std::optional<double> StoredPlaces::position(const Place& place) const {
+    return tavrin::numberIn(value(positionKey, place.name, place.domain));
+}
+
+void StoredPlaces::readVisibility(StatusItemRecord& record, const DefaultsDomain& domain) const {
     if (isFalse(value(visibleKey, record.name, domain))) record.isVisible = false;
     record.isRestricted = version_.major >= firstVersionWithControlCenterKey &&
                           isFalse(value(controlCenterKey, record.name, domain));
@@ -50,14 +52,13 @@ void StoredPlaces::setVisible(const StatusItemRecord& record, const DefaultsDoma
     if (!record.name.empty()) preferences_.set(domain, key(visibleKey, record.name), {visible});
 }
 
-void StoredPlaces::setPosition(const StatusItemRecord& record, const DefaultsDomain& domain,
-                               double position) {
-    if (!record.name.empty()) preferences_.set(domain, key(positionKey, record.name), {position});
+void StoredPlaces::setPosition(const Place& place, double position) {
+    if (!place.name.empty()) preferences_.set(place.domain, key(positionKey, place.name), {position});
 }
 
-void StoredPlaces::removePosition(const StatusItemRecord& record, const DefaultsDomain& domain) {
-    preferences_.remove(domain, key(positionKey, record.name));
-    preferences_.remove(globalOfThisHost(), key(positionKey, byHostName(record.name)));
+void StoredPlaces::removePosition(const Place& place) {
+    preferences_.remove(place.domain, key(positionKey, place.name));
+    preferences_.remove(globalOfThisHost(), key(positionKey, byHostName(place.name)));
 }
 
 } // namespace mac_model

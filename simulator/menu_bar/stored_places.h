@@ -15,15 +15,24 @@ namespace mac_model {
 /// for this computer alone in ".GlobalPreferences", which counts where the first is missing.
 class StoredPlaces {
   public:
+    /// Where the position of one item is kept.
+    struct Place {
+        DefaultsDomain domain;
+        std::string name;
+    };
+
     StoredPlaces(PreferencesStore& preferences, MacOSVersion version)
         : preferences_(preferences)
         , version_(version) {}
 
-    /// Takes over position and visibility; what isn't stored stays as it is.
-    void read(StatusItemRecord&, const DefaultsDomain&) const;
+    /// Takes over what is stored of the item's visibility.
+    void readVisibility(StatusItemRecord&, const DefaultsDomain&) const;
     void setVisible(const StatusItemRecord&, const DefaultsDomain&, bool visible);
-    void setPosition(const StatusItemRecord&, const DefaultsDomain&, double position);
-    void removePosition(const StatusItemRecord&, const DefaultsDomain&);
+    /// None when none is stored.
+    std::optional<double> position(const Place&) const;
+    /// Nothing is stored without a name.
+    void setPosition(const Place&, double position);
+    void removePosition(const Place&);
 
     /// The name in keys of the second form: what follows the first "_" begins with a small letter, and "_v6".
     static std::string byHostName(std::string_view name);

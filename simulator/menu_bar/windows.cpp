@@ -9,18 +9,13 @@ using Number = tavrin::WindowServerMenuBar::WindowNumber;
 constexpr Number firstBarNumber = 10;
 constexpr Number firstItemNumber = 1000;
 constexpr Number numbersForItem = 2; // its window, and a second one by fault
-constexpr int lastVersionWithItemWindows = 26;
-constexpr double displacement = 40; // points
+constexpr double displacement = 40;  // points
 
 Number numberOf(const StatusItemRecord& item) {
     return firstItemNumber + numbersForItem * static_cast<Number>(item.identifier);
 }
 
 } // namespace
-
-bool MenuBarWindows::haveItemsWindows() const {
-    return behaviour_.version.major <= lastVersionWithItemWindows;
-}
 
 WindowReport MenuBarWindows::reportOf(const StatusItemRecord& item) const {
     const auto* owner = processes_.find(item.owner);
@@ -37,7 +32,7 @@ std::vector<MenuBarWindow> MenuBarWindows::all() const {
         windows.push_back(
             {number, {frame.x, frame.y - screens_.menuBarLift(screen), frame.width, screen.menuBarHeight}});
     }
-    if (!haveItemsWindows()) return windows;
+    if (behaviour_.hasHostedBar()) return windows;
     for (const auto* item : items_.items()) {
         if (!item->frame) continue;
         const auto report = reportOf(*item);
@@ -50,7 +45,7 @@ std::vector<MenuBarWindow> MenuBarWindows::all() const {
 }
 
 const StatusItemRecord* MenuBarWindows::itemWith(std::int64_t number) const {
-    if (number < firstItemNumber || !haveItemsWindows()) return nullptr;
+    if (number < firstItemNumber || behaviour_.hasHostedBar()) return nullptr;
     const auto identifier = static_cast<std::uint64_t>(number - firstItemNumber) / numbersForItem;
     const auto* item = items_.find(StatusItemIdentifier{identifier});
     return item && item->frame ? item : nullptr;

@@ -32,7 +32,6 @@ class MenuBarWindows {
     const StatusItemRecord* itemWith(std::int64_t number) const;
 
   private:
-    bool haveItemsWindows() const;
     WindowReport reportOf(const StatusItemRecord&) const;
 
     const StatusItemTable& items_;

@@ -12,6 +12,9 @@ struct Behaviour {
     Uncertainties uncertainties;
     Faults faults;
     bool reducesMotion = false; // the person's setting
+
+    /// Whether one agent draws the status items of all processes, as since macOS 27.
+    bool hasHostedBar() const { return version.major >= 27; }
 };
 
 } // namespace mac_model

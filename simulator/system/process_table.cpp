@@ -85,7 +85,10 @@ std::expected<void, std::string> ProcessTable::hang(std::string_view bundleIdent
 }
 
 std::expected<void, std::string> ProcessTable::resume(std::string_view bundleIdentifier) {
-    return forEach(bundleIdentifier, [](Process& process) { process.application.responding = true; });
+    return forEach(bundleIdentifier, [this](Process& process) {
+        process.application.responding = true;
+        onResumed.emit(process.identifier);
+    });
 }
 
 std::expected<void, std::string> ProcessTable::setLatency(std::string_view bundleIdentifier,

@@ -61,6 +61,7 @@ class ProcessTable {
 
     Signal<ProcessIdentifier> onLaunched;
     Signal<ProcessIdentifier> onEnded;          // it is no longer in the table
+    Signal<ProcessIdentifier> onResumed;        // it responds again
     Signal<ProcessIdentifier> onToldToQuit;     // one that decides for itself
     Signal<ProcessIdentifier> onSettingsChosen; // in its own menu
     Signal<> onFrontChanged; // another process is active, or other menus are in the menu bar

@@ -27,10 +27,11 @@ constexpr std::string_view notchDrawing = " ▓▓▓ ";
 const std::map<std::string_view, std::string_view> symbolDrawings{{"chevron.left.2", "‹‹"},
                                                                   {"chevron.right.2", "››"}};
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 5> hiddenPhrases{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 6> hiddenPhrases{
     {{"offscreen", "off screen"},
      {"notch", "behind the notch"},
      {"dropped", "dropped"},
+     {"overflow", "behind «"},
      {"restricted", "not allowed"},
      {"barNotVisible", "not visible"}}};
 
@@ -89,6 +90,8 @@ Parts partsOf(const json& look) {
     const auto notch = notchOf(look);
     parts.hasNotch = notch.has_value();
     for (const auto& title : look["menus"]) parts.titles.push_back(title);
+    const bool hasOverflow = !look["screens"].empty() && look["screens"][0].contains("overflow");
+    if (hasOverflow) parts.rightItems.push_back({{"name", "«"}});
     for (const auto& item : look["menuBar"]) {
         const auto x = item["frame"][0].get<double>();
         if (!item.value("drawn", false) || x < 0) continue;

@@ -278,8 +278,11 @@ TEST(Uncertainties, eachSettingIsItsOwnAndStartsAtItsFirstValue) {
 }
 
 TEST(DesktopFiles, theShippedOnesLoadAndAreCrowded) {
-    const std::pair<const char*, std::size_t> files[] = {
-        {"notched-laptop", 20}, {"classic-display", 20}, {"two-displays", 20}, {"macos-27", 15}};
+    const std::pair<const char*, std::size_t> files[] = {{"notched-laptop", 20},
+                                                         {"classic-display", 20},
+                                                         {"two-displays", 20},
+                                                         {"macos-27", 15},
+                                                         {"macos-27-plain", 15}};
     for (const auto& [name, itemsAtLeast] : files) {
         const auto desktop =
             loadDesktopFile(TAVRIN_SOURCE_DIR "/simulator/desktops/" + std::string(name) + ".json");

@@ -1,3 +1,4 @@
+#include "menu_bar/hosted_layout.h"
 #include "menu_bar/status_layout.h"
 #include "support/mac_fixture.h"
 
@@ -10,8 +11,8 @@ namespace {
 struct Bar {
     std::vector<LayoutItem> items;
     ScreenSpec screen = screenSpec({0, 0, 1000, 800});
-    LayoutRules rules{
-        .version = {26, 1}, .uncertainties = {}, .dropsOwnersOfLongItems = false, .menusEnd = 200};
+    LayoutRules rules{.uncertainties = {}, .dropsOwnersOfLongItems = false, .menusEnd = 200};
+    bool isHosted = false;
 
     Bar& add(double width, std::optional<double> position = std::nullopt, std::int32_t owner = 1) {
         LayoutItem item;
@@ -25,7 +26,8 @@ struct Bar {
 
     /// Each item in the order of creation as "x" and, when it isn't drawn, why not.
     std::string places() const {
-        auto placed = layOutStatusItems(items, screen, rules);
+        auto placed =
+            isHosted ? layOutHostedBar(items, screen, rules).items : layOutStatusItems(items, screen, rules);
         std::ranges::sort(placed, {}, &PlacedItem::identifier);
         std::string text;
         for (const auto& place : placed) {
@@ -87,10 +89,18 @@ TEST(StatusLayout, longItemPushesItsLeftNeighboursOffTheScreen) {
 
 TEST(StatusLayout, agentOfMacOS27DropsALongItemWhole) {
     auto bar = Bar().add(100, 1).add(500, 2).add(30, 3);
-    bar.rules.version = {27, 0};
+    bar.isHosted = true;
     EXPECT_EQ(bar.places(), "900 900:dropped 870");
     bar.items[1].width = 499;
     EXPECT_EQ(bar.places(), "900 401 371") << "shorter than half the screen, it pushes";
+}
+
+TEST(StatusLayout, agentOfMacOS27PutsWhatFindsNoRoomBehindAButton) {
+    auto bar = Bar().add(400, 1).add(374, 2).add(30, 3).add(5, 4);
+    bar.isHosted = true;
+    EXPECT_EQ(bar.places(), "600 226 200:overflow 200:overflow") << "the menus end at 200";
+    bar.screen = notched();
+    EXPECT_EQ(bar.places(), "600 550:overflow 550:overflow 550:overflow");
 }
 
 TEST(StatusLayout, faultHidesTheOwnersOtherItems) {

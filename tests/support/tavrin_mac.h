@@ -103,6 +103,6 @@ class TavrinMac {
 /// The text of a desktop file that ships.
 std::string shippedDesktop(const std::string& name);
 inline const std::vector<std::string> shippedDesktops{"notched-laptop", "classic-display", "two-displays",
-                                                      "macos-27"};
+                                                      "macos-27", "macos-27-plain"};
 
 } // namespace mac_model

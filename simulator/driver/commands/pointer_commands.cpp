@@ -89,15 +89,20 @@ Outcome up(DrivenMac driven, Arguments& arguments) {
 }
 
 Outcome scroll(DrivenMac driven, Arguments& arguments) {
+    using Phase = tavrin::ScrollPhase;
     constexpr std::array<std::string_view, 6> phases{"none",    "mayBegin", "began",
                                                      "changed", "ended",    "cancelled"};
+    constexpr std::array values{Phase::None,    Phase::MayBegin, Phase::Began,
+                                Phase::Changed, Phase::Ended,    Phase::Cancelled};
+    tavrin::ScrollSample sample;
     const auto dy = arguments.reader().number("dy", {-scrollMax, scrollMax}, Need::Required);
-    (void)arguments.reader().number("dx", {-scrollMax, scrollMax});
-    (void)arguments.reader().choice("phase", phases, std::size_t{0});
-    (void)arguments.reader().flag("momentum", false);
-    (void)arguments.reader().flag("precise", true);
+    sample.deltaX = arguments.reader().number("dx", {-scrollMax, scrollMax}).value_or(0);
+    sample.phase = values[arguments.reader().choice("phase", phases, std::size_t{0})];
+    sample.isMomentum = arguments.reader().flag("momentum", false);
+    sample.isPrecise = arguments.reader().flag("precise", true);
     if (auto problem = arguments.problem()) return std::unexpected(std::move(*problem));
-    return json{{"handled", driven.person.scroll(*dy)}};
+    sample.deltaY = *dy;
+    return json{{"handled", driven.person.scroll(sample)}};
 }
 
 constexpr std::array commands{Command{"click", click},  Command{"press", press}, Command{"drag", drag},

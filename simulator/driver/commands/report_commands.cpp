@@ -62,6 +62,8 @@ Outcome stats(DrivenMac driven, Arguments& arguments) {
     return json{{"messages", statistics.messages},
                 {"timers", statistics.timersPending},
                 {"tasks", statistics.tasksAlive},
+                {"flashes", statistics.flashes},
+                {"activations", statistics.activations},
                 {"cpu", static_cast<double>(std::clock()) / CLOCKS_PER_SEC},
                 {"virtual", timeShape(statistics.virtualTime)}};
 }

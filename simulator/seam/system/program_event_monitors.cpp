@@ -8,12 +8,14 @@ namespace mac_model {
 Subscription ProgramEventMonitors::watch(tavrin::EventMask events,
                                          std::function<void(const tavrin::WatchedEvent&)> handler) {
     auto gate = std::make_shared<tavrin::OwnerGate>();
-    const auto deliver = [events, connection = side_.connection, pass = gate->pass(),
-                          handler = std::make_shared<decltype(handler)>(std::move(handler))](
-                             const tavrin::WatchedEvent& event) {
-        if ((events & tavrin::eventMask(event.type)) == 0) return;
-        connection->post(pass.guarded([handler, event] { (*handler)(event); }));
-    };
+    const auto deliver =
+        [events, connection = side_.connection, pass = gate->pass(),
+         handler = std::make_shared<decltype(handler)>(std::move(handler))](const DeliveredEvent& delivered) {
+            const auto& event = delivered.event;
+            const bool isOwn = delivered.receiver == connection->process();
+            if (isOwn || (events & tavrin::eventMask(event.type)) == 0) return;
+            connection->post(pass.guarded([handler, event] { (*handler)(event); }));
+        };
     return tavrin::together(side_.mac.devices.onWatched.subscribe(deliver),
                             Subscription([gate = std::move(gate)]() mutable { gate.reset(); }));
 }

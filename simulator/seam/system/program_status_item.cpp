@@ -98,7 +98,8 @@ bool ProgramStatusItem::isPlaced() const {
 }
 
 std::optional<Rect> ProgramStatusItem::frame() const {
-    if (!record() || isPlaced()) return record() ? record()->frame : std::nullopt;
+    if (!record()) return std::nullopt;
+    if (isPlaced()) return side_.mac.arrangement.frameForOwner(*record());
     return Rect{0, 0, record()->frame.value_or(Rect{}).width, 0};
 }
 

@@ -18,7 +18,8 @@ class ProgramVisibilityAssertion final : public tavrin::VisibilityAssertion {
     void activate(Answer answer) override {
         if (!side_.isOpen()) return;
         identifier_ = side_.mac.visibility.activate(
-            std::move(list_), [connection = side_.connection, answer = std::move(answer)](const auto& error) {
+            side_.connection->process(), std::move(list_),
+            [connection = side_.connection, answer = std::move(answer)](const auto& error) {
                 if (connection->isOpen()) answer(error);
             });
     }

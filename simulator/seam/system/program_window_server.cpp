@@ -94,12 +94,17 @@ std::vector<OnScreenWindow> ProgramWindowServer::onScreenWindows() const {
     return windows;
 }
 
+ProcessIdentifier ProgramWindowServer::ownerOfBars() const {
+    const auto* agent = side_.mac.arrangement.agent();
+    return agent ? agent->identifier : windowServerProcess;
+}
+
 /// A locked screen hides them behind its shields, and so the list has them still.
 void ProgramWindowServer::putMenuBar(std::vector<OnScreenWindow>& windows) const {
     for (const auto& bar : side_.mac.menuBarWindows.all()) {
         const auto* item = side_.mac.menuBarWindows.itemWith(bar.number);
         if (item && !item->isDrawn && item->why != HiddenReason::BarNotVisible) continue;
-        windows.push_back({bar.number, item ? item->owner : windowServerProcess,
+        windows.push_back({bar.number, item ? item->owner : ownerOfBars(),
                            item ? statusItemLayer : menuBarLayer, bar.frame});
     }
 }

@@ -21,6 +21,7 @@ class ProgramWindowServer final : public tavrin::WindowServer,
 
   private:
     void putMenuBar(std::vector<OnScreenWindow>&) const;
+    ProcessIdentifier ownerOfBars() const;
 
     using Connection = tavrin::WindowServerMenuBar::Connection;
     using WindowNumber = tavrin::WindowServerMenuBar::WindowNumber;

@@ -18,6 +18,7 @@ export function menuBar(state, screen, index) {
             menuTitle(title, origin, { menuTitle: number, screen: index }, state.openMenu === number))),
         h("div", { role: "group", "aria-label": "Status items" }, items.map((shown, number) =>
             keptStatusItem(shown, origin, number === items.length - 1))),
+        screen.overflow && h("div", { class: "overflow", key: "overflow", style: place(screen.overflow, origin) }, "«"),
         notch(screen, origin),
         h("div", { class: "menu-bar-edge", style: { width: `${width}px` } }));
 }
@@ -48,10 +49,12 @@ function menuTitle({ title, frame }, origin, address, isOpen) {
 const systemGlyph = () => h("svg", { class: "system-glyph", viewBox: "0 0 24 24", "aria-hidden": "true" },
     h("path", { d: "M7 3h10a4 4 0 0 1 4 4v10a4 4 0 0 1-4 4H7a4 4 0 0 1-4-4V7a4 4 0 0 1 4-4zm-1.5 4.2v1.6h13V7.200z" }));
 
-// Items keep their distance from the right edge on every screen. Only the primary screen's notch hides any: on another
+// Since macOS 27 each screen has room for other items, and says which. Before, items keep their distance from the right edge
+// on every screen. Only the primary screen's notch hides any: on another
 // one they are seen, unless they would stand beyond its left edge.
 function itemsOn(state, screen) {
     const primary = state.screens[0];
+    if (screen.items) return hostedItemsOn(state, screen);
     const dx = screen.frame[0] + screen.frame[2] - primary.frame[0] - primary.frame[2];
     return keyed(state.menuBar).filter(({ item }) => {
         if (screen === primary || item.why === undefined) return item.drawn;
@@ -60,6 +63,14 @@ function itemsOn(state, screen) {
         item, key,
         frame: screen === primary ? item.frame : [item.frame[0] + dx, screen.frame[1], item.frame[2], screen.menuBarHeight],
     }));
+}
+
+function hostedItemsOn(state, screen) {
+    const frames = new Map(screen.items.map(({ id, frame }) => [id, frame]));
+    return keyed(state.menuBar).filter(({ item }) => frames.has(item.id)).map(({ item, key }) => {
+        const [x, , itemWidth] = frames.get(item.id);
+        return { item, key, frame: [x, screen.frame[1], itemWidth, screen.menuBarHeight] };
+    });
 }
 
 export function keyed(items) {
