@@ -1,30 +1,15 @@
 #pragma once
 
-#include "accessibility/attributes.h"
+#include "accessibility/element_walk.h"
 #include "concurrency/waits.h"
 #include "platform/accessibility.h"
 
 #include <expected>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace tavrin {
-
-/// The facts that one message tells about an element of a menu bar.
-struct MenuBarElement {
-    AccessibilityElement element;
-    std::string role;
-    std::optional<std::string> rawIdentifier;
-    std::optional<std::string> title;
-    std::optional<std::string> description;
-    std::optional<std::string> help;
-    std::optional<Rect> reportedFrame; // none when any of it is missing
-
-    /// The frame as reported, else an empty one.
-    Rect frame() const { return reportedFrame.value_or(Rect{}); }
-};
 
 /// Reads the status items of one application with one message an element, so that a hung application costs
 /// one time-out: the first message that cannot be completed ends the reading. Off the main thread.
@@ -34,9 +19,7 @@ class ApplicationReader {
     /// in that of a regular application titles stand, of which only the subrole tells an item.
     enum class Bars { Extras, ExtrasElseMenuBar, ExtrasElseExtrasInMenuBar };
 
-    /// Bounds of the walk, so that a broken or hostile tree ends.
-    static constexpr int depthMax = 12;
-    static constexpr std::size_t visitedMax = 512;
+    /// One more bound of the walk, so that a broken or hostile tree ends.
     static constexpr std::size_t itemsBeyondWhichToStop = 127;
 
     ApplicationReader(Accessibility& accessibility, Seconds messagingTimeout, AbandonFlag abandoned);
@@ -47,17 +30,6 @@ class ApplicationReader {
                                                                       Bars bars) const;
 
   private:
-    struct Visit {
-        MenuBarElement element;
-        bool isMenuExtra;
-        AccessibilityElements children;
-    };
-
-    struct Pending {
-        AccessibilityElement element;
-        int depth;
-    };
-
     /// Which elements of a bar are status items.
     enum class ItemsOfBar { All, MenuExtras };
 
@@ -65,12 +37,10 @@ class ApplicationReader {
 
     using Items = std::expected<std::vector<MenuBarElement>, ReadFailure>;
 
+    class Collector;
+
     BarResult readBar(const AccessibilityElement& application, std::string_view attribute) const;
     Items itemsIn(const BarResult& bar, ItemsOfBar wanted) const;
-    Items walk(const AccessibilityElement& bar, ItemsOfBar wanted) const;
-    std::expected<Visit, ReadFailure> visit(const AccessibilityElement& element) const;
-    static void pushChildren(std::vector<Pending>& stack, const Visit& parent, int depth,
-                             std::size_t visitedCount);
 
     Accessibility& accessibility_;
     Seconds timeout_;

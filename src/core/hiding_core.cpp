@@ -14,7 +14,7 @@ HidingCore::HidingCore(const Platform& platform, AccessibilityPermission& permis
     , settings(platform.defaults)
     , hiddenItems(settings, platform.application.bundleIdentifier())
     , statusItems(platform, settings, mode, std::move(dressControl))
-    , inventory(platform, permission, [this] { return statusItems.boundary(); })
+    , inventory(platform, permission, makeBarScan(mode, platform), [this] { return statusItems.boundary(); })
     , mechanism(makeHidingMechanism(mode, {.platform = platform,
                                            .activity = activity,
                                            .items = statusItems,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "discovery/bar_scan.h"
 #include "discovery/item_inventory.h"
 #include "hiding/bar_activity.h"
 #include "hiding/failure_message.h"
@@ -13,6 +14,9 @@
 #include <memory>
 
 namespace tavrin {
+
+/// Makes the way to find other applications' items for the life of the process. The platform outlives it.
+std::unique_ptr<BarScan> makeBarScan(MenuBarRuntimeMode mode, const Platform& platform);
 
 /// What the mechanisms are made of; each takes what it needs.
 struct HidingParts {

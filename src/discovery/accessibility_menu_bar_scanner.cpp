@@ -2,6 +2,7 @@
 
 #include "concurrency/scheduler.h"
 #include "discovery/extras_presence_results.h"
+#include "discovery/item_snapshots.h"
 #include "discovery/menu_bar_item_scan_policy.h"
 #include "discovery/system_menu_extra_catalog.h"
 #include "platform/accessibility_names.h"
@@ -43,19 +44,21 @@ AccessibilityMenuBarScanner::AccessibilityMenuBarScanner(Scheduler& scheduler, A
     , workspace_(workspace)
     , text_(text) {}
 
-std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
+std::expected<ScanResult, ReadFailure>
 AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> applications,
                                   const HidingBoundary& boundary, const AbandonFlag& abandoned) const {
-    std::vector<MenuBarItemSnapshot> items;
+    ScanResult result;
+    auto& items = result.items;
     std::optional<ReadFailure> failure;
     std::optional<ProcessIdentifier> lastThatAnswered;
     for (const auto& application : applications) {
         const auto records = menuBarItemRecords(application, abandoned);
         if (records) {
             lastThatAnswered = application.processIdentifier;
-            std::ranges::move(snapshots(application, *records), std::back_inserter(items));
+            std::ranges::move(snapshotsOf(application, factsOf(*records), text_), std::back_inserter(items));
         } else {
             failure = records.error();
+            result.unanswered.push_back(application.processIdentifier);
         }
     }
     if (abandoned.isRaised()) return std::unexpected(ReadFailure::Abandoned);
@@ -64,7 +67,7 @@ AccessibilityMenuBarScanner::scan(std::span<const RunningApplicationSnapshot> ap
     if (failure && !(lastThatAnswered && answers(*lastThatAnswered))) return std::unexpected(*failure);
     MenuBarItemScanPolicy::setZones(items, boundary);
     MenuBarItemScanPolicy::sort(items, text_);
-    return items;
+    return result;
 }
 
 bool AccessibilityMenuBarScanner::answers(ProcessIdentifier process) const {
@@ -96,6 +99,13 @@ AccessibilityMenuBarScanner::menuBarItemRecords(const RunningApplicationSnapshot
     return records;
 }
 
+std::vector<ItemFacts> AccessibilityMenuBarScanner::factsOf(const std::vector<ItemRecord>& records) {
+    std::vector<ItemFacts> facts;
+    for (const auto& record : records)
+        facts.push_back({record.canonicalIdentifier, record.metadata.label, record.metadata.frame});
+    return facts;
+}
+
 AccessibilityMenuBarScanner::ItemCandidate
 AccessibilityMenuBarScanner::candidate(MenuBarElement element, std::string_view bundleIdentifier) const {
     MenuBarItemScanMetadata metadata{.role = element.role,
@@ -121,32 +131,6 @@ void AccessibilityMenuBarScanner::identifyByPosition(std::vector<ItemCandidate>&
     for (std::size_t i = 0; i < unidentified.size(); ++i) {
         unidentified[i]->directlyResolvedIdentifier = std::move(identifiers[i]);
     }
-}
-
-std::vector<MenuBarItemSnapshot>
-AccessibilityMenuBarScanner::snapshots(const RunningApplicationSnapshot& application,
-                                       const std::vector<ItemRecord>& records) const {
-    std::vector<std::optional<std::string>> canonical;
-    for (const auto& record : records) canonical.push_back(record.canonicalIdentifier);
-    const auto identifiers =
-        MenuBarItemScanPolicy::itemIdentifiers(application.bundleIdentifier, canonical, text_);
-
-    std::vector<MenuBarItemSnapshot> items;
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        const auto& metadata = records[i].metadata;
-        items.push_back({.id = identifiers[i],
-                         .name = MenuBarItemScanPolicy::itemName(application.localizedName, canonical[i],
-                                                                 metadata.label, i, records.size(), text_),
-                         .applicationName = application.localizedName,
-                         .bundleIdentifier = application.bundleIdentifier,
-                         .processIdentifier = application.processIdentifier,
-                         .isOwnerRegular = application.isRegular,
-                         .accessibilityIdentifier = canonical[i],
-                         .statusItemIndex = static_cast<int>(i),
-                         .frame = metadata.frame,
-                         .isMovable = MenuBarItemScanPolicy::isMovable(canonical[i])});
-    }
-    return items;
 }
 
 std::vector<ExtrasMenuBarPresence>

@@ -2,8 +2,11 @@
 
 #include "accessibility/application_reader.h"
 #include "concurrency/waits.h"
+#include "discovery/bar_scan.h"
 #include "discovery/hiding_boundary.h"
+#include "discovery/item_snapshots.h"
 #include "discovery/menu_bar_item.h"
+#include "discovery/scan_result.h"
 
 #include <expected>
 #include <optional>
@@ -41,7 +44,7 @@ struct ExtrasMenuBarPresence {
 /// Finds the status items of running applications. All operations block in messages to other processes: call
 /// them off the main thread. An application that does not answer costs one messaging time-out and shows no
 /// items.
-class AccessibilityMenuBarScanner {
+class AccessibilityMenuBarScanner final : public BarScan {
   public:
     static constexpr Seconds messagingTimeout{0.5};
 
@@ -51,9 +54,9 @@ class AccessibilityMenuBarScanner {
     /// The items of just these applications, in the order of MenuBarItemScanPolicy::sort. What lies left of
     /// the boundary is hidden. The error is that macOS refuses the messages, so that nothing is known, or
     /// that `abandoned` was raised. One application that fails while others answer is no such error.
-    std::expected<std::vector<MenuBarItemSnapshot>, ReadFailure>
-    scan(std::span<const RunningApplicationSnapshot> applications, const HidingBoundary& boundary,
-         const AbandonFlag& abandoned = {}) const;
+    std::expected<ScanResult, ReadFailure> scan(std::span<const RunningApplicationSnapshot> applications,
+                                                const HidingBoundary& boundary,
+                                                const AbandonFlag& abandoned = {}) const override;
 
     /// Counts the items of the applications that are not Apple's, all at once, in the order of the
     /// applications.
@@ -83,8 +86,7 @@ class AccessibilityMenuBarScanner {
     bool answers(ProcessIdentifier process) const;
     ItemCandidate candidate(MenuBarElement element, std::string_view bundleIdentifier) const;
     void identifyByPosition(std::vector<ItemCandidate>& candidates) const;
-    std::vector<MenuBarItemSnapshot> snapshots(const RunningApplicationSnapshot& application,
-                                               const std::vector<ItemRecord>& records) const;
+    static std::vector<ItemFacts> factsOf(const std::vector<ItemRecord>& records);
     std::optional<ExtrasMenuBarPresence> presence(const RunningApplicationSnapshot& application,
                                                   Seconds timeout) const;
 

@@ -23,12 +23,11 @@ MenuBarItemIcon iconOf(const MenuBarItemSnapshot& item) {
 } // namespace
 
 ItemInventory::ItemInventory(const Platform& platform, AccessibilityPermission& permission,
-                             std::function<HidingBoundary()> boundary)
+                             std::unique_ptr<BarScan> scan, std::function<HidingBoundary()> boundary)
     : platform_(platform)
     , permission_(permission)
     , boundary_(std::move(boundary))
-    , scanner_(platform.scheduler, platform.accessibility, platform.defaults, platform.workspace,
-               platform.text)
+    , scan_(std::move(scan))
     , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
         if (!isTrusted) invalidate();
     }))
@@ -59,14 +58,14 @@ Task<> ItemInventory::scanUntilCurrent() {
 
 Task<> ItemInventory::scanOnce() {
     if (isDenied()) co_return tellOfDenial();
-    auto found = co_await runOn(*queue_, [&scanner = scanner_, applications = applicationsToScan(),
+    auto found = co_await runOn(*queue_, [&scan = *scan_, applications = applicationsToScan(),
                                           boundary = boundary_()](const AbandonFlag& abandoned) {
-        return scanner.scan(applications, boundary, abandoned);
+        return scan.scan(applications, boundary, abandoned);
     });
     if (!found) co_return;
     // A reading during which the trust was lost may have missed items.
     if (isDenied() || !*found) co_return tellOfDenial();
-    publish({.items = std::move(**found)});
+    publish(std::move(**found));
 }
 
 bool ItemInventory::isDenied() {

@@ -3,7 +3,8 @@
 #include "accessibility/accessibility_permission.h"
 #include "concurrency/job.h"
 #include "concurrency/signal.h"
-#include "discovery/accessibility_menu_bar_scanner.h"
+#include "discovery/bar_scan.h"
+#include "discovery/menu_bar_item.h"
 #include "discovery/scan_result.h"
 #include "platform/platform.h"
 
@@ -20,7 +21,7 @@ class ItemInventory {
   public:
     /// `boundary` tells which items count as hidden; it is asked as each scan begins.
     ItemInventory(const Platform& platform, AccessibilityPermission& permission,
-                  std::function<HidingBoundary()> boundary);
+                  std::unique_ptr<BarScan> scan, std::function<HidingBoundary()> boundary);
     ItemInventory(const ItemInventory&) = delete;
     ItemInventory& operator=(const ItemInventory&) = delete;
 
@@ -53,7 +54,7 @@ class ItemInventory {
     const Platform& platform_;
     AccessibilityPermission& permission_;
     std::function<HidingBoundary()> boundary_;
-    AccessibilityMenuBarScanner scanner_;
+    std::unique_ptr<BarScan> scan_; // outlives the queue, which uses it
     Published<std::vector<MenuBarItem>> items_;
     Published<bool> isScanning_{false};
     bool hasCompletedScan_ = false;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <expected>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,8 +65,8 @@ using AttributeResult = std::expected<AttributeValue, AccessibilityError>;
 
 /// The Accessibility interface. Each operation that names an element is one message to the element's process,
 /// which blocks the calling thread until the process answers or the reference's messaging time-out passes;
-/// only `setMessagingTimeout`, `application` and the trust operations send none. Any thread for messages, but
-/// keep them off the main thread; the trust operations belong to the main thread.
+/// only `setMessagingTimeout`, `processOf`, `application` and the trust operations send none. Any thread for
+/// messages, but keep them off the main thread; the trust operations belong to the main thread.
 class Accessibility {
   public:
     virtual ~Accessibility() = default;
@@ -83,6 +84,10 @@ class Accessibility {
     virtual Subscription onTrustListChanged(std::function<void()> handler) = 0;
 
     virtual AccessibilityElement application(ProcessIdentifier process) = 0;
+
+    /// The process that answers for the element, which may be another than that of the element above it. None
+    /// when the system doesn't tell.
+    virtual std::optional<ProcessIdentifier> processOf(const AccessibilityElement& element) const = 0;
 
     /// Bounds the messages sent through this reference only: not through equal references, nor to children.
     virtual void setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) = 0;

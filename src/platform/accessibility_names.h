@@ -10,6 +10,7 @@ inline constexpr std::string_view extrasMenuBar = "AXExtrasMenuBar";
 inline constexpr std::string_view menuBar = "AXMenuBar";
 inline constexpr std::string_view shownMenu = "AXShownMenuUIElement";
 inline constexpr std::string_view children = "AXChildren";
+inline constexpr std::string_view windows = "AXWindows";
 inline constexpr std::string_view frontmost = "AXFrontmost";
 inline constexpr std::string_view role = "AXRole";
 inline constexpr std::string_view subrole = "AXSubrole";
@@ -26,6 +27,8 @@ inline constexpr std::string_view commandModifiers = "AXMenuItemCmdModifiers";
 inline constexpr std::string_view markCharacter = "AXMenuItemMarkChar";
 
 inline constexpr std::string_view menuBarItemRole = "AXMenuBarItem";
+inline constexpr std::string_view groupRole = "AXGroup";
+inline constexpr std::string_view buttonRole = "AXButton";
 inline constexpr std::string_view menuExtraSubrole = "AXMenuExtra";
 inline constexpr std::string_view menuRole = "AXMenu";
 inline constexpr std::string_view menuItemRole = "AXMenuItem";

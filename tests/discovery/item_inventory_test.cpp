@@ -1,3 +1,4 @@
+#include "discovery/accessibility_menu_bar_scanner.h"
 #include "discovery/item_inventory.h"
 #include "support/fake_accessibility.h"
 #include "support/mac_fixture.h"
@@ -24,7 +25,9 @@ class ItemInventoryTest : public mac_model::MacTest {
                               p.screens, p.statusItems, p.text, p.visibilityService, p.windowServer,
                               p.workspace});
         permission.emplace(scheduler, accessibility, p.application);
-        inventory.emplace(*ours, *permission, [this] { return boundaryX; });
+        auto applications = std::make_unique<AccessibilityMenuBarScanner>(scheduler, accessibility,
+                                                                          p.defaults, p.workspace, p.text);
+        inventory.emplace(*ours, *permission, std::move(applications), [this] { return boundaryX; });
         scans = inventory->onScanCompleted([this](const ScanResult& scan) { results.push_back(scan); });
         changes = inventory->items().subscribe([this](const auto&) { ++changeCount; });
     }

@@ -103,6 +103,12 @@ struct DeniesTrust : PassedOnAccessibility {
     bool isTrusted() const override { return false; }
 };
 
+struct NamesTheWrongProcess : PassedOnAccessibility {
+    using PassedOnAccessibility::PassedOnAccessibility;
+
+    std::optional<ProcessIdentifier> processOf(const AccessibilityElement&) const override { return 1; }
+};
+
 struct KnowsOneProcess : PassedOnAccessibility {
     using PassedOnAccessibility::PassedOnAccessibility;
 
@@ -168,6 +174,8 @@ std::vector<PlantedLie> liesAboutApplications() {
                             {"Whether Accessibility is allowed is told at once."}),
         lie<KnowsOneProcess>("knowsOneProcess", "accessibility",
                              {"References to one element are equal and hash equally; to two they differ."}),
+        lie<NamesTheWrongProcess>("namesTheWrongProcess", "accessibility",
+                                  {"An element tells which process answers for it."}),
         lie<DeniesTrust>("deniesTrust", "accessibility",
                          {"Other processes answer when Accessibility is allowed, and only then."}),
         lie<ForgetsRegistrations>("forgetsRegistrations", "login item",

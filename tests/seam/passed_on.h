@@ -125,6 +125,10 @@ class PassedOnAccessibility : public Accessibility {
         return truth.application(process);
     }
 
+    std::optional<ProcessIdentifier> processOf(const AccessibilityElement& element) const override {
+        return truth.processOf(element);
+    }
+
     void setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) override {
         truth.setMessagingTimeout(element, timeout);
     }

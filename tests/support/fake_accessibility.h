@@ -30,6 +30,11 @@ class FakeAccessibility final : public Accessibility {
 
     AccessibilityElement application(ProcessIdentifier process) override { return element(process); }
 
+    std::optional<ProcessIdentifier> processOf(const AccessibilityElement& element) const override {
+        const auto found = owners.find(number(element));
+        return found == owners.end() ? std::nullopt : std::optional(found->second);
+    }
+
     void setMessagingTimeout(const AccessibilityElement&, Seconds) override {}
 
     AttributeResult attribute(const AccessibilityElement& element, std::string_view name) override {
@@ -85,6 +90,7 @@ class FakeAccessibility final : public Accessibility {
         if (!identifier.empty()) attributes["AXIdentifier"] = identifier;
     }
 
+    std::map<int, ProcessIdentifier> owners; // of elements, where the system tells
     std::map<int, Node> nodes;
     int messages = 0;
     std::function<void(int number)> beforeMessage = [](int) {};

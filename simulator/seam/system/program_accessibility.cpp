@@ -28,6 +28,11 @@ AccessibilityElement ProgramAccessibility::application(ProcessIdentifier process
     return elementFor(key);
 }
 
+std::optional<ProcessIdentifier> ProgramAccessibility::processOf(const AccessibilityElement& element) const {
+    const auto* reference = dynamic_cast<const ElementReference*>(&element.reference());
+    return reference ? std::optional(reference->key().process) : std::nullopt;
+}
+
 void ProgramAccessibility::setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) {
     const auto* reference = dynamic_cast<const ElementReference*>(&element.reference());
     if (reference && timeout >= Seconds{0}) reference->setTimeout(timeout);

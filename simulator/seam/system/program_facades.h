@@ -62,6 +62,7 @@ class ProgramAccessibility final : public tavrin::Accessibility {
     void requestTrust() override;
     Subscription onTrustListChanged(std::function<void()> handler) override;
     AccessibilityElement application(ProcessIdentifier) override;
+    std::optional<ProcessIdentifier> processOf(const AccessibilityElement&) const override;
     void setMessagingTimeout(const AccessibilityElement&, Seconds) override;
     AttributeResult attribute(const AccessibilityElement&, std::string_view name) override;
     std::expected<std::vector<AttributeResult>, AccessibilityError>

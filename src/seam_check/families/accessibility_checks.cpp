@@ -138,6 +138,15 @@ Task<Verdict> unknownActionsFail(Platform platform) {
                                ".");
 }
 
+Task<Verdict> elementsTellTheirProcess(Platform platform) {
+    const auto process = platform.accessibility.processOf(ownApplication(platform));
+    if (process != platform.application.processIdentifier())
+        co_return failed(process ? "This program's element is said to be of process " +
+                                       std::to_string(*process) + "."
+                                 : "Nothing is known of this program's element.");
+    co_return passed("This program's element is of process " + std::to_string(*process) + ".");
+}
+
 Task<Verdict> missingProcessesFail(Platform platform) {
     constexpr ProcessIdentifier nobody = 999'999; // above the largest that macOS gives
     const auto begun = platform.scheduler.now();
@@ -229,6 +238,7 @@ std::vector<Check> accessibilityChecks() {
         reads(family, "Whether Accessibility is allowed is told at once.", trustIsCheap),
         reads(family, "References to one element are equal and hash equally; to two they differ.",
               equalReferencesAreEqual),
+        reads(family, "An element tells which process answers for it.", elementsTellTheirProcess),
         reads(family, "The program reads itself, and values keep their types.", programReadsItself),
         reads(family, "An attribute that an element lacks is unsupported or without a value.",
               unknownAttributesAreErrors),

@@ -168,6 +168,14 @@ AXUIElementRef AXUIElementCreateApplication(pid_t process) {
     }
 }
 
+AXError AXUIElementGetPid(AXUIElementRef reference, pid_t* process) {
+    const auto* element = target(reference);
+    const auto found = element ? answeringMac()->accessibility.processOf(*element) : std::nullopt;
+    if (!found) return illegalArgument;
+    *process = *found;
+    return kAXErrorSuccess;
+}
+
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef reference, float seconds) {
     @autoreleasepool {
         if (seconds < 0) return illegalArgument;

@@ -12,6 +12,7 @@ class MacAccessibility final : public Accessibility {
     void requestTrust() override;
     Subscription onTrustListChanged(std::function<void()> handler) override;
     AccessibilityElement application(ProcessIdentifier process) override;
+    std::optional<ProcessIdentifier> processOf(const AccessibilityElement& element) const override;
     void setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) override;
     AttributeResult attribute(const AccessibilityElement& element, std::string_view name) override;
     std::expected<std::vector<AttributeResult>, AccessibilityError>

@@ -26,6 +26,13 @@ AccessibilityElement MacAccessibility::application(ProcessIdentifier process) {
     return elementFrom(UiElement::adopting(AXUIElementCreateApplication(process)));
 }
 
+std::optional<ProcessIdentifier> MacAccessibility::processOf(const AccessibilityElement& element) const {
+    const auto target = uiElementOf(element);
+    pid_t process = 0;
+    if (!target || AXUIElementGetPid(target, &process) != kAXErrorSuccess) return std::nullopt;
+    return process;
+}
+
 void MacAccessibility::setMessagingTimeout(const AccessibilityElement& element, Seconds timeout) {
     if (const auto target = uiElementOf(element))
         AXUIElementSetMessagingTimeout(target, static_cast<float>(timeout.count()));

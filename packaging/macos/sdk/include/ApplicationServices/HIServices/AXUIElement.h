@@ -15,6 +15,7 @@ CF_EXPORT Boolean AXIsProcessTrusted(void);
 CF_EXPORT Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options);
 CF_EXPORT CFTypeID AXUIElementGetTypeID(void);
 CF_EXPORT AXUIElementRef AXUIElementCreateApplication(pid_t process) CF_RETURNS_RETAINED;
+CF_EXPORT AXError AXUIElementGetPid(AXUIElementRef element, pid_t *process);
 CF_EXPORT AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float seconds);
 CF_EXPORT AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                                 CFTypeRef *CF_RETURNS_RETAINED value);
