@@ -35,6 +35,18 @@ extern "C" void* tavrinOpened(const char* path, int) noexcept {
 
 @end
 
+/// Describes itself by the words of the Mac that answers.
+@interface TavrinWordedError : NSError
+@end
+
+@implementation TavrinWordedError
+
+- (NSString*)description {
+    return self.domain;
+}
+
+@end
+
 @interface MBAssessmentModeAssertion : NSObject
 - (void)activateWithConfiguration:(id)configuration completionHandler:(void (^)(NSError*))handler;
 - (void)invalidate;
@@ -51,7 +63,7 @@ extern "C" void* tavrinOpened(const char* path, int) noexcept {
     if (!made_) return;
     made_->activate([handler](const std::optional<std::string>& error) {
         NSString* words = error ? [NSString stringWithUTF8String:error->c_str()] : nil;
-        handler(words ? [NSError errorWithDomain:words code:1 userInfo:nil] : nil);
+        handler(words ? [TavrinWordedError errorWithDomain:words code:1 userInfo:nil] : nil);
     });
 }
 

@@ -138,6 +138,7 @@ static NSArray* runningOnMac() {
 @implementation NSProcessInfo (TavrinShim)
 
 - (NSTimeInterval)tavrinUptime {
+    if (answeringMac()) return answeringMac()->scheduler.now().count();
     return static_cast<double>(clock_gettime_nsec_np(CLOCK_UPTIME_RAW)) / 1e9;
 }
 
