@@ -67,17 +67,18 @@ bool ExpandedRescue::isJudged(const ScanResult& scan) const {
 }
 
 void ExpandedRescue::noteScan(const ScanResult& scan) {
-    if (isJudged(scan)) update(scan.items);
+    if (isJudged(scan)) update(scan);
     uses_.restriction.sync();
 }
 
 /// A bar with a list in force shows too little to replace what is latched, or to measure items.
-void ExpandedRescue::update(const Items& items) {
+void ExpandedRescue::update(const ScanResult& scan) {
+    const auto& items = scan.items;
     const bool isRestricted = isScanRestricted_ || !uses_.keeper.isIdle();
     const auto before = uses_.latch.identifiers;
     const auto screens = uses_.platform.screens.screens();
     const auto trapped = NotchRescuePolicy::trappedItems(items, screens);
-    const auto lane = laneOf(items, trapped);
+    const auto lane = laneOf(scan, trapped);
     catalog_.merge(items);
     if (!isRestricted) catalog_.recordWidths(items);
     uses_.latch.latch(unitsOf(rescuable(trapped, uses_.platform.application.bundleIdentifier())),
@@ -108,9 +109,9 @@ void ExpandedRescue::retainRunning() {
     uses_.latch.retain(bundles);
 }
 
-std::optional<LaneLayout> ExpandedRescue::laneOf(const Items& items, const Items& trapped) const {
-    std::vector<Rect> frames;
-    for (const auto& item : items)
+std::optional<LaneLayout> ExpandedRescue::laneOf(const ScanResult& scan, const Items& trapped) const {
+    auto frames = scan.clockFrames;
+    for (const auto& item : scan.items)
         if (std::ranges::find(trapped, item.identity(), &MenuBarItemSnapshot::identity) == trapped.end())
             frames.push_back(item.frame);
     if (const auto control = uses_.items.validControlGlyphFrame()) frames.push_back(*control);

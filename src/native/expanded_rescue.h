@@ -55,10 +55,10 @@ class ExpandedRescue {
 
     bool isJudged(const ScanResult& scan) const;
     void noteScan(const ScanResult& scan);
-    void update(const std::vector<MenuBarItemSnapshot>& items);
+    void update(const ScanResult& scan);
     bool releaseFitting(const std::optional<LaneLayout>& lane);
     void retainRunning();
-    std::optional<LaneLayout> laneOf(const std::vector<MenuBarItemSnapshot>& items,
+    std::optional<LaneLayout> laneOf(const ScanResult& scan,
                                      const std::vector<MenuBarItemSnapshot>& trapped) const;
     std::optional<Seconds> nextLook(bool hasReleased) const;
     void storeIfChanged(const std::set<std::string>& before);

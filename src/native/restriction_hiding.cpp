@@ -13,7 +13,7 @@ RestrictionHiding::RestrictionHiding(const Uses& uses)
     , restriction_(uses.platform.scheduler, uses.platform.visibilityService)
     , keeper_(uses.platform.scheduler, restriction_)
     , plans_(uses.platform, uses.hiddenItems)
-    , controlCheck_(uses.platform.scheduler, uses.items)
+    , controlCheck_(uses.platform.scheduler, uses.items, [this] { return isMissedByAgent(); })
     , expanded_(uses.platform.scheduler, uses.activity, uses.items, plans_, latch_, keeper_)
     , rescue_({.platform = uses.platform,
                .activity = uses.activity,
@@ -38,7 +38,8 @@ std::vector<Subscription> RestrictionHiding::observe() {
                                    &activity.isConfigureOpen, &activity.isApplyingConfiguration})
         observations.push_back(suppresses->subscribe([this](const bool&) { expanded_.sync(); }));
     observations.push_back(uses_.platform.screens.onChanged([this] { screensChanged(); }));
-    observations.push_back(uses_.inventory.onScanCompleted([this](const ScanResult&) { noteScan(); }));
+    observations.push_back(
+        uses_.inventory.onScanCompleted([this](const ScanResult& scan) { noteScan(scan); }));
     return observations;
 }
 
@@ -88,7 +89,18 @@ Task<> RestrictionHiding::scanRevealed() {
     co_await uses_.inventory.refreshItemsNow();
 }
 
-void RestrictionHiding::noteScan() { isLastScanOfWholeBar_ = !keeper_.isRestricted(); }
+void RestrictionHiding::noteScan(const ScanResult& scan) {
+    isLastScanOfWholeBar_ = !keeper_.isRestricted();
+    ownItemCount_ = scan.ownItemCount;
+    if (!scan.clockFrames.empty()) clock_.setClockRects(scan.clockFrames);
+}
+
+/// AppKit's word that the control isn't drawn is not enough where another process draws it: the agent has to
+/// agree, unless it says nothing.
+Task<bool> RestrictionHiding::isMissedByAgent() {
+    co_await uses_.inventory.refreshItemsNow();
+    co_return ownItemCount_.value_or(0) == 0;
+}
 
 void RestrictionHiding::adaptToScreens() {
     controlCheck_.verify([this](const std::string& message) { mustReveal.emit(message); });

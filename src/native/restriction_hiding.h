@@ -75,7 +75,8 @@ class RestrictionHiding final : public HidingMechanism {
     void applicationsEnded();
     void letNewcomersIn();
     void screensChanged();
-    void noteScan();
+    void noteScan(const ScanResult& scan);
+    Task<bool> isMissedByAgent();
     Task<> scanRevealed();
 
     Uses uses_;
@@ -91,6 +92,7 @@ class RestrictionHiding final : public HidingMechanism {
     LaunchFollower launches_;
     int confirmationsAwaited_ = 0; // more than one while an older one hasn't heard of its end
     bool isLastScanOfWholeBar_ = true;
+    std::optional<int> ownItemCount_; // by the last scan
     std::vector<Subscription> observations_;
     Job<> revealedScanTask_;
 };
