@@ -8,7 +8,10 @@ Rect areaAtPress(const StatusItemRecord& record, Rect area, const std::vector<Sc
     if (!record.pressedAt || !record.frame) return area;
     for (const auto& screen : screens) {
         if (!screen.frame.contains(*record.pressedAt)) continue;
-        const auto frame = frameOnScreen(*record.frame, screens.front(), screen);
+        auto frame = frameOnScreen(*record.frame, screens.front(), screen);
+        // The agent of macOS 27 may draw it elsewhere there.
+        const double x = record.pressedAt->x;
+        if (x < frame.x || x >= frame.maxX()) frame.x = x - frame.width / 2;
         return {area.x + frame.x - record.frame->x, area.y + frame.y - record.frame->y, area.width,
                 area.height};
     }

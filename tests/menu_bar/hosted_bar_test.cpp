@@ -45,10 +45,14 @@ TEST_F(HostedBarTest, anotherDisplayHasRoomForOthers) {
     EXPECT_EQ(screens[1]["items"].size(), 18U);
     EXPECT_FALSE(screens[1].contains("overflow"));
     const auto tunnel = itemOf("org.example.tunnel")["id"];
+    double x = 0;
     for (const auto& item : screens[1]["items"])
-        if (item["id"] == tunnel)
-            mac.done({{"do", "click"}, {"at", {item["frame"][0].get<double>() + 5, 10}}});
-    EXPECT_EQ(mac.surfacesOf("org.example.tunnel").size(), 1U);
+        if (item["id"] == tunnel) x = item["frame"][0].get<double>() + 5;
+    mac.done({{"do", "click"}, {"at", {x, 10}}});
+    const auto opened = mac.surfacesOf("org.example.tunnel");
+    ASSERT_EQ(opened.size(), 1U);
+    EXPECT_NEAR(tavrin::Rect(opened[0]["frame"][0], 0, opened[0]["frame"][2], 0).midX(), x, 1)
+        << "it opens where the item is there";
 }
 
 TEST_F(HostedBarTest, nothingIsDrawnWithoutTheAgentNorMovedWhileItHangs) {
