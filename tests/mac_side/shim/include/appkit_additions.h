@@ -185,6 +185,9 @@ typedef NSString* NSAccessibilityRole;
 @property(readonly, getter=isVisible) BOOL visible;
 @property(readonly) NSUInteger occlusionState;
 @end
+@interface NSAlert (TavrinShim)
+@property(readonly) NSWindow* window;
+@end
 @interface NSPopover (TavrinShim)
 @property(readonly, getter=isShown) BOOL shown;
 @end
