@@ -16,6 +16,17 @@ tavrin::Application* program() { return answeringMac() ? &answeringMac()->applic
 
 extern "C" pid_t tavrinProcess(void) { return program() ? program()->processIdentifier() : getpid(); }
 
+@interface TavrinKeyWindow : NSObject
+@end
+
+@implementation TavrinKeyWindow
+
+- (NSInteger)level {
+    return NSNormalWindowLevel;
+}
+
+@end
+
 @interface TavrinApplication : NSApplication
 @end
 
@@ -41,9 +52,9 @@ extern "C" pid_t tavrinProcess(void) { return program() ? program()->processIden
     return program() ? program()->isActive() : [super isActive];
 }
 
-// Only asked for whether there is one.
+// Only asked for whether there is one, and at which level.
 - (NSWindow*)keyWindow {
-    static id stand = [[NSObject alloc] init];
+    static id stand = [[TavrinKeyWindow alloc] init];
     if (program()) return program()->takesKeys() ? stand : nil;
     return [super keyWindow];
 }
