@@ -19,9 +19,10 @@ std::vector<Check> allChecks(const Surroundings& surroundings) {
         append(all, family());
     append(all, defaultsChecks(surroundings));
     append(all, eventsChecks());
+    append(all, eventMonitorsChecks());
     append(all, hotKeysChecks(surroundings));
-    for (auto* family : {visibilityChecks, keyboardChecks, loginItemChecks, statusItemsChecks,
-                         itemOrderChecks, itemAccessChecks, presentationChecks, guidedChecks})
+    for (auto* family : {keyboardChecks, loginItemChecks, statusItemsChecks, itemOrderChecks,
+                         itemAccessChecks, visibilityServiceChecks, presentationChecks, guidedChecks})
         append(all, family());
     return all;
 }

@@ -17,13 +17,14 @@ std::vector<Check> windowServerChecks();
 std::vector<Check> accessibilityChecks();
 std::vector<Check> defaultsChecks(const Surroundings&);
 std::vector<Check> eventsChecks();
+std::vector<Check> eventMonitorsChecks();
 std::vector<Check> hotKeysChecks(const Surroundings&);
 std::vector<Check> keyboardChecks();
-std::vector<Check> visibilityChecks();
 std::vector<Check> loginItemChecks();
 std::vector<Check> statusItemsChecks();
 std::vector<Check> itemOrderChecks();
 std::vector<Check> itemAccessChecks();
+std::vector<Check> visibilityServiceChecks();
 std::vector<Check> presentationChecks();
 std::vector<Check> guidedChecks();
 

@@ -1,8 +1,5 @@
 #include "seam/lies_about_input.h"
 
-#include "platform/event_monitors.h"
-#include "platform/visibility_service.h"
-
 namespace mac_model {
 namespace {
 
@@ -128,46 +125,10 @@ struct OtherKeys : Keyboard {
     mutable int asked = 0;
 };
 
-struct SeesAnotherPointer : EventMonitors {
-    explicit SeesAnotherPointer(EventMonitors& real) : truth(real) {}
-
-    Subscription watch(EventMask events, std::function<void(const WatchedEvent&)> handler) override {
-        return truth.watch(events, std::move(handler));
-    }
-
-    Point pointerLocation() const override {
-        const auto point = truth.pointerLocation();
-        return {point.x, screenHeight - point.y - 40};
-    }
-
-    EventMonitors& truth;
-};
-
-struct ListsWithoutService : tavrin::VisibilityService {
-    explicit ListsWithoutService(tavrin::VisibilityService&) {}
-
-    struct NoAssertion final : VisibilityAssertion {
-        void activate(Answer) override {}
-
-        void invalidate() override {}
-    };
-
-    bool isAvailable() override { return false; }
-
-    std::unique_ptr<VisibilityAssertion> make(std::span<const int>, std::span<const std::string>) override {
-        return std::make_unique<NoAssertion>();
-    }
-};
-
 } // namespace
 
 std::vector<PlantedLie> liesAboutInput() {
     return {
-        lie<SeesAnotherPointer>("seesAnotherPointer", "event monitors",
-                                {"The pointer is where events say, too."}),
-        lie<ListsWithoutService>("listsWithoutService", "visibility service",
-                                 {"Lists of what may show are made exactly where the service is there."},
-                                 "macos-27"),
         lie<PostsToAll>("postsToAll", "events",
                         {"An event source keeps the settings it was made with.",
                          "A prepared event holds what it was made of.", "Counts of events never fall.",

@@ -3,6 +3,7 @@
 #include "platform/accessibility.h"
 #include "platform/application.h"
 #include "platform/defaults.h"
+#include "platform/event_monitors.h"
 #include "platform/events.h"
 #include "platform/hot_keys.h"
 #include "platform/keyboard.h"
@@ -12,6 +13,7 @@
 #include "platform/screens.h"
 #include "platform/status_items.h"
 #include "platform/text.h"
+#include "platform/visibility_service.h"
 #include "platform/window_server.h"
 #include "platform/workspace.h"
 
@@ -348,6 +350,48 @@ class PassedOnStatusItem : public StatusItem {
     bool isDrawn() const override { return truth->isDrawn(); }
 
     std::unique_ptr<StatusItem> truth;
+};
+
+class PassedOnVisibilityAssertion : public VisibilityAssertion {
+  public:
+    explicit PassedOnVisibilityAssertion(std::unique_ptr<VisibilityAssertion> real)
+        : truth(std::move(real)) {}
+
+    void activate(Answer answer) override { truth->activate(std::move(answer)); }
+
+    void invalidate() override { truth->invalidate(); }
+
+    std::unique_ptr<VisibilityAssertion> truth;
+};
+
+/// Its lists are falsified by `Falsified`, which is derived from the one above.
+template <class Falsified>
+class PassedOnVisibilityService : public VisibilityService {
+  public:
+    explicit PassedOnVisibilityService(VisibilityService& real) : truth(real) {}
+
+    bool isAvailable() override { return truth.isAvailable(); }
+
+    std::unique_ptr<VisibilityAssertion> make(std::span<const int> systemItems,
+                                              std::span<const std::string> bundleIdentifiers) override {
+        auto made = truth.make(systemItems, bundleIdentifiers);
+        return made ? std::make_unique<Falsified>(std::move(made)) : nullptr;
+    }
+
+    VisibilityService& truth;
+};
+
+class PassedOnEventMonitors : public EventMonitors {
+  public:
+    explicit PassedOnEventMonitors(EventMonitors& real) : truth(real) {}
+
+    Subscription watch(EventMask events, std::function<void(const WatchedEvent&)> handler) override {
+        return truth.watch(events, std::move(handler));
+    }
+
+    Point pointerLocation() const override { return truth.pointerLocation(); }
+
+    EventMonitors& truth;
 };
 
 /// The platform with the families that the lie implements replaced.

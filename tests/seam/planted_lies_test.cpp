@@ -3,6 +3,7 @@
 #include "seam/lies_about_status_items.h"
 #include "seam/lies_about_stored_things.h"
 #include "seam/lies_about_time.h"
+#include "seam/lies_about_watching.h"
 #include "seam/lies_about_windows.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ using tavrin::seam_check::Outcome;
 std::vector<PlantedLie> allLies() {
     std::vector<PlantedLie> all;
     for (auto* some : {liesAboutTime, liesAboutStoredThings, liesAboutApplications, liesAboutInput,
-                       liesAboutStatusItems, liesAboutWindows}) {
+                       liesAboutStatusItems, liesAboutWatching, liesAboutWindows}) {
         auto lies = some();
         all.insert(all.end(), std::make_move_iterator(lies.begin()), std::make_move_iterator(lies.end()));
     }
