@@ -33,7 +33,7 @@ std::vector<TourStep> onboarding(const std::string& bundle) {
          {press("Deny"), press("Tavrin"), wait(1)},
          {text("Accessibility is on. Tavrin is starting in your menu bar.")}},
         {"The person closes System Settings. Tavrin has tucked all items away that can be, and says where.",
-         {key("w", {"command"}), wait(4)},
+         {key("w", {"command"}), wait(8)},
          {noWindow(onboardingTitle),
           noWindow("Accessibility"),
           collapsed(bundle),

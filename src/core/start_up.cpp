@@ -26,7 +26,7 @@ StartUp::StartUp(const Platform& platform, AccessibilityPermission& permission, 
     , permissionObservation_(permission.onChanged([this](const bool& isTrusted) {
         if (isTrusted) refreshItems();
     }))
-    , sightObservation_(core.statusItems.onSightChanged([this] { applyFirstRunDefaultIfReady(); }))
+    , sightObservation_(core.statusItems.onSightChanged([this] { noteSight(); }))
     , scanObservation_(core.inventory.onScanCompleted([this](const ScanResult& scan) { noteScan(scan); })) {}
 
 void StartUp::begin() { startUpTask_ = start(platform_.scheduler, perform()); }
@@ -91,6 +91,14 @@ void StartUp::applyFirstRunDefaultIfReady() {
     if (hasUserConfigured()) return;
     hideWhatCanBeHidden();
     firstRunTask_ = start(platform_.scheduler, applyFirstRunDefault());
+}
+
+/// What is owed to a user who couldn't see the control. On macOS 27 that is so for a moment after each hide,
+/// until the bar has closed ranks.
+void StartUp::noteSight() {
+    applyFirstRunDefaultIfReady();
+    const bool isSeen = core_.statusItems.controlSight() == ControlSight::drawn;
+    if (isSeen && core_.activity.isCollapsed.get()) hint_.showIfPending();
 }
 
 bool StartUp::hasUserConfigured() const {

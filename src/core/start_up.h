@@ -37,6 +37,7 @@ class StartUp {
     Task<> refreshAndFinishFirstRun();
     Task<> restoreCollapsedState();
     void applyFirstRunDefaultIfReady();
+    void noteSight();
     bool hasUserConfigured() const;
     void noteScan(const ScanResult& scan);
     Task<> refreshLater();

@@ -33,6 +33,25 @@ export const scenarios = {
         assert.match(await mac.control.innerHTML(), /chevrons-right/);
     },
 
+    async "macOS 27: a list hides, the clock stays free, and a click reveals"({ mac }) {
+        await mac.panel.getByRole("button", { name: "macOS 27", exact: true }).click();
+        await mac.panel.getByRole("button", { name: "macOS 27", exact: true, pressed: true }).waitFor();
+        await mac.grantAccess();
+        await mac.room.locator(".popover.key").waitFor();
+        await mac.page.keyboard.press("Escape");
+        await mac.item("Spotlight").waitFor({ state: "detached" });
+        await mac.handIsStill();
+        const hidden = await mac.itemNames();
+        await mac.room.getByRole("button", { name: "Clock", exact: true }).click();
+        await until("Notification Center is open", async () => (await mac.server.command({ do: "look" })).surfaces
+            .some(({ owner }) => owner === "com.apple.notificationcenterui"));
+        await mac.server.command({ do: "set", notificationCenter: false });
+        await mac.page.mouse.move(600, 600);
+        await until("the items are hidden again", async () => (await mac.itemNames()).join() === hidden.join());
+        await mac.control.click();
+        await mac.item("Spotlight").waitFor();
+    },
+
     async "control menu: opens on a right click, tracks pointer and keys, closes on Escape"({ mac }) {
         await mac.hidden();
         await mac.control.click({ button: "right" });

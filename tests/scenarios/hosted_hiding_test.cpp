@@ -43,6 +43,15 @@ TEST(HostedHiding, takesTheChosenItemsAwayAndBringsThemBack) {
         }
 }
 
+TEST(HostedHiding, tellsANewUserAboutItWhenTheBarHasClosedRanks) {
+    TavrinMac mac({.changes = {{"macOS", {{"major", 27}}},
+                               {"visibilityService", "accepts"},
+                               {"accessibilityTrusted", true}}});
+    mac.wait(10);
+    EXPECT_TRUE(isCollapsed(mac));
+    EXPECT_TRUE(mac.shows("Your menu bar items are tucked away here. Click to choose which ones show."));
+}
+
 TEST(HostedHiding, isUndoneByNoDragOfItsOwn) {
     for (const auto* drags : {"click", "work"}) {
         auto mac = started(hostedMac("hostedDrags", drags), 6);
