@@ -51,14 +51,13 @@ void MacPresentation::popUp(Menu menu, StatusItem& item, Rect area) {
     assertMainThread();
     NSStatusBarButton* button = buttonOf(item);
     NSMenu* shown = makeMenu(menu, menuGate_.deliver());
-    NSTimer* timer = [NSTimer timerWithTimeInterval:0
-                                            repeats:NO
-                                              block:^(NSTimer*) {
-                                                  track(shown, button, area);
-                                              }];
+    NSTimer* timer = [NSTimer scheduledTimerWithTimeInterval:0
+                                                     repeats:NO
+                                                       block:^(NSTimer*) {
+                                                           track(shown, button, area);
+                                                       }];
     // Also while an alert is open, and not while another menu is.
-    for (NSRunLoopMode mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode ])
-        [NSRunLoop.mainRunLoop addTimer:timer forMode:mode];
+    [NSRunLoop.mainRunLoop addTimer:timer forMode:NSModalPanelRunLoopMode];
 }
 
 } // namespace tavrin::macos

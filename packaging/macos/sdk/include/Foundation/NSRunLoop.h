@@ -7,8 +7,6 @@ typedef NSString *NSRunLoopMode NS_TYPED_EXTENSIBLE_ENUM;
 
 @class NSTimer;
 
-FOUNDATION_EXPORT const NSRunLoopMode NSDefaultRunLoopMode;
-
 @interface NSRunLoop : NSObject
 @property (class, readonly, strong) NSRunLoop *mainRunLoop;
 @property (readonly, copy) NSRunLoopMode currentMode;
