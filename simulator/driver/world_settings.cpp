@@ -262,6 +262,22 @@ Change unseen(World world, const json& value, const std::string& pointer, FirstF
     };
 }
 
+/// The lid is closed and opened again: for the programs no time passes, and then much has.
+Change sleep(World world, const json& value, const std::string& pointer, FirstFault& faults) {
+    constexpr double sleepMax = 86'400;
+    const bool isTime = value.is_number() && value >= 0 && value <= sleepMax;
+    if (!isTime) faults.note(pointer, "must be a number of seconds from 0 to 86400");
+    return [world, seconds = Seconds{isTime ? value.get<double>() : 0}] {
+        auto& screens = world.mac.screens();
+        const auto awake = screens.unseen();
+        auto asleep = awake;
+        asleep.isDisplayAsleep = true;
+        screens.setUnseen(asleep);
+        world.mac.scheduler().passAsleep(seconds);
+        screens.setUnseen(awake);
+    };
+}
+
 template <Seconds Faults::* Time>
 Change time(World world, const json& value, const std::string& pointer, FirstFault& faults) {
     const bool isTime = value.is_number() && value >= 0 && value <= secondsMax;
@@ -364,6 +380,7 @@ constexpr std::array settings{
     WorldSetting{"menuBarHidden", unseen<&Unseen::isMenuBarHidden>},
     WorldSetting{"screenLocked", unseen<&Unseen::isScreenLocked>},
     WorldSetting{"displayAsleep", unseen<&Unseen::isDisplayAsleep>},
+    WorldSetting{"sleep", sleep},
     WorldSetting{"latency", latency},
     WorldSetting{"hang", hang},
     WorldSetting{"resume", resume},

@@ -48,6 +48,9 @@ class VirtualScheduler final : public Scheduler {
     /// Runs all that falls due within `duration` and leaves the time there.
     void advance(Seconds duration);
 
+    /// Lets time go on while nothing runs, as for a computer that sleeps. What fell due meanwhile runs next.
+    void passAsleep(Seconds duration) { now_ += duration; }
+
     /// Runs until nothing is left to do but repeating timers, or until `limit` has passed; says whether it
     /// settled.
     bool settle(Seconds limit);
