@@ -75,8 +75,8 @@ Task<std::optional<ApplyOutcome>> ConfigurationApplier::performUntilStopped(Pres
 /// of the fresh scan.
 bool ConfigurationApplier::isObstructed() {
     if (!uses_.placer.hasWork()) return false;
-    auto obstacle = uses_.mechanism.obstacleToPlacing();
-    if (obstacle) uses_.failure.tell(*std::move(obstacle));
+    const auto obstacle = uses_.mechanism.obstacleToPlacing();
+    if (obstacle) uses_.failure.tell(*obstacle);
     return obstacle.has_value();
 }
 
